@@ -1,0 +1,24 @@
+// Everything that the product's logic knows of the computer, as one bundle of references handed to constructors.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/database.h"
+#include "platform/file_system.h"
+#include "platform/registry.h"
+#include "platform/shell.h"
+#include "platform/user_interface.h"
+#include "runtime/locale.h"
+
+namespace zorkanca {
+
+/// The parts outlive every object that was given the bundle.
+struct Platform {
+  FileSystem& files;
+  Registry& registry;
+  UserInterface& userInterface;
+  Shell& shell;
+  Clock& clock;
+  const Locale& locale;
+};
+
+}  // namespace zorkanca

@@ -1,0 +1,17 @@
+// The dictionary order of texts, for lists that people read.
+#pragma once
+
+#include "runtime/text.h"
+
+namespace zorkanca {
+
+/// Czech text comparison: case ignored, accents decide only between otherwise equal texts, č ř š ž are letters of their
+/// own and "ch" follows "h".
+/// @return -1, 0 or 1
+int CompareTexts(TextView left, TextView right);
+
+/// Comparison by UTF-16 unit.
+/// @return -1, 0 or 1
+int CompareBinary(TextView left, TextView right);
+
+}  // namespace zorkanca

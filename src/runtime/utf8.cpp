@@ -1,0 +1,133 @@
+#include "runtime/utf8.h"
+
+#include <cstdint>
+
+namespace zorkanca {
+
+namespace {
+
+constexpr char16_t kEscapeBase = 0xDC00;  // invalid byte B travels as the lone low surrogate U+DC00 + B
+
+constexpr bool IsHighSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xD800;
+}
+constexpr bool IsLowSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xDC00;
+}
+
+struct Sequence {
+  std::size_t length = 0;  // 0: the first byte starts no valid sequence
+  char32_t character = 0;
+};
+
+Sequence ReadSequence(std::string_view bytes) {
+  const auto byte = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
+  const std::uint8_t lead = byte(0);
+  std::size_t length = 0;
+  char32_t character = 0;
+  char32_t smallest = 0;  // anything below is an overlong form
+  if (lead < 0x80) {
+    return {1, lead};
+  } else if ((lead & 0xE0) == 0xC0) {
+    length = 2, character = lead & 0x1Fu, smallest = 0x80;
+  } else if ((lead & 0xF0) == 0xE0) {
+    length = 3, character = lead & 0x0Fu, smallest = 0x800;
+  } else if ((lead & 0xF8) == 0xF0) {
+    length = 4, character = lead & 0x07u, smallest = 0x10000;
+  } else {
+    return {};
+  }
+  if (bytes.size() < length) return {};
+  for (std::size_t index = 1; index < length; ++index) {
+    if ((byte(index) & 0xC0) != 0x80) return {};
+    character = character << 6 | (byte(index) & 0x3Fu);
+  }
+  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+  if (character < smallest || character > 0x10FFFF || surrogate) return {};
+  return {length, character};
+}
+
+void AppendUtf16(Text& text, char32_t character) {
+  if (character < 0x10000) {
+    text.push_back(static_cast<char16_t>(character));
+  } else {
+    character -= 0x10000;
+    text.push_back(static_cast<char16_t>(0xD800 + (character >> 10)));
+    text.push_back(static_cast<char16_t>(0xDC00 + (character & 0x3FF)));
+  }
+}
+
+void AppendCharacter(std::string& bytes, char32_t character) {
+  const auto put = [&](char32_t value) { bytes.push_back(static_cast<char>(value)); };
+  if (character < 0x80) {
+    put(character);
+  } else if (character < 0x800) {
+    put(0xC0 | character >> 6);
+    put(0x80 | (character & 0x3F));
+  } else if (character < 0x10000) {
+    put(0xE0 | character >> 12);
+    put(0x80 | (character >> 6 & 0x3F));
+    put(0x80 | (character & 0x3F));
+  } else {
+    put(0xF0 | character >> 18);
+    put(0x80 | (character >> 12 & 0x3F));
+    put(0x80 | (character >> 6 & 0x3F));
+    put(0x80 | (character & 0x3F));
+  }
+}
+
+}  // namespace
+
+bool AppendUtf8(Text& text, std::string_view bytes) {
+  bool valid = true;
+  text.reserve(text.size() + bytes.size());
+  for (std::size_t position = 0; position < bytes.size();) {
+    const auto lead = static_cast<std::uint8_t>(bytes[position]);
+    if (lead < 0x80) {
+      text.push_back(lead);
+      ++position;
+      continue;
+    }
+    const Sequence sequence = ReadSequence(bytes.substr(position));
+    if (sequence.length == 0) {
+      text.push_back(static_cast<char16_t>(kEscapeBase + lead));
+      valid = false;
+      ++position;
+    } else {
+      AppendUtf16(text, sequence.character);
+      position += sequence.length;
+    }
+  }
+  return valid;
+}
+
+Text FromUtf8(std::string_view bytes) {
+  Text text;
+  AppendUtf8(text, bytes);
+  return text;
+}
+
+void AppendAsUtf8(std::string& bytes, TextView text) {
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const char16_t unit = text[index];
+    if (IsHighSurrogate(unit) && index + 1 < text.size() && IsLowSurrogate(text[index + 1])) {
+      const char32_t high = unit - 0xD800u;
+      const char32_t low = text[++index] - 0xDC00u;
+      AppendCharacter(bytes, 0x10000 + (high << 10 | low));
+    } else if (unit >= kEscapeBase + 0x80 && unit <= kEscapeBase + 0xFF) {
+      bytes.push_back(static_cast<char>(unit - kEscapeBase));
+    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+      AppendCharacter(bytes, 0xFFFD);
+    } else {
+      AppendCharacter(bytes, unit);
+    }
+  }
+}
+
+std::string ToUtf8(TextView text) {
+  std::string bytes;
+  AppendAsUtf8(bytes, text);
+  return bytes;
+}
+
+}  // namespace zorkanca
