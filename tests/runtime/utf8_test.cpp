@@ -16,7 +16,8 @@ TEST(Utf8, ValidTextGoesThereAndBack) {
 
 TEST(Utf8, InvalidBytesAreReportedAndSurvive) {
   // A stray continuation byte, a cut sequence, overlong forms, a surrogate, a value above the last character.
-  for (const std::string bytes : {"a\x80z", "\xC4", "\xE2\x82", "\xC0\x80", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF"}) {
+  for (const std::string bytes :
+       {"a\x80z", "\xC4", "\xE2\x82", "\xC0\x80", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF"}) {
     Text units;
     EXPECT_FALSE(AppendUtf8(units, bytes));
     EXPECT_EQ(ToUtf8(units), bytes);

@@ -18,16 +18,23 @@ std::string Unescaped(const std::string& cell) {
       continue;
     }
     switch (const char code = cell[++index]) {
-      case 't': result.push_back('\t'); break;
-      case 'n': result.push_back('\n'); break;
-      case 'r': result.push_back('\r'); break;
+      case 't':
+        result.push_back('\t');
+        break;
+      case 'n':
+        result.push_back('\n');
+        break;
+      case 'r':
+        result.push_back('\r');
+        break;
       case 'u': {
         const auto unit = static_cast<char16_t>(std::stoul(cell.substr(index + 1, 4), nullptr, 16));
         AppendAsUtf8(result, TextView(&unit, 1));
         index += 4;
         break;
       }
-      default: result.push_back(code);
+      default:
+        result.push_back(code);
     }
   }
   return result;
