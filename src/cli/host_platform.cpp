@@ -33,7 +33,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
     : locale_(LocaleOf(options.locale, clock_)),
       files_(*locale_.codePage),
       registry_(HomeFolder(options)),
-      userInterface_(options.yes   ? QuestionAnswer::kYes
+      userInterface_(options.yes  ? QuestionAnswer::kYes
                      : options.no ? QuestionAnswer::kNo
                                   : QuestionAnswer::kAsk),
       platform_{.files = files_,
@@ -49,6 +49,8 @@ std::string HomeFolder(const GlobalOptions& options) {
   return (data.empty() ? Environment("HOME") + "/.local/share" : data) + "/zorkanca";
 }
 
-bool HasDisplay() { return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty(); }
+bool HasDisplay() {
+  return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty();
+}
 
 }  // namespace zorkanca::cli

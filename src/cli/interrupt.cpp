@@ -9,7 +9,9 @@ namespace {
 std::atomic<bool> interruptedFlag = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "the flag is set inside a signal handler");
 
-void OnInterrupt(int) { interruptedFlag = true; }
+void OnInterrupt(int) {
+  interruptedFlag = true;
+}
 
 }  // namespace
 

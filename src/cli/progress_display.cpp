@@ -41,7 +41,9 @@ ProgressDisplay::ProgressDisplay(bool eventLines, bool bar, const std::atomic<bo
   colours_ = !noColour || !*noColour;
 }
 
-ProgressDisplay::~ProgressDisplay() { Erase(); }
+ProgressDisplay::~ProgressDisplay() {
+  Erase();
+}
 
 void ProgressDisplay::ExportState(ExportStateValue state, TextView DefaultMessage) {
   const std::string message = ToUtf8(DefaultMessage);

@@ -1,6 +1,7 @@
 #include "export/office_settings.h"
 
 #include "foundation/ignore_errors.h"
+#include "foundation/registry_access.h"
 #include "runtime/convert.h"
 
 namespace zorkanca {
@@ -13,12 +14,9 @@ constexpr TextView kSettingsKey = u"SOFTWARE\\QRD\\Zorix\\Instalace\\ZorKancA";
 
 OfficeSettings ReadOfficeSettings(Registry& registry) {
   OfficeSettings settings;
+  const RegistryAccess access(registry);
   const auto read = [&](TextView name, bool& setting) {
-    IgnoreErrors([&] {
-      const auto value = registry.Read(RegistryHive::kLocalMachine, kSettingsKey, name);
-      const Text* text = value ? std::get_if<Text>(&*value) : nullptr;
-      setting = text && Val(*text) != 0;
-    });
+    IgnoreErrors([&] { setting = Val(access.ReadValue(RegistryHive::kLocalMachine, kSettingsKey, name, u"0")) != 0; });
   };
   read(u"ExcelVisibleWithinDataProcess", settings.ExcelVisibleWithinDataProcess);
   read(u"WordVisibleWithinDataProcess", settings.WordVisibleWithinDataProcess);

@@ -30,7 +30,8 @@ TEST(ColumnNames, CaptionsFollowTheSelectList) {
       {u"select a, , b from t", u"a;;b"},
       {u"select from t", u""},
   };
-  for (const auto& row : kCases) EXPECT_EQ(ColumnCaptionsFromSelect(row.select, u";"), row.captions) << Shown(row.select);
+  for (const auto& row : kCases)
+    EXPECT_EQ(ColumnCaptionsFromSelect(row.select, u";"), row.captions) << Shown(row.select);
   EXPECT_EQ(ColumnCaptionsFromSelect(u"select a, b from t", u" | "), u"a | b");
   EXPECT_EQ(ErrorOf([] { ColumnCaptionsFromSelect(u"select 1", u";"); }).number(), 5);
   EXPECT_EQ(ErrorOf([] { ColumnCaptionsFromSelect(u"", u";"); }).number(), 5);

@@ -68,9 +68,14 @@ class HtmlExportTest : public ::testing::Test {
 
 TEST_F(HtmlExportTest, WholeFileAndJournal) {
   database.columns = {{u"Kód", FieldType::kLong}, {u"Název", FieldType::kText, 20}, {u"Pozn", FieldType::kMemo}};
-  database.rows = {{std::int32_t{1}, Text(u"Žluťoučký kůň \x4E2D"), Null()}, {std::int32_t{-20}, Text(u"<b>a</b>"), Text(u"x\r\ny")}};
+  database.rows = {{std::int32_t{1}, Text(u"Žluťoučký kůň \x4E2D"), Null()},
+                   {std::int32_t{-20}, Text(u"<b>a</b>"), Text(u"x\r\ny")}};
   office.BlankRecordsBefore(1);
-  arguments = {.ri_rsOptions = 4, .rsTitle = u"Sklad & <zboží>", .riTblBorder = 2, .riTblCellPadding = 0, .riTblCellSpacing = -1};
+  arguments = {.ri_rsOptions = 4,
+               .rsTitle = u"Sklad & <zboží>",
+               .riTblBorder = 2,
+               .riTblCellPadding = 0,
+               .riTblCellSpacing = -1};
   ASSERT_TRUE(Run());
 
   EXPECT_EQ(arguments.rsSourceFile, u"C:\\Temp\\Zorix\\rad00001.htm");
@@ -82,7 +87,8 @@ TEST_F(HtmlExportTest, WholeFileAndJournal) {
             "<BODY>\r\n"
             "<TABLE border=2 cellPadding=0 cellSpacing=-1>\r\n"
             "    <TR>\r\n"
-            "        <TD align=\"center\"><B><FONT size=+1>&nbsp;K\xF3" "d&nbsp;</FONT></B></TD>\r\n"
+            "        <TD align=\"center\"><B><FONT size=+1>&nbsp;K\xF3"
+            "d&nbsp;</FONT></B></TD>\r\n"
             "        <TD align=\"center\"><B><FONT size=+1>&nbsp;N\xE1zev&nbsp;</FONT></B></TD>\r\n"
             "        <TD align=\"center\"><B><FONT size=+1>&nbsp;Pozn&nbsp;</FONT></B></TD>\r\n"
             "    </TR>\r\n"
@@ -115,15 +121,18 @@ TEST_F(HtmlExportTest, WholeFileAndJournal) {
 
 TEST_F(HtmlExportTest, EachTypeHasItsTextAndSide) {
   using Lines = std::vector<std::string>;
-  EXPECT_EQ(Cells(FieldType::kBoolean, {true, false, Null()}), (Lines{"left\">Pravda", "left\">Nepravda", "left\">&nbsp;"}));
+  EXPECT_EQ(Cells(FieldType::kBoolean, {true, false, Null()}),
+            (Lines{"left\">Pravda", "left\">Nepravda", "left\">&nbsp;"}));
   EXPECT_EQ(Cells(FieldType::kBigInteger, {std::int64_t{9007199254740993}, Null()}),
             (Lines{"right\">9007199254740993", "right\">&nbsp;"}));
   EXPECT_EQ(Cells(FieldType::kCurrency, {Currency{12345000}, Currency{0}, Null()}),
             (Lines{"right\">1\u00A0234,50", "right\">0,00", "right\">&nbsp;"}));
-  EXPECT_EQ(Cells(FieldType::kDouble, {-1234567.1234567, Text(u"bez")}), (Lines{"right\">-1\u00A0234\u00A0567,123457", "right\">bez"}));
+  EXPECT_EQ(Cells(FieldType::kDouble, {-1234567.1234567, Text(u"bez")}),
+            (Lines{"right\">-1\u00A0234\u00A0567,123457", "right\">bez"}));
   EXPECT_EQ(Cells(FieldType::kDouble, {12345678.0, 0.0}, u"ico"), (Lines{"right\">12345678", "right\">"}));
   EXPECT_EQ(Cells(FieldType::kDouble, {12345678.0}, u"ICO"), (Lines{"right\">12\u00A0345\u00A0678,00"}));
-  EXPECT_EQ(Cells(FieldType::kDate, {Date{46342}, Date{46342.5}}), (Lines{"right\">16.11.2026", "right\">16.11.2026 12:00:00"}));
+  EXPECT_EQ(Cells(FieldType::kDate, {Date{46342}, Date{46342.5}}),
+            (Lines{"right\">16.11.2026", "right\">16.11.2026 12:00:00"}));
   EXPECT_EQ(Cells(FieldType::kText, {Text(u"a "), Text(u"  12"), Text(u"   "), Text(u""), Null()}),
             (Lines{"left\">a ", "right\">  12", "left\">&nbsp;", "left\">&nbsp;", "left\">&nbsp;"}));
   EXPECT_EQ(Cells(FieldType::kGuid, {Text(u" {1}")}), (Lines{"left\"> {1}"}));
@@ -166,13 +175,17 @@ TEST_F(HtmlExportTest, OutputPath) {
 
 TEST_F(HtmlExportTest, MultiplierCopiesRecords) {
   database.columns = {{u"pocet", FieldType::kLong}, {u"x", FieldType::kText}};
-  database.rows = {{std::int32_t{2}, Text(u"a")}, {std::int32_t{0}, Text(u"b")}, {std::int32_t{-1}, Text(u"c")}, {std::int32_t{1}, Text(u"d")}};
+  database.rows = {{std::int32_t{2}, Text(u"a")},
+                   {std::int32_t{0}, Text(u"b")},
+                   {std::int32_t{-1}, Text(u"c")},
+                   {std::int32_t{1}, Text(u"d")}};
   office.Multiplier(u"pocet");
   ASSERT_TRUE(Run());
   const Text written = Written();
-  EXPECT_NE(written.find(u"\">1</TD>\r\n        <TD align=\"left\">a</TD>\r\n    </TR>\r\n    <TR>\r\n"
-                         u"        <TD align=\"right\">1</TD>\r\n        <TD align=\"left\">a</TD>\r\n    </TR>\r\n    <TR>\r\n"
-                         u"        <TD align=\"right\">1</TD>\r\n        <TD align=\"left\">d<"),
+  EXPECT_NE(written.find(
+                u"\">1</TD>\r\n        <TD align=\"left\">a</TD>\r\n    </TR>\r\n    <TR>\r\n"
+                u"        <TD align=\"right\">1</TD>\r\n        <TD align=\"left\">a</TD>\r\n    </TR>\r\n    <TR>\r\n"
+                u"        <TD align=\"right\">1</TD>\r\n        <TD align=\"left\">d<"),
             Text::npos)
       << Shown(written);
 
@@ -184,7 +197,9 @@ TEST_F(HtmlExportTest, MultiplierCopiesRecords) {
   computer.journal.clear();
   office.Multiplier(u"chybi");
   EXPECT_FALSE(Run());
-  EXPECT_THAT(computer.journal, ::testing::Contains(kFailureTitle + std::string("Neočekávaná chyba: \r\n3265 - Item not found in this collection..")));
+  EXPECT_THAT(computer.journal,
+              ::testing::Contains(kFailureTitle +
+                                  std::string("Neočekávaná chyba: \r\n3265 - Item not found in this collection..")));
   EXPECT_EQ(office.Multiplier(), u"chybi");
 }
 
@@ -239,7 +254,8 @@ TEST_F(HtmlExportTest, AFailureOfAnyFileCallCleansUp) {
     const bool done = Run();
     computer.files.FailAtCall(0);
     if (done) break;
-    EXPECT_THAT(computer.journal, ::testing::Contains(kFailureTitle + std::string("Neočekávaná chyba: \r\n70 - Permission denied.")));
+    EXPECT_THAT(computer.journal,
+                ::testing::Contains(kFailureTitle + std::string("Neočekávaná chyba: \r\n70 - Permission denied.")));
     EXPECT_EQ(computer.files.Paths(), std::vector<Text>{});
     EXPECT_EQ(database.openRecordsets, 0);
   }

@@ -36,8 +36,8 @@ TEST(ZorOffice, SettingsAreLeadingNumbersOfTexts) {
   const struct {
     RegistryValue value;
     bool setting;
-  } kCases[] = {{Text(u"1"), true},  {Text(u"2"), true},    {Text(u" -1x"), true},     {Text(u"0"), false},
-                {Text(u""), false},  {Text(u"ano"), false}, {Text(u"0,5"), false},     {std::int32_t{1}, false}};
+  } kCases[] = {{Text(u"1"), true}, {Text(u"2"), true},    {Text(u" -1x"), true}, {Text(u"0"), false},
+                {Text(u""), false}, {Text(u"ano"), false}, {Text(u"0,5"), false}, {std::int32_t{1}, true}};
   for (const auto& row : kCases) {
     MemoryPlatform computer;
     computer.registry.Write(RegistryHive::kLocalMachine, u"SOFTWARE\\QRD\\Zorix\\Instalace\\ZorKancA",

@@ -72,7 +72,9 @@ class MemoryRecordset final : public Recordset {
   bool open_ = true;
 };
 
-const zorkanca::Value& MemoryField::Value() { return recordset_.At(index_); }
+const zorkanca::Value& MemoryField::Value() {
+  return recordset_.At(index_);
+}
 
 }  // namespace
 

@@ -117,7 +117,9 @@ std::vector<FileEntry> MemoryFileSystem::Files(TextView folder) {
   return entries;
 }
 
-Text MemoryFileSystem::GetTempName() { return u"rad0000" + DecimalText(++temporaryNames_) + u".tmp"; }
+Text MemoryFileSystem::GetTempName() {
+  return u"rad0000" + DecimalText(++temporaryNames_) + u".tmp";
+}
 
 Text MemoryFileSystem::GetAbsolutePathName(TextView path) {
   return GetParentFolderName(path).empty() ? u"C:\\" + Text(path) : Text(path);

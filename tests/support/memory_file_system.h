@@ -52,7 +52,7 @@ class MemoryFileSystem final : public FileSystem {
   void MayFail();
 
   const CodePage& codePage_;
-  std::map<Text, StoredFile> files_;   // by lower-cased path
+  std::map<Text, StoredFile> files_;  // by lower-cased path
   std::map<Text, bool> folders_;
   int temporaryNames_ = 0;
   int callsUntilFailure_ = 0;

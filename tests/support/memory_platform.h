@@ -21,8 +21,8 @@ class JournalUserInterface final : public UserInterface {
   MessageAnswer answer = MessageAnswer::kOk;
 
   MessageAnswer Show(const Message& message) override {
-    journal_.push_back("message " + std::to_string(static_cast<int>(message.icon)) + " [" + ToUtf8(message.title) + "] " +
-                       ToUtf8(message.text));
+    journal_.push_back("message " + std::to_string(static_cast<int>(message.icon)) + " [" + ToUtf8(message.title) +
+                       "] " + ToUtf8(message.text));
     return answer;
   }
   void SetMousePointer(MousePointer pointer) override {
