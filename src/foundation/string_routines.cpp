@@ -1,6 +1,5 @@
 #include "foundation/string_routines.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <variant>
 
@@ -43,8 +42,9 @@ Text StringRoutines::RemoveBracketedText(TextView text) {
 }
 
 Text StringRoutines::FormatName(TextView singleWordName) {
-  return UpperCase(singleWordName.substr(0, 1))
-      .append(LowerCase(singleWordName.substr(IsEmpty(singleWordName) ? 0 : 1)));
+  Text name = LowerCase(singleWordName);
+  if (!name.empty()) name.front() = UpperCase(singleWordName.front());
+  return name;
 }
 
 Text StringRoutines::FormatNameValue(TextView name, const Value& value, const Locale& locale) {
@@ -84,10 +84,6 @@ Text StringRoutines::StrDup(std::int32_t number, TextView text) {
   constexpr TextView kName = u"StringRoutines.StrDup";
   if (number < 0) ArgumentError().RaiseArgumentError(u"number", DecimalText(number), u"Nezáporné číslo", kName);
   return Guarded(kName, ArgumentDetails({{u"number", number}, {u"text", text}}), [&] {
-    // A length beyond all memory is refused here, before the first copy.
-    if (text.size() > Text().max_size() / std::max<std::size_t>(1, static_cast<std::size_t>(number))) {
-      Raise(RuntimeError::kOutOfMemory);
-    }
     Text repeated;
     repeated.reserve(text.size() * static_cast<std::size_t>(number));
     for (std::int32_t count = 0; count < number; ++count) repeated.append(text);
