@@ -160,7 +160,7 @@ std::int64_t SqliteRecordset::CountRows() {
 }
 
 std::int32_t SqliteRecordset::RecordCount() const {
-  const std::int64_t count = std::max(count_, reached_);
+  const std::int64_t count = count_ >= 0 ? count_ : reached_;
   if (count > std::numeric_limits<std::int32_t>::max()) Raise(RuntimeError::kOverflow);
   return static_cast<std::int32_t>(count);
 }
