@@ -25,5 +25,25 @@ TEST(Utf8, InvalidBytesAreReportedAndSurvive) {
   EXPECT_EQ(ToUtf8(u"x\xD800y"), "x\uFFFDy") << "a lone surrogate that stands for no byte";
 }
 
+// The reader works in blocks of plain bytes; a sequence may begin, end or break anywhere in one.
+TEST(Utf8, SequencesAnywhereAmongPlainBytes) {
+  const struct {
+    std::string bytes;
+    Text units;
+    bool valid;
+  } pieces[] = {{"ž", u"ž", true},   {"€", u"€", true},          {"\U0001F600", u"\U0001F600", true},
+                {"žč", u"žč", true}, {"\xFF", u"\xDCFF", false}, {"\xE2\x82", u"\xDCE2\xDC82", false}};
+  for (std::size_t before = 0; before <= 17; ++before) {
+    for (std::size_t after = 0; after <= 17; ++after) {
+      for (const auto& piece : pieces) {
+        Text units = u"=";
+        EXPECT_EQ(AppendUtf8(units, std::string(before, 'a') + piece.bytes + std::string(after, 'z')), piece.valid);
+        EXPECT_TRUE(units == u"=" + Text(before, u'a') + piece.units + Text(after, u'z'))
+            << before << " " << after << " " << ToUtf8(units);
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zorkanca::testing
