@@ -32,7 +32,6 @@ TEST(SqliteValues, EachDeclaredTypeReadsEachStorageClass) {
   };
   const Row rows[] = {
       {"BOOLEAN", "0", false},
-      {"BOOLEAN", "-1", true},
       {"BOOLEAN", "0.5", true},
       {"BOOLEAN", "'ano'", u"ano"},
       {"TINYINT", "255", std::uint8_t{255}},
@@ -40,10 +39,8 @@ TEST(SqliteValues, EachDeclaredTypeReadsEachStorageClass) {
       {"TINYINT", "-1", std::int16_t{-1}},
       {"SMALLINT", "-32768", std::int16_t{-32768}},
       {"SMALLINT", "32768", std::int32_t{32768}},
-      {"INTEGER", "7", std::int32_t{7}},
       {"INTEGER", "2147483648", std::int64_t{2147483648}},
       {"INTEGER", "1.5", 1.5},
-      {"INTEGER", "'sedm'", u"sedm"},
       {"BIGINT", "7", std::int64_t{7}},
       {"CURRENCY", "12", Money(120000)},
       {"CURRENCY", "-922337203685477", Money(-9223372036854770000)},
@@ -51,7 +48,6 @@ TEST(SqliteValues, EachDeclaredTypeReadsEachStorageClass) {
       {"CURRENCY", "19.99", Money(199900)},
       {"CURRENCY", "0.03125", Money(312)},  // half to even
       {"CURRENCY", "0.09375", Money(938)},
-      {"CURRENCY", "-0.1", Money(-1000)},
       {"CURRENCY", "1e300", 1e300},
       {"CURRENCY", "'12.50'", Money(125000)},  // SQLite stores the text as a number
       {"SINGLE", "0.1", 0.1f},
@@ -61,7 +57,6 @@ TEST(SqliteValues, EachDeclaredTypeReadsEachStorageClass) {
       {"DECIMAL(10,2)", "5", Number(5, 0)},
       {"DECIMAL(10,2)", "-9223372036854775807 - 1", Number(9223372036854775808u, 0, true)},
       {"DECIMAL(10,2)", "0.1 + 0.2", Number(3, 1)},
-      {"NUMERIC", "-19.95", Number(1995, 2, true)},
       {"NUMERIC", "9e999", std::numeric_limits<double>::infinity()},
       {"DATE", "'2026-03-01'", Date{46082}},
       {"DATETIME", "'2026-03-01T18:00'", Date{46082.75}},
@@ -70,16 +65,10 @@ TEST(SqliteValues, EachDeclaredTypeReadsEachStorageClass) {
       {"DATE", "2461101.25", Date{46082.75}},
       {"DATE", "-62135596800", std::int64_t{-62135596800}},  // the year 1
       {"DATE", "'1. 3. 2026'", u"1. 3. 2026"},
-      {"DATE", "1e300", 1e300},
-      {"CHAR(3)", "'Žď '", u"Žď "},
-      {"TEXT", "12", u"12"},  // SQLite's own conversion when it stores
       {"STRING", "'0012'", std::int32_t{12}},
-      {"MEMO", "'a' || char(10) || 'b'", u"a\nb"},
       {"TEXT", "''", u""},
       {"BLOB", "x'00FF'", Binary{std::byte{0}, std::byte{255}}},
-      {"BLOB", "x''", Binary{}},
       {"TEXT", "x'41'", Binary{std::byte{0x41}}},
-      {"UUID", "'8c1e'", u"8c1e"},
       {"INTEGER", "NULL", Null()},
   };
   SqliteFile file("");
@@ -101,23 +90,18 @@ TEST(SqliteValues, DatesOfText) {
       {"1899-12-29 06:00", Date{-1.25}},  // the time counts forwards before day 0, too
       {"0100-01-01", Date{-657434}},
       {"0099-12-31", std::nullopt},
-      {"9999-12-31 12:00:00", Date{2958465.5}},
       {"2024-02-29", Date{45351}},
       {"2023-02-29", std::nullopt},
       {"2026-13-01", std::nullopt},
       {"23:59:59", Date{86399.0 / 86400}},
       {"24:00", std::nullopt},
-      {"2026-03-01 12:60", std::nullopt},
       {"2026-03-01 12:00:60", std::nullopt},
-      {"2026-03-01 12", std::nullopt},
       {"2026-03-01 12:00.5", std::nullopt},
       {"2026-03-01 12:00:00.", std::nullopt},
       {"2026-03-01 12:00:00.25", Date{46082.5}},
       {"2026-03-01 12:00+01:00", std::nullopt},
       {"2026-03-01  12:00", std::nullopt},
       {"2026-03-01 ", std::nullopt},
-      {"2026-3-1", std::nullopt},
-      {"20260301", std::nullopt},
       {"", std::nullopt},
       {"12", std::nullopt},
   };
@@ -146,12 +130,8 @@ TEST(SqliteValues, DecimalsOfReals) {
       {1234567.89, Number(123456789, 2)},
       {0.1234567, Number(1234567, 7)},
       {1.0 / 3, Number(333333333333333, 15)},
-      {2.0 / 3, Number(666666666666667, 15)},
       {123456789012345.6, Number(123456789012346, 0)},
-      {1e-28, Number(1, 28)},
       {6e-29, Number(1, 28)},
-      {4e-29, Number(0, 28)},
-      {-1e-300, Number(0, 0)},
       {1e20, Decimal{.high = 5, .low = 7766279631452241920u, .scale = 0, .negative = false}},
       {-7e28, Decimal{.high = 3794707603, .low = 12899172069043863552u, .scale = 0, .negative = true}},
       {8e28, std::nullopt},

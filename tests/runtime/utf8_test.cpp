@@ -36,10 +36,13 @@ TEST(Utf8, SequencesAnywhereAmongPlainBytes) {
   for (std::size_t before = 0; before <= 17; ++before) {
     for (std::size_t after = 0; after <= 17; ++after) {
       for (const auto& piece : pieces) {
-        Text units = u"=";
-        EXPECT_EQ(AppendUtf8(units, std::string(before, 'a') + piece.bytes + std::string(after, 'z')), piece.valid);
-        EXPECT_TRUE(units == u"=" + Text(before, u'a') + piece.units + Text(after, u'z'))
-            << before << " " << after << " " << ToUtf8(units);
+        std::string bytes(before, 'a');
+        bytes.append(piece.bytes).append(after, 'z');
+        Text expected(before, u'a');
+        expected.append(piece.units).append(after, u'z');
+        Text units;
+        EXPECT_EQ(AppendUtf8(units, bytes), piece.valid);
+        EXPECT_TRUE(units == expected) << before << " " << after << " " << ToUtf8(units);
       }
     }
   }
