@@ -1,0 +1,69 @@
+#include "runtime/code_page.h"
+
+#include <cstddef>
+
+#include "runtime/code_page_tables.h"
+#include "runtime/error.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr std::size_t kAsciiEnd = 0x80;
+
+// The full-width forms of East Asian fonts repeat the printable ASCII characters at this distance, in every page.
+constexpr char16_t kFullWidthDistance = 0xFEE0;
+constexpr char16_t kFirstPrintable = 0x21;
+constexpr char16_t kLastPrintable = 0x7E;
+
+}  // namespace
+
+CodePage::CodePage(int number) : number_(number) {
+  const CodePageTable table = CodePageTableOf(number);
+  for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
+    characters_[byte] = byte < kAsciiEnd ? static_cast<char16_t>(byte) : table.upperHalf[byte - kAsciiEnd];
+  }
+  // From the weakest claim on a unit to the strongest; each step overwrites the ones before.
+  bytes_.fill('?');
+  for (char16_t unit = kFirstPrintable; unit <= kLastPrintable; ++unit) {
+    bytes_[unit + kFullWidthDistance] = static_cast<std::uint8_t>(unit);
+  }
+  const auto fillExact = [this] {
+    for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
+      bytes_[characters_[byte]] = static_cast<std::uint8_t>(byte);
+    }
+  };
+  fillExact();  // the substitutes are looked up among them
+  for (const std::span<const Substitute> list : table.substitutes) {
+    for (const Substitute& substitute : list) {
+      for (const char16_t unit : substitute.standsFor) bytes_[unit] = bytes_[substitute.character];
+    }
+  }
+  fillExact();
+}
+
+const CodePage& CodePage::Get(int number) {
+  static const CodePage centralEuropean(1250);
+  static const CodePage cyrillic(1251);
+  static const CodePage western(1252);
+  for (const CodePage* page : {&centralEuropean, &cyrillic, &western}) {
+    if (page->number_ == number) return *page;
+  }
+  Raise(RuntimeError::kInvalidCall);
+}
+
+void CodePage::AppendDecoded(Text& text, std::string_view bytes) const {
+  const std::size_t start = text.size();
+  text.resize(start + bytes.size());
+  char16_t* out = text.data() + start;
+  for (const char byte : bytes) *out++ = characters_[static_cast<std::uint8_t>(byte)];
+}
+
+void CodePage::AppendEncoded(std::string& bytes, TextView text) const {
+  const std::size_t start = bytes.size();
+  bytes.resize(start + text.size());
+  char* out = bytes.data() + start;
+  for (const char16_t unit : text) *out++ = static_cast<char>(bytes_[unit]);
+}
+
+}  // namespace zorkanca
