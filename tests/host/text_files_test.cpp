@@ -203,9 +203,8 @@ TEST_F(TextFiles, EntriesOfSeveralProgramsNeverMix) {
   constexpr int kPrograms = 8;
   constexpr int kEntries = 12;
   constexpr std::size_t kLength = 150000;
-  auto reader = Open("other", IoMode::kForWriting);
   folder_.Write("log", "");
-  reader = Open("log", IoMode::kForReading);  // whoever reads holds nobody up
+  auto reader = Open("log", IoMode::kForReading);  // whoever reads holds nobody up
   std::vector<pid_t> children;
   for (int program = 0; program < kPrograms; ++program) {
     children.push_back(StartChild([&] {
