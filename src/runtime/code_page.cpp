@@ -23,23 +23,21 @@ CodePage::CodePage(int number) : number_(number) {
   for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
     characters_[byte] = byte < kAsciiEnd ? static_cast<char16_t>(byte) : table.upperHalf[byte - kAsciiEnd];
   }
-  // From the weakest claim on a unit to the strongest; each step overwrites the ones before.
   bytes_.fill('?');
+  for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
+    bytes_[characters_[byte]] = static_cast<std::uint8_t>(byte);
+  }
   for (char16_t unit = kFirstPrintable; unit <= kLastPrintable; ++unit) {
     bytes_[unit + kFullWidthDistance] = static_cast<std::uint8_t>(unit);
   }
-  const auto fillExact = [this] {
-    for (std::size_t byte = 0; byte < characters_.size(); ++byte) {
-      bytes_[characters_[byte]] = static_cast<std::uint8_t>(byte);
-    }
-  };
-  fillExact();  // the substitutes are looked up among them
+  const auto isOnPage = [this](char16_t unit) { return characters_[bytes_[unit]] == unit; };
   for (const std::span<const Substitute> list : table.substitutes) {
     for (const Substitute& substitute : list) {
-      for (const char16_t unit : substitute.standsFor) bytes_[unit] = bytes_[substitute.character];
+      for (const char16_t unit : substitute.standsFor) {
+        if (!isOnPage(unit)) bytes_[unit] = bytes_[substitute.character];
+      }
     }
   }
-  fillExact();
 }
 
 const CodePage& CodePage::Get(int number) {

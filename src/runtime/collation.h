@@ -10,7 +10,8 @@ namespace zorkanca {
 /// @return -1, 0 or 1
 int CompareTexts(TextView left, TextView right);
 
-/// Comparison by UTF-16 unit.
+/// Comparison of the texts as the automation runtime sees them in memory: byte by byte, the low byte of each UTF-16
+/// unit first, so that "č" (010D) comes before "d" (0064), even before "a". A text comes after every beginning of it.
 /// @return -1, 0 or 1
 int CompareBinary(TextView left, TextView right);
 

@@ -1,0 +1,126 @@
+#include "runtime/like.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "runtime/error.h"
+
+namespace zorkanca {
+
+namespace {
+
+enum class Kind : std::uint8_t { kUnit, kAnyUnit, kDigit, kSet, kAnyRun };
+
+struct Element {
+  Kind kind;
+  char16_t unit = 0;     // of kUnit
+  TextView list = {};    // of kSet, without brackets and "!"
+  bool negated = false;  // of kSet
+};
+
+/// True when `test(first, last)` holds for some range of the list; a single unit is a range of its own. "-" is itself
+/// at either end of the list and wherever no range can begin before it.
+template <typename Test>
+bool AnyRange(TextView list, Test test) {
+  for (std::size_t index = 0; index < list.size(); ++index) {
+    const char16_t first = list[index];
+    const bool leadingDash = index == 0 && first == u'-';
+    const bool isRange = !leadingDash && index + 2 < list.size() && list[index + 1] == u'-';
+    if (isRange) index += 2;
+    if (test(first, list[index])) return true;
+  }
+  return false;
+}
+
+/// The set whose "[" stands at the position, which moves to its "]".
+Element ReadSet(TextView pattern, std::size_t& position) {
+  const std::size_t end = pattern.find(u']', position);
+  if (end == TextView::npos) Raise(RuntimeError::kInvalidPattern);
+  Element set{.kind = Kind::kSet, .list = pattern.substr(position + 1, end - position - 1)};
+  position = end;
+  if (set.list.size() > 1 && set.list.front() == u'!') {  // "[!]" alone is the exclamation mark itself
+    set.negated = true;
+    set.list.remove_prefix(1);
+  }
+  if (AnyRange(set.list, [](char16_t first, char16_t last) { return first > last; })) {
+    Raise(RuntimeError::kInvalidPattern);
+  }
+  return set;
+}
+
+/// The whole pattern is read before any matching, so that a bad one is an error whatever the text.
+std::vector<Element> Compile(TextView pattern) {
+  std::vector<Element> elements;
+  elements.reserve(pattern.size());
+  for (std::size_t position = 0; position < pattern.size(); ++position) {
+    switch (const char16_t unit = pattern[position]) {
+      case u'?':
+        elements.push_back({.kind = Kind::kAnyUnit});
+        break;
+      case u'#':
+        elements.push_back({.kind = Kind::kDigit});
+        break;
+      case u'*':
+        elements.push_back({.kind = Kind::kAnyRun});
+        break;
+      case u'[': {
+        const Element set = ReadSet(pattern, position);
+        if (!set.list.empty()) elements.push_back(set);  // "[]" stands for no character at all
+        break;
+      }
+      default:
+        elements.push_back({.kind = Kind::kUnit, .unit = unit});
+    }
+  }
+  return elements;
+}
+
+bool Matches(const Element& element, char16_t unit) {
+  switch (element.kind) {
+    case Kind::kUnit:
+      return unit == element.unit;
+    case Kind::kDigit:
+      return unit >= u'0' && unit <= u'9';
+    case Kind::kSet: {
+      const bool found =
+          AnyRange(element.list, [unit](char16_t first, char16_t last) { return first <= unit && unit <= last; });
+      return found != element.negated;
+    }
+    case Kind::kAnyUnit:
+    case Kind::kAnyRun:
+      break;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool Like(TextView text, TextView pattern) {
+  const std::vector<Element> elements = Compile(pattern);
+  constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  std::size_t element = 0;
+  std::size_t position = 0;
+  // After a failure only the last "*" need take one unit more: what stands before it has matched as early as it can.
+  std::size_t lastRun = kNone;
+  std::size_t runEnd = 0;
+  while (position < text.size()) {
+    if (element < elements.size() && elements[element].kind == Kind::kAnyRun) {
+      lastRun = element++;
+      runEnd = position;
+    } else if (element < elements.size() && Matches(elements[element], text[position])) {
+      ++element;
+      ++position;
+    } else if (lastRun != kNone) {
+      element = lastRun + 1;
+      position = ++runEnd;
+    } else {
+      return false;
+    }
+  }
+  return std::all_of(elements.begin() + static_cast<std::ptrdiff_t>(element), elements.end(),
+                     [](const Element& rest) { return rest.kind == Kind::kAnyRun; });
+}
+
+}  // namespace zorkanca
