@@ -19,7 +19,7 @@ struct ExportContext {
   OfficeSettings settings{};
 
   float percentInterval = 1.0f;         ///< step of PercentDone in percent
-  Text multiplier{};                      ///< query column that tells how often a record is written; empty: once
+  Text multiplier{};                    ///< query column that tells how often a record is written; empty: once
   std::int16_t blankRecordsBefore = 0;  ///< empty records before the data of the next export
   bool withinDataProcess = false;       ///< an export itself drives Word, document after document
 

@@ -86,9 +86,9 @@ std::vector<Text> MemoryFileSystem::Paths() const {
 }
 
 void MemoryFileSystem::MayFail() {
-  if (callsUntilFailure_ == 0 || --callsUntilFailure_ > 0) return;
-  failed_ = true;
-  Raise(RuntimeError::kPermissionDenied);
+  if (callsUntilFailure_ == 0) return;
+  if (callsUntilFailure_ == 1) Raise(RuntimeError::kPermissionDenied);
+  --callsUntilFailure_;
 }
 
 void MemoryFileSystem::CreateFolder(TextView path) {

@@ -24,10 +24,8 @@ class MemoryFileSystem final : public FileSystem {
   /// Paths of all files, sorted.
   std::vector<Text> Paths() const;
 
-  /// The n-th call (from 1) that can fail from now on raises error 70; 0: none does.
-  void FailAtCall(int number) { callsUntilFailure_ = number; }
-  /// True when the failure ordered by `FailAtCall` has happened.
-  bool HasFailed() const { return failed_; }
+  /// From the n-th call (from 1) on, every call that can fail raises error 70; 0: none does.
+  void FailFromCall(int number) { callsUntilFailure_ = number; }
 
   char16_t PathSeparator() const override { return u'\\'; }
   bool FileExists(TextView path) override { return files_.contains(LowerCase(path)); }
@@ -56,7 +54,6 @@ class MemoryFileSystem final : public FileSystem {
   std::map<Text, bool> folders_;
   int temporaryNames_ = 0;
   int callsUntilFailure_ = 0;
-  bool failed_ = false;
 };
 
 }  // namespace zorkanca::testing
