@@ -19,6 +19,9 @@ struct Platform {
   Shell& shell;
   Clock& clock;
   const Locale& locale;
+
+  /// The same computer with another desktop.
+  Platform With(Shell& otherShell) const { return {files, registry, userInterface, otherShell, clock, locale}; }
 };
 
 }  // namespace zorkanca

@@ -1,0 +1,38 @@
+"""Runs commands side by side and tells what each costs as a whole process: median wall and processor time, peak memory."""
+import os
+import statistics
+import subprocess
+import time
+
+
+class Cost:
+    """Medians over the runs of one command."""
+
+    def __init__(self, runs):
+        self.wall = statistics.median(run[0] for run in runs)
+        self.cpu = statistics.median(run[1] for run in runs)
+        self.peak_mb = max(run[2] for run in runs) / 1024
+
+
+def _run_once(argv, output):
+    with open(output, "wb") as sink, open(os.devnull, "rb") as nothing:
+        start = time.perf_counter()
+        process = subprocess.Popen(argv, stdin=nothing, stdout=sink, stderr=subprocess.PIPE)
+        errors = process.stderr.read()
+        _, status, usage = os.wait4(process.pid, 0)
+        wall = time.perf_counter() - start
+        process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        raise SystemExit(f"{argv} ended with {process.returncode}: {errors.decode()}")
+    return wall, usage.ru_utime + usage.ru_stime, usage.ru_maxrss
+
+
+def side_by_side(commands, runs):
+    """Runs (argv, file of its standard output) in turn, one warm-up first. Returns a Cost for each."""
+    results = [[] for _ in commands]
+    for round_number in range(runs + 1):
+        for index, (argv, output) in enumerate(commands):
+            cost = _run_once(argv, output)
+            if round_number > 0:
+                results[index].append(cost)
+    return [Cost(each) for each in results]

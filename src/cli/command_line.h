@@ -1,0 +1,55 @@
+// The frame of the command line: what every command gets, and what it leaves for main to run.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <atomic>
+#include <cstdio>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace zorkanca::cli {
+
+/// Exit status of the program.
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kInterrupted = 130 };
+
+/// The options that stand before the command.
+struct GlobalOptions {
+  std::string home;
+  std::string locale = "cs-CZ";
+  bool yes = false;
+  bool no = false;
+  bool events = false;
+  bool quiet = false;
+};
+
+/// Arguments that no option parser can refuse but that make no sense. Shown as wrong usage.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What a command runs with, made after the whole line was understood.
+struct CommandContext {
+  const GlobalOptions& options;
+  const Platform& platform;
+  const std::atomic<bool>& interrupted;  ///< set by the first Ctrl-C
+};
+
+/// What a command leaves to be run. @return the exit status
+using Command = std::function<int(const CommandContext&)>;
+
+/// Each adds a group of commands; the one that was given puts itself into `chosen`.
+void AddExportCommands(CLI::App& app, Command& chosen);
+void AddValueCommands(CLI::App& app, Command& chosen);
+void AddRegistryCommands(CLI::App& app, Command& chosen);
+
+/// All bytes that are left in a file. Errors: 57 when it cannot be read.
+std::string ReadToEnd(std::FILE* file);
+
+/// Prints a result, UTF-8 and a line end, on standard output.
+void PrintLine(TextView text);
+
+}  // namespace zorkanca::cli

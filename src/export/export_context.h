@@ -1,0 +1,38 @@
+// What one cZorOffice instance gives to the exports that it runs: the computer, the caller's events and settings.
+#pragma once
+
+#include <cstdint>
+
+#include "export/office_settings.h"
+#include "export/zor_office_events.h"
+#include "foundation/number_separators.h"
+#include "platform/platform.h"
+
+namespace zorkanca {
+
+struct ExportContext {
+  Platform platform;
+  ZorOfficeEvents* events = nullptr;  ///< the caller's, may be null
+
+  Text workFolder{};  ///< intermediate files go here, without a separator at its end
+  NumberSeparators separators{};
+  OfficeSettings settings{};
+
+  float percentInterval = 1.0f;         ///< step of PercentDone in percent
+  Text multiplier{};                      ///< query column that tells how often a record is written; empty: once
+  std::int16_t blankRecordsBefore = 0;  ///< empty records before the data of the next export
+  bool withinDataProcess = false;       ///< an export itself drives Word, document after document
+
+  /// Raises ExportState when somebody listens.
+  void RaiseExportState(ExportStateValue state, TextView message) const {
+    if (events) events->ExportState(state, message);
+  }
+  /// Raises PercentDone when somebody listens. @return true when the handler asked to stop
+  bool RaisePercentDone(float percent) const {
+    bool cancel = false;
+    if (events) events->PercentDone(percent, cancel);
+    return cancel;
+  }
+};
+
+}  // namespace zorkanca

@@ -1,0 +1,33 @@
+// How an export ends when it cannot go on: the messages that all exports share, and the edge where a failure becomes a
+// message box and False.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "export/export_context.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace zorkanca {
+
+class ExportSession;
+
+/// No column name could be derived from the SELECT.
+inline constexpr TextView kNoColumnNames = u"Chyba při sestavování hlavičky souboru !";
+/// The query could not be run or positioned.
+inline constexpr TextView kDataAccessFailed = u"Chyba při přístupu k datům !";
+/// The query gave no rows.
+inline constexpr TextView kNoRecords = u"Nebyly nalezeny žádné záznamy !";
+/// The PercentDone handler cancelled, or the user interrupted a running query.
+inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatelem !";
+
+/// Stops the export with a message for the user.
+[[noreturn]] void StopExport(TextView message);
+
+/// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
+/// @param session  the export's session; its ending follows when the caller lets go of it
+/// @return         true when the body ran to its end
+bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body);
+
+}  // namespace zorkanca

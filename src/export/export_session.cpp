@@ -1,0 +1,53 @@
+#include "export/export_session.h"
+
+#include "foundation/ignore_errors.h"
+#include "platform/paths.h"
+#include "runtime/error.h"
+
+namespace zorkanca {
+
+ExportSession::~ExportSession() {
+  IgnoreErrors([&] { ShowPointer(MousePointer::kDefault); });
+  output_.reset();
+  IgnoreErrors([&] { CloseRecordset(); });
+  context_.blankRecordsBefore = 0;
+}
+
+Recordset& ExportSession::recordset() {
+  if (!recordset_) Raise(RuntimeError::kObjectNotSet);
+  return *recordset_;
+}
+
+void ExportSession::CloseRecordset() {
+  if (!recordset_) return;
+  const std::unique_ptr<Recordset> closing = std::move(recordset_);
+  closing->Close();
+}
+
+TextStream& ExportSession::OpenOutput(const Text& path, TextFormat format) {
+  output_ = context_.platform.files.OpenTextFile(path, IoMode::kForWriting, /*create=*/true, format);
+  outputPath_ = path;
+  return *output_;
+}
+
+void ExportSession::CloseOutput() {
+  output_->Close();
+  output_.reset();
+}
+
+void ExportSession::Fail(TextView title, const Text& message) {
+  IgnoreErrors([&] {
+    context_.platform.userInterface.Show({.text = message, .title = Text(title), .icon = MessageIcon::kExclamation});
+  });
+  output_.reset();
+  if (outputPath_.empty()) return;
+  IgnoreErrors([&] { context_.platform.files.DeleteFile(outputPath_, /*force=*/true); });
+}
+
+Text OutputPathInWorkFolder(const ExportContext& context, const Text& path) {
+  if (!GetParentFolderName(path).empty()) return path;
+  FileSystem& files = context.platform.files;
+  return BuildPath(files, context.workFolder, path.empty() ? files.GetTempName() : path);
+}
+
+}  // namespace zorkanca

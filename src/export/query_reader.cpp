@@ -1,0 +1,67 @@
+#include "export/query_reader.h"
+
+#include "export/export_failure.h"
+#include "export/progress.h"
+#include "foundation/ignore_errors.h"
+#include "runtime/convert.h"
+
+namespace zorkanca {
+
+namespace {
+
+// Any failure until the first record is current means the same to the user; only an interruption stays what it is.
+template <typename Body>
+auto AccessingData(Body body) {
+  try {
+    return body();
+  } catch (const Error& error) {
+    if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) throw;
+    StopExport(kDataAccessFailed);
+  }
+}
+
+}  // namespace
+
+void QueryReader::Open(Database& database, TextView select, std::int16_t options) {
+  const bool found = AccessingData([&] {
+    session_.Hold(database.OpenRecordset(select, RecordsetType::kDynaset, options));
+    Recordset& recordset = session_.recordset();
+    if (recordset.Eof() && recordset.Bof()) return false;
+    recordset.MoveLast();
+    recordCount_ = recordset.RecordCount();
+    recordset.MoveFirst();
+    return true;
+  });
+  if (!found) StopExport(kNoRecords);
+  fieldCount_ = session_.recordset().FieldCount();
+}
+
+bool QueryReader::IsMultiplier(const Field& field) const {
+  const Text& multiplier = session_.context().multiplier;
+  return !multiplier.empty() && field.Name() == multiplier;
+}
+
+void QueryReader::ValidateMultiplier() {
+  Text& multiplier = session_.context().multiplier;
+  if (multiplier.empty()) return;
+  if (!IgnoreErrors([&] { Copies(); })) multiplier.clear();
+}
+
+std::int16_t QueryReader::Copies() {
+  const ExportContext& context = session_.context();
+  if (context.multiplier.empty()) return 1;
+  return ToInteger(session_.recordset().FieldNamed(context.multiplier).Value(), context.platform.locale);
+}
+
+void QueryReader::ForEachRecord(const std::function<void(std::int16_t copies)>& write) {
+  Progress progress(session_.context(), recordCount_);
+  Recordset& recordset = session_.recordset();
+  for (; !recordset.Eof(); recordset.MoveNext()) {
+    write(Copies());
+    progress.RecordDone();
+  }
+  progress.Finish();
+  session_.CloseRecordset();
+}
+
+}  // namespace zorkanca

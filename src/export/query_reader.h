@@ -1,0 +1,44 @@
+// The steps that every export over a SELECT shares: running the query, counting its records, walking through them with
+// the caller's multiplier, and the progress after each.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "export/export_session.h"
+#include "platform/database.h"
+
+namespace zorkanca {
+
+class QueryReader {
+ public:
+  /// @param session  receives the recordset and keeps it open for the whole export
+  explicit QueryReader(ExportSession& session) : session_(session) {}
+
+  /// Runs the query, counts its records and stands on the first one.
+  /// @param options  DAO's options, passed on unchanged
+  /// Errors: stops the export when the data cannot be accessed or there are no records.
+  void Open(Database& database, TextView select, std::int16_t options);
+
+  std::int32_t FieldCount() const { return fieldCount_; }
+  Field& FieldAt(std::int32_t index) { return session_.recordset().FieldAt(index); }
+  /// True when the field is the multiplier, which is written as "1": its name is the caller's to the letter.
+  bool IsMultiplier(const Field& field) const;
+
+  /// Clears a multiplier that the current record cannot give as a 16-bit number, for this and later exports.
+  void ValidateMultiplier();
+
+  /// Calls `write` for each record with the number of copies it is to be written (0 or less: not at all), followed by
+  /// the progress step; reports 100 per cent and closes the recordset at the end. Errors: stops the export when the
+  /// caller cancels; 3265, 13, 6 or 94 when the multiplier gives no number.
+  void ForEachRecord(const std::function<void(std::int16_t copies)>& write);
+
+ private:
+  std::int16_t Copies();
+
+  ExportSession& session_;
+  std::int32_t fieldCount_ = 0;
+  std::int32_t recordCount_ = 0;
+};
+
+}  // namespace zorkanca

@@ -1,0 +1,39 @@
+#include "export/zor_office.h"
+
+#include "foundation/ignore_errors.h"
+#include "platform/paths.h"
+
+namespace zorkanca {
+
+namespace {
+
+Text WorkFolderIn(FileSystem& files) {
+  Text temporary = files.TemporaryFolder();
+  if (temporary.empty()) temporary = u"C:\\";
+  return BuildPath(files, temporary, u"Zorix");
+}
+
+// Another process may make the folder at the same moment.
+void MakeFolder(FileSystem& files, const Text& folder) {
+  const auto exists = [&] { return files.FolderExists(folder); };
+  const bool made = exists() || IgnoreErrors([&] { files.CreateFolder(folder); }) || exists();
+  if (!made) files.CreateFolder(folder);  // raises what stands in the way
+}
+
+}  // namespace
+
+cZorOffice::cZorOffice(const Platform& platform)
+    : context_{.platform = platform,
+               .workFolder = WorkFolderIn(platform.files),
+               .separators = FindNumberSeparators(platform.locale)} {
+  FileSystem& files = platform.files;
+  MakeFolder(files, context_.workFolder);
+  files.ClearFolder(context_.workFolder, u"*.tmp");
+  context_.settings = ReadOfficeSettings(platform.registry);
+}
+
+bool cZorOffice::HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments) {
+  return HtmlExport(context_, DB, rsSELECT, arguments).Run();
+}
+
+}  // namespace zorkanca

@@ -1,0 +1,47 @@
+// cZorOffice: the class that client programs create to move data out of their database into office documents.
+// A thin face: it holds the settings and properties, raises the events, and has one method for each published
+// operation.
+#pragma once
+
+#include <cstdint>
+
+#include "export/export_context.h"
+#include "export/html_export.h"
+#include "platform/database.h"
+#include "platform/platform.h"
+
+namespace zorkanca {
+
+class cZorOffice {
+ public:
+  /// Makes the work folder, clears away data files that earlier exports left there, and reads the settings.
+  /// Errors: when the temporary folder cannot be read or the work folder cannot be made.
+  explicit cZorOffice(const Platform& platform);
+
+  /// Sends the events to a client, or to nobody (null). The client outlives the exports that it listens to.
+  void Advise(ZorOfficeEvents* events) { context_.events = events; }
+
+  /// Step of PercentDone in percent, 1 at first. Any number is stored; one that is not positive acts as 1.
+  float PercentInterval() const { return context_.percentInterval; }
+  void PercentInterval(float interval) { context_.percentInterval = interval; }
+
+  /// Name of the query column that tells how many times a record is written; empty: once.
+  const Text& Multiplier() const { return context_.multiplier; }
+  void Multiplier(Text columnName) { context_.multiplier = std::move(columnName); }
+
+  /// Number of empty records that the next export writes before its data; 0 again after it.
+  std::int16_t BlankRecordsBefore() const { return context_.blankRecordsBefore; }
+  void BlankRecordsBefore(std::int16_t count) { context_.blankRecordsBefore = count; }
+
+  /// Folder of intermediate files.
+  const Text& WorkFolder() const { return context_.workFolder; }
+
+  /// Writes the rows of the SELECT as an HTML table and opens the file; see `HtmlExport`.
+  /// @return true when done; failures are shown to the user, nothing is raised
+  bool HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments);
+
+ private:
+  ExportContext context_;
+};
+
+}  // namespace zorkanca
