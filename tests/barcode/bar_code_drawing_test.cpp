@@ -23,7 +23,7 @@ TEST(BarCodeDrawing, Picture) {
             u"<rect width=\"66\" height=\"40\" fill=\"#fff\"/>\n"
             u"<path d=\""
             u"M10 0h2v40h-2zM13 0h1v40h-1zM16 0h3v40h-3z"  // start C
-            u"M21 0h2v40h-2zM25 0h2v40h-2zM29 0h2v40h-2z"  // 00
+            u"M21 0h2v40h-2zM24 0h2v40h-2zM28 0h2v40h-2z"  // 00
             u"M32 0h2v40h-2zM36 0h2v40h-2zM40 0h2v40h-2z"  // check 2
             u"M43 0h2v40h-2zM48 0h3v40h-3zM52 0h1v40h-1zM54 0h2v40h-2z\"/>\n"
             u"</svg>\n");

@@ -35,18 +35,18 @@ TEST(BarCode, Symbologies) {
   } kCases[] = {
       {u"Code39", true, u"A", u"*AA*"},
       {u"Code39", true, u"1 2", u"*1_2+*"},
-      {u"Code39", true, u"ZZ2", u"*ZZ2U*"},
+      {u"Code39", true, u"ZZ2", u"*ZZ2T*"},
       {u"Code39", true, u"Z3", u"*Z3_*"},  // the check character is a blank
       {u"Code39", false, u"ab", u"**"},
       {u"Code39", true, u"A*", u"**"},
       {u"Code39", true, u"A_", u"**"},
       {u"Code39", false, u"12,5", u"**"},  // only a record's comma becomes a point
       {u"Code128B", false, u"a b", u"a_b"},
-      {u"Code128B", true, u"ab", u"abf"},
+      {u"Code128B", true, u"ab", u"ab\x7F"},
       {u"Code128B", true, u"\x7F", FromCodes({127, 128})},
       {u"Code128B", false, u"á", u""},
       {u"Code128B", false, u"\u2212", u""},  // looks like "-" but is no character of the code page
-      {u"Code_128B_TTF", true, u"a b", FromCodes({181, 'a', ' ', 'b', 34, 184})},
+      {u"Code_128B_TTF", true, u"a b", FromCodes({181, 'a', ' ', 'b', 'Z', 184})},
       {u"Code_128B_TTF", false, u"¦", FromCodes({181, 166, 184})},
       {u"Code_128B_TTF", false, u"", u""},
       {u"Code_128B_TTF()", false, u"a", FromCodes({181, '\'', 'a', '~', 184})},
@@ -74,7 +74,7 @@ TEST(BarCode, Symbologies) {
 TEST(BarCode, ReadBack) {
   const auto alphabet = [](std::initializer_list<std::pair<int, int>> ranges) {
     Text text;
-    for (const auto [first, last] : ranges) {
+    for (const auto& [first, last] : ranges) {
       for (int code = first; code <= last; ++code) text.push_back(Page().Decode(static_cast<std::uint8_t>(code)));
     }
     return text;
@@ -116,7 +116,6 @@ TEST(BarCode, ReadBack) {
 
 TEST(BarCode, SumOfSixteenBits) {
   // 104 + 94 * (1 + ... + 25) = 30654; one more adds 2444.
-  const cBarCode plain = BarCodeOf(u"Code128B", false);
   const Text fits(25, u'~');
   for (const TextView symbology : {u"Code128B", u"Code_128B_TTF", u"Code_128C_TTF"}) {
     EXPECT_NE(BarCodeOf(symbology, true).EncodeValue(fits), u"") << Shown(symbology);

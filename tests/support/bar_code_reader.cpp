@@ -14,7 +14,7 @@ int FirstLayoutValue(int code) {
 
 int SecondLayoutValue(int code) {
   if (code >= 32 && code <= 127) return code - 32;
-  for (const auto [first, last, value] : {std::array{166, 169, 96}, {171, 173, 100}, {180, 182, 103}}) {
+  for (const auto& [first, last, value] : {std::array{166, 169, 96}, {171, 173, 100}, {180, 182, 103}}) {
     if (code >= first && code <= last) return code - first + value;
   }
   return -1;
