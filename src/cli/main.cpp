@@ -59,6 +59,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddExportCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddBarcodeCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first
