@@ -99,6 +99,7 @@ void MemoryFileSystem::CreateFolder(TextView path) {
 }
 
 void MemoryFileSystem::DeleteFile(TextView path, bool) {
+  if (undeletable_.contains(LowerCase(path))) Raise(RuntimeError::kPermissionDenied);
   if (files_.erase(LowerCase(path)) == 0) Raise(RuntimeError::kFileNotFound);
 }
 
@@ -112,7 +113,7 @@ std::vector<FileEntry> MemoryFileSystem::Files(TextView folder) {
   std::vector<FileEntry> entries;
   for (const auto& [key, file] : files_) {
     if (!EqualsIgnoringCase(GetParentFolderName(file.path), folder)) continue;
-    entries.push_back({.name = Text(GetFileName(file.path)), .path = file.path, .lastModified = Date{}});
+    entries.push_back({.name = Text(GetFileName(file.path)), .path = file.path, .lastModified = file.lastModified});
   }
   return entries;
 }
