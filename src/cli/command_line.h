@@ -44,6 +44,7 @@ using Command = std::function<int(const CommandContext&)>;
 void AddExportCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
+void AddLogCommands(CLI::App& app, Command& chosen);
 
 /// Prints a result, UTF-8 and a line end, on standard output.
 void PrintLine(TextView text);

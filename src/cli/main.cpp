@@ -48,6 +48,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddExportCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddLogCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first
