@@ -2,9 +2,9 @@
 //
 //   Text StringRoutines::StrDup(std::int32_t number, TextView text) {
 //     ...checks of arguments, whose errors reach the caller as they are...
-//     return Guarded(
-//         u"StringRoutines.StrDup", [&] { return ArgumentDetails({{u"number", number}, {u"text", text}}); },
-//         [&] { ...body... });
+//     return Guarded(u"StringRoutines.StrDup", ArgumentDetails({{u"number", number}, {u"text", text}}), [&] {
+//       ...body...
+//     });
 //   }
 //
 // An error that crosses two guarded operations names both in its source, the outer one first. Operations whose body

@@ -64,12 +64,8 @@ TEST(UnexpectedError, KeepsTheSavedErrorApartFromTheCurrentOne) {
 
 TEST(Guarded, NestedOperationsMakeAChainWithTheOuterOneFirst) {
   const auto inner = [](std::int32_t count) {
-    return Guarded(
-        u"Inner.Count",
-        [&] {
-          return ArgumentDetails({{u"count", count}, {u"text", Text(u"a\"b")}});
-        },
-        [&] { return count < 0 ? (FailInX(), 0) : count + 1; });
+    return Guarded(u"Inner.Count", ArgumentDetails({{u"count", count}, {u"text", Text(u"a\"b")}}),
+                   [&] { return count < 0 ? (FailInX(), 0) : count + 1; });
   };
   int detailsBuilt = 0;
   const auto outer = [&](std::int32_t count) {
