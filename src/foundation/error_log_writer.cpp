@@ -63,43 +63,31 @@ void ErrorLogWriter::StopLoggingErrorsToCustomLog() {
 }
 
 void ErrorLogWriter::WriteMessage(TextView message, std::int32_t eventType) {
-  Guarded(
-      u"ErrorLogWriter.WriteMessage",
-      [&] {
-        return ArgumentDetails({{u"message", message}, {u"eventType", eventType}});
-      },
-      [&] {
-        WriteMessageOnlyToStandardLog(message, eventType);
-        WriteMessageOnlyToCustomLog(message, eventType);
-      });
+  Guarded(u"ErrorLogWriter.WriteMessage", ArgumentDetails({{u"message", message}, {u"eventType", eventType}}), [&] {
+    WriteMessageOnlyToStandardLog(message, eventType);
+    WriteMessageOnlyToCustomLog(message, eventType);
+  });
 }
 
 void ErrorLogWriter::WriteMessageFromFunction(TextView sourceFunctionName, TextView message, std::int32_t eventType) {
   Guarded(
       u"ErrorLogWriter.WriteMessageFromFunction",
-      [&] {
-        return ArgumentDetails(
-            {{u"sourceFunctionName", sourceFunctionName}, {u"message", message}, {u"eventType", eventType}});
-      },
+      ArgumentDetails({{u"sourceFunctionName", sourceFunctionName}, {u"message", message}, {u"eventType", eventType}}),
       [&] { WriteMessage(Text(u"[").append(sourceFunctionName).append(u"] ").append(message), eventType); });
 }
 
 void ErrorLogWriter::WriteCurrentError(TextView sourceFunctionName, TextView details) {
   const ErrData current;
   if (current.number == 0) return;
-  Guarded(
-      u"ErrorLogWriter.WriteCurrentError",
-      [&] {
-        return ArgumentDetails({{u"sourceFunctionName", sourceFunctionName}, {u"details", details}});
-      },
-      [&] {
-        TextBuilder text;
-        text.AppendLine(u"Detaily:");
-        text.AppendLine(details, 1);
-        text.AppendLine(u"Zachycená chyba:");
-        text.AppendLine(current.ToString(), 1);
-        WriteMessageFromFunction(sourceFunctionName, text.ToString(), kInformationEvent);
-      });
+  Guarded(u"ErrorLogWriter.WriteCurrentError",
+          ArgumentDetails({{u"sourceFunctionName", sourceFunctionName}, {u"details", details}}), [&] {
+            TextBuilder text;
+            text.AppendLine(u"Detaily:");
+            text.AppendLine(details, 1);
+            text.AppendLine(u"Zachycená chyba:");
+            text.AppendLine(current.ToString(), 1);
+            WriteMessageFromFunction(sourceFunctionName, text.ToString(), kInformationEvent);
+          });
 }
 
 void ErrorLogWriter::WriteError(TextView sourceFunctionName, const ErrData* errorData) {
@@ -115,12 +103,8 @@ void ErrorLogWriter::WriteErrorAs(std::int32_t eventType, TextView sourceFunctio
   const ArgumentError argumentError;
   argumentError.ObjectArgumentMustNotBeNothing(errorData, u"errorData", kName);
   argumentError.StringArgumentMustNotBeBlank(sourceFunctionName, u"sourceFunctionName", kName);
-  Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"sourceFunctionName", sourceFunctionName}});
-      },
-      [&] { WriteMessageFromFunction(sourceFunctionName, errorData->ToString(), eventType); });
+  Guarded(kName, ArgumentDetails({{u"sourceFunctionName", sourceFunctionName}}),
+          [&] { WriteMessageFromFunction(sourceFunctionName, errorData->ToString(), eventType); });
 }
 
 void ErrorLogWriter::WriteMessageOnlyToStandardLog(TextView message, std::int32_t eventType) noexcept {
@@ -140,27 +124,26 @@ void ErrorLogWriter::WriteMessageOnlyToCustomLog(TextView message, std::int32_t 
 }
 
 Text ErrorLogWriter::BuildLogText(TextView message, std::int32_t eventType) const {
-  return Guarded(
-      u"ErrorLogWriter.buildLogText",
-      [&] {
-        return ArgumentDetails({{u"message", message}, {u"eventType", eventType}});
-      },
-      [&] {
-        const Date now = platform_.clock.Now();
-        Text header = Format(now, u"Short Date", platform_.locale);
-        header.append(u" ").append(Format(now, u"Long Time", platform_.locale));
-        header.append(u" ").append(EventTypeText(eventType));
-        header.append(u" ").append(kApplicationName);
-        header.append(u" ").append(platform_.environment.VersionText());
-        header.append(u" ThreadID = ");
-        AppendDecimal(header, platform_.clock.ThreadId());
+  constexpr TextView kName = u"ErrorLogWriter.buildLogText";
+  return Guarded(kName, ArgumentDetails({{u"message", message}, {u"eventType", eventType}}), [&] {
+    TextBuilder entry;
+    entry.AppendNewLine();  // an empty line between two entries
+    entry.Append(BuildHeader(eventType));
+    entry.AppendParagraph(message, 1);
+    return entry.ToString();
+  });
+}
 
-        TextBuilder entry;
-        entry.AppendNewLine();  // an empty line between two entries
-        entry.Append(header);
-        entry.AppendParagraph(message, 1);
-        return entry.ToString();
-      });
+Text ErrorLogWriter::BuildHeader(std::int32_t eventType) const {
+  const Date now = platform_.clock.Now();
+  Text header = Format(now, u"Short Date", platform_.locale);
+  header.append(u" ").append(Format(now, u"Long Time", platform_.locale));
+  header.append(u" ").append(EventTypeText(eventType));
+  header.append(u" ").append(kApplicationName);
+  header.append(u" ").append(platform_.environment.VersionText());
+  header.append(u" ThreadID = ");
+  AppendDecimal(header, platform_.clock.ThreadId());
+  return header;
 }
 
 void ErrorLogWriter::Append(TextView entry) {

@@ -54,6 +54,7 @@ class ErrorLogWriter final : public ILogWriter {
  private:
   void WriteErrorAs(std::int32_t eventType, TextView sourceFunctionName, const ErrData* errorData);
   Text BuildLogText(TextView message, std::int32_t eventType) const;
+  Text BuildHeader(std::int32_t eventType) const;
   void Append(TextView entry);
   void ReportUnwritten(TextView message) const;
 

@@ -18,8 +18,7 @@ namespace {
 
 template <typename Body>
 auto GuardedWith(TextView name, const NamedArgument& argument, const Body& body) {
-  return Guarded(
-      name, [&] { return ArgumentDetails({argument}); }, body);
+  return Guarded(name, ArgumentDetails({argument}), body);
 }
 
 bool IsOlder(const FileEntry& left, const FileEntry& right) {

@@ -6,12 +6,8 @@
 namespace zorkanca {
 
 void WindowsAppLog::WriteEvent(TextView message, std::int32_t eventType) const {
-  Guarded(
-      u"WindowsApplicationLog.WriteEvent",
-      [&] {
-        return ArgumentDetails({{u"message", message}});
-      },
-      [&] { eventLog_.Write(message, eventType); });
+  Guarded(u"WindowsApplicationLog.WriteEvent", ArgumentDetails({{u"message", message}}),
+          [&] { eventLog_.Write(message, eventType); });
 }
 
 }  // namespace zorkanca
