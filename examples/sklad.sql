@@ -198,7 +198,7 @@ vyber AS (
   FROM faktury AS f JOIN radky ON j <= 1 + f.rowid * 7 % 6
 )
 INSERT INTO polozky
-SELECT v.faktura, v.radek, v.kod, v.pocet, round(z.cena * (100 - o.sleva) / 100, 2), 0, z.sazba_dph
+SELECT v.faktura, v.radek, v.kod, v.pocet, round(z.cena * (100 - o.sleva) / 100.0, 2), 0, z.sazba_dph
 FROM vyber AS v JOIN zbozi AS z ON z.kod = v.kod JOIN odberatele AS o ON o.cislo = v.odberatel
 ORDER BY v.faktura, v.radek;
 

@@ -3,8 +3,10 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <vector>
 
 #include "cli/command_line.h"
+#include "host/files/atomic_file.h"
 #include "host/registry/reg_transfer.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -106,13 +108,27 @@ int List(const CommandContext& context, const RegistryOptions& options) {
 
 int Export(const CommandContext& context, const RegistryOptions& options) {
   const Text path = context.platform.files.GetAbsolutePathName(FromUtf8(options.file));
-  ExportRegistry(context.platform.registry, ToUtf8(path));
+  std::vector<RegistryPlace> places;
+  for (const RegistryHive hive :
+       {RegistryHive::kClassesRoot, RegistryHive::kCurrentUser, RegistryHive::kLocalMachine}) {
+    places.push_back({.hive = hive, .key = Text()});
+  }
+  AtomicFile file(ToUtf8(path), {});
+  file.Write(ExportRegistry(context.platform.registry, places));
+  file.Commit();
   PrintLine(path);
   return kDone;
 }
 
+std::string BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes(std::istreambuf_iterator<char>(file), {});
+  if (!file.is_open() || file.bad()) Raise(RuntimeError::kFileNotFound, u"The file cannot be read: " + FromUtf8(path));
+  return bytes;
+}
+
 int Import(const CommandContext& context, const RegistryOptions& options) {
-  ImportRegistry(context.platform.registry, options.file);
+  ImportRegistry(context.platform.registry, BytesOf(options.file), FromUtf8(options.file));
   return kDone;
 }
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -21,70 +20,6 @@ std::optional<Date> DateOf(std::int64_t day, std::int64_t secondOfDay) {
   const double time = static_cast<double>(secondOfDay) / static_cast<double>(kSecondsADay);
   const auto whole = static_cast<double>(day);
   return Date{day < 0 ? whole - time : whole + time};
-}
-
-/// Takes digits and marks from the front of a text.
-class IsoReader {
- public:
-  explicit IsoReader(std::string_view text) : next_(text.data()), end_(text.data() + text.size()) {}
-
-  bool AtEnd() const { return next_ == end_; }
-
-  bool Take(char mark) {
-    if (AtEnd() || *next_ != mark) return false;
-    ++next_;
-    return true;
-  }
-
-  /// Exactly so many digits.
-  template <typename Number>
-  bool TakeNumber(int digits, Number& number) {
-    if (end_ - next_ < digits) return false;
-    number = 0;
-    for (const char* const stop = next_ + digits; next_ != stop; ++next_) {
-      if (*next_ < '0' || *next_ > '9') return false;
-      number = static_cast<Number>(number * 10 + static_cast<Number>(*next_ - '0'));
-    }
-    return true;
-  }
-
-  bool SkipDigits() {
-    const char* const first = next_;
-    while (!AtEnd() && *next_ >= '0' && *next_ <= '9') ++next_;
-    return next_ != first;
-  }
-
- private:
-  const char* next_;
-  const char* end_;
-};
-
-std::optional<std::int64_t> TakeDay(IsoReader& reader) {
-  int year = 0;
-  unsigned month = 0;
-  unsigned day = 0;
-  if (!reader.TakeNumber(4, year) || !reader.Take('-') || !reader.TakeNumber(2, month) || !reader.Take('-') ||
-      !reader.TakeNumber(2, day)) {
-    return std::nullopt;
-  }
-  const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
-  if (!date.ok()) return std::nullopt;
-  return std::chrono::sys_days(date).time_since_epoch().count() + kDayOf1970;
-}
-
-// The rest of the text.
-std::optional<std::int64_t> TakeSecondOfDay(IsoReader& reader) {
-  std::int64_t hour = 0;
-  std::int64_t minute = 0;
-  std::int64_t second = 0;
-  if (!reader.TakeNumber(2, hour) || !reader.Take(':') || !reader.TakeNumber(2, minute)) return std::nullopt;
-  if (reader.Take(':')) {
-    if (!reader.TakeNumber(2, second)) return std::nullopt;
-    if (reader.Take('.') && !reader.SkipDigits()) return std::nullopt;
-  }
-  reader.Take('Z');
-  if (!reader.AtEnd() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-  return (hour * 60 + minute) * 60 + second;
 }
 
 constexpr int kDigits = 15;  // that a real gives back as they were written
@@ -136,21 +71,6 @@ Decimal RoundedToMostDecimals(std::uint64_t digits, int scale, bool negative) {
 }
 
 }  // namespace
-
-std::optional<Date> DateOfIsoText(std::string_view text) {
-  IsoReader reader(text);
-  std::int64_t day = 0;
-  constexpr std::size_t kPlaceOfColon = 2;
-  if (text.size() <= kPlaceOfColon || text[kPlaceOfColon] != ':') {
-    const std::optional<std::int64_t> taken = TakeDay(reader);
-    if (!taken) return std::nullopt;
-    day = *taken;
-    if (reader.AtEnd()) return DateOf(day, 0);
-    if (!reader.Take(' ') && !reader.Take('T')) return std::nullopt;
-  }
-  const std::optional<std::int64_t> second = TakeSecondOfDay(reader);
-  return second ? DateOf(day, *second) : std::nullopt;
-}
 
 std::optional<Date> DateOfUnixSeconds(std::int64_t seconds) {
   std::int64_t day = seconds / kSecondsADay;

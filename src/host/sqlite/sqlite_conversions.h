@@ -4,16 +4,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 #include "runtime/value.h"
 
 namespace zorkanca {
 
-/// The date, the time or both of "YYYY-MM-DD", "YYYY-MM-DD HH:MM[:SS[.fff]]" (a "T" may stand for the blank) or
-/// "HH:MM[:SS[.fff]]", with an optional "Z" after a time; as written, without regard to time zones, fractions of a
-/// second dropped.
-std::optional<Date> DateOfIsoText(std::string_view text);
 /// The date of seconds since 1.1.1970 0:00.
 std::optional<Date> DateOfUnixSeconds(std::int64_t seconds);
 /// The date of a Julian day (days since noon of 24.11.4714 B.C.), to the nearest second.

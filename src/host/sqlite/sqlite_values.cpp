@@ -8,6 +8,7 @@
 
 #include "host/sqlite/sqlite_conversions.h"
 #include "runtime/error.h"
+#include "runtime/iso_date.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -109,7 +110,7 @@ void ReadReal(Value& value, double number, FieldType type) {
 }
 
 void ReadText(Value& value, std::string_view bytes, FieldType type, const Text& name) {
-  if (IsDateType(type) && SetIfSome(value, DateOfIsoText(bytes))) return;
+  if (IsDateType(type) && SetIfSome(value, ParseIsoDate(bytes))) return;
   Text* text = std::get_if<Text>(&value);
   if (text == nullptr) text = &value.emplace<Text>();
   text->clear();
