@@ -104,12 +104,14 @@ void MemoryFileSystem::DeleteFile(TextView path, bool) {
 }
 
 void MemoryFileSystem::ClearFolder(TextView folder, TextView wildcards) {
+  if (!FolderExists(folder)) return;
   for (const FileEntry& entry : Files(folder)) {
     if (Like(LowerCase(entry.name), LowerCase(wildcards))) files_.erase(LowerCase(entry.path));
   }
 }
 
 std::vector<FileEntry> MemoryFileSystem::Files(TextView folder) {
+  if (!FolderExists(folder)) Raise(RuntimeError::kPathNotFound);
   std::vector<FileEntry> entries;
   for (const auto& [key, file] : files_) {
     if (!EqualsIgnoringCase(GetParentFolderName(file.path), folder)) continue;
