@@ -14,6 +14,17 @@
 
 namespace zorkanca::cli {
 
+std::string ReadToEnd(std::FILE* file) {
+  std::string bytes;
+  char block[16384];
+  for (std::size_t count = 1; count > 0;) {
+    count = std::fread(block, 1, sizeof block, file);
+    bytes.append(block, count);
+  }
+  if (std::ferror(file)) Raise(RuntimeError::kDeviceIo);
+  return bytes;
+}
+
 void PrintLine(TextView text) {
   const std::string line = ToUtf8(text) + "\n";
   std::fwrite(line.data(), 1, line.size(), stdout);

@@ -1,7 +1,6 @@
 // Commands that show and change the registry of the home folder.
 #include <charconv>
-#include <fstream>
-#include <iterator>
+#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -121,10 +120,9 @@ int Export(const CommandContext& context, const RegistryOptions& options) {
 }
 
 std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes(std::istreambuf_iterator<char>(file), {});
-  if (!file.is_open() || file.bad()) Raise(RuntimeError::kFileNotFound, u"The file cannot be read: " + FromUtf8(path));
-  return bytes;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
+  return ReadToEnd(file.get());
 }
 
 int Import(const CommandContext& context, const RegistryOptions& options) {

@@ -138,6 +138,7 @@ void SqliteConnection::RaiseFailure(int code) const {
   const Text text = FromUtf8(handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code));
   switch (code & 0xFF) {
     case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:  // a reader, too, must write beside a WAL database or one with a journal left by a crash
       RaiseSqlite(kFileNotOpened, text + u": " + FromUtf8(path_));
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
