@@ -46,6 +46,7 @@ void AddExportCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
 void AddBarcodeCommands(CLI::App& app, Command& chosen);
+void AddLogCommands(CLI::App& app, Command& chosen);
 
 /// All bytes that are left in a file. Errors: 57 when it cannot be read.
 std::string ReadToEnd(std::FILE* file);

@@ -39,12 +39,15 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
       files_(*locale_.codePage),
       registry_(HomeFolder(options)),
       userInterface_(AnswersOf(options)),
+      environment_(HomeFolder(options), ZORKANCA_VERSION),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,
                 .shell = shell_,
                 .clock = clock_,
-                .locale = locale_} {}
+                .locale = locale_,
+                .eventLog = eventLog_,
+                .environment = environment_} {}
 
 std::string HomeFolder(const GlobalOptions& options) {
   if (!options.home.empty()) return options.home;

@@ -60,6 +60,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddBarcodeCommands(app, command);
+  AddLogCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first

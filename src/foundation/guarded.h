@@ -16,6 +16,11 @@
 
 namespace zorkanca {
 
+/// Details of an operation that has no arguments.
+inline Text NoArguments() {
+  return {};
+}
+
 /// Runs the body and gives its result; whatever it raises is raised again as an internal error.
 /// @param name     "Class.Operation", the prefix of the class as the error sources have it
 /// @param details  called only after a failure; gives the text of the arguments
