@@ -96,9 +96,9 @@ TEST_F(ErrorLogWriterTest, WhatTheFileDoesNotTakeGoesToTheEventLog) {
   int calls = 0;
   for (int failing = 1;; ++failing) {
     MemoryPlatform broken;
-    broken.files.FailAtCall(failing);
+    broken.files.FailFromCall(failing);
     ErrorLogWriter(broken.platform).WriteMessage(u"zpráva", kWarningEvent);
-    if (!broken.files.HasFailed()) break;
+    if (broken.journal.empty()) break;
     ++calls;
     ASSERT_EQ(broken.journal.size(), 1u) << "call " << failing;
     EXPECT_EQ(broken.journal[0].find("event 1 Chyba zápisu do logu: \r\nNeočekávaná chyba -> "), 0u);
@@ -107,7 +107,7 @@ TEST_F(ErrorLogWriterTest, WhatTheFileDoesNotTakeGoesToTheEventLog) {
   EXPECT_GE(calls, 4) << "two folders, opening, writing";
 
   computer.environment.logFolder = u"C:\\Temp";
-  computer.files.FailAtCall(1);
+  computer.files.FailFromCall(1);
   ErrorLogWriter(computer.platform).WriteMessage(u"m", kErrorEvent);
   EXPECT_EQ(computer.journal, Journal{"event 1 Chyba zápisu do logu: \r\n"
                                       "Neočekávaná chyba -> 70 - Permission denied -> "
@@ -115,7 +115,7 @@ TEST_F(ErrorLogWriterTest, WhatTheFileDoesNotTakeGoesToTheEventLog) {
                                       "(Zdroj: [zorKancA].WriteMessageOnlyToStandardLog->\r\n\r\n"
                                       "[Detaily: message události: \r\nm])"});
   computer.eventLog.refuses = true;
-  computer.files.FailAtCall(1);
+  computer.files.FailFromCall(1);
   ErrorLogWriter(computer.platform).WriteMessage(u"lost, but nothing is raised", kErrorEvent);
   EXPECT_EQ(computer.journal.size(), 1u);
 }
