@@ -18,16 +18,14 @@ def main():
     folder = pathlib.Path(options.folder)
     folder.mkdir(parents=True, exist_ok=True)
 
-    print(f"{'rows':>9}  {'ours s':>8} {'cpu s':>8} {'MB':>6}   {'sqlite3 s':>9} {'cpu s':>8} {'MB':>6}   {'ours/sqlite3':>12}")
+    print(measure.heading("sqlite3"))
     for rows in (1_000, 100_000, 1_000_000):
         database = str(sample_database.make(folder, rows))
         ours = [options.program, "--home", str(folder / "home"), "--quiet", "html", "--db", database, "--select", SELECT,
                 "-o", str(folder / "ours.htm"), "--no-open"]
         theirs = ["sqlite3", "-html", database, SELECT]
-        mine, other = measure.side_by_side(
-            [(ours, folder / "ours.txt"), (theirs, folder / "sqlite3.htm")], options.runs)
-        print(f"{rows:>9}  {mine.wall:8.3f} {mine.cpu:8.3f} {mine.peak_mb:6.1f}   {other.wall:9.3f} {other.cpu:8.3f} "
-              f"{other.peak_mb:6.1f}   {mine.wall / other.wall:12.2f}")
+        costs = measure.side_by_side([(ours, folder / "ours.txt"), (theirs, folder / "sqlite3.htm")], options.runs)
+        print(measure.row(rows, *costs))
 
 
 if __name__ == "__main__":

@@ -36,3 +36,14 @@ def side_by_side(commands, runs):
             if round_number > 0:
                 results[index].append(cost)
     return [Cost(each) for each in results]
+
+
+def heading(other):
+    """Heading of a table whose rows `row` makes."""
+    return f"{'rows':>9}  {'ours s':>8} {'cpu s':>8} {'MB':>6}   {other + ' s':>10} {'cpu s':>8} {'MB':>6}   {'ours/' + other:>13}"
+
+
+def row(count, ours, other):
+    """One row: our cost, the other program's, and the ratio of the wall times."""
+    return (f"{count:>9}  {ours.wall:8.3f} {ours.cpu:8.3f} {ours.peak_mb:6.1f}   {other.wall:10.3f} {other.cpu:8.3f} "
+            f"{other.peak_mb:6.1f}   {ours.wall / other.wall:13.2f}")
