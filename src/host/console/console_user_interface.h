@@ -1,0 +1,41 @@
+// Messages and questions of a program that runs in a console.
+#pragma once
+
+#include <unistd.h>
+
+#include <string>
+
+#include "platform/user_interface.h"
+
+namespace zorkanca {
+
+/// Shows messages as lines "TITLE: TEXT" and takes answers as typed words.
+class ConsoleUserInterface final : public UserInterface {
+ public:
+  /// Who answers questions: the person at the terminal, or always the same answer (OK and Cancel as yes and no).
+  enum class Answers { kAsk, kYes, kNo };
+
+  /// Without a terminal on both sides nobody can be asked; the answer is then no.
+  /// @param input, output  descriptors that stay open as long as the object lives
+  explicit ConsoleUserInterface(Answers answers, int input = STDIN_FILENO, int output = STDERR_FILENO)
+      : answers_(answers), input_(input), output_(output) {}
+
+  /// Asks "[a/n] " until the line is one of a, ano, y, yes or n, ne, no, in any case; the end of input is a no.
+  MessageAnswer Show(const Message& message) override;
+  /// Has no effect: the pointer belongs to the terminal, which shows none for a waiting program.
+  void SetMousePointer(MousePointer) override {}
+  /// Sounds a terminal's bell; a file gets no bell character.
+  void Beep() override;
+
+ private:
+  bool IsYes();
+  bool AskForYes();
+  std::string ReadLine();
+  void Print(std::string_view bytes);
+
+  Answers answers_;
+  int input_;
+  int output_;
+};
+
+}  // namespace zorkanca

@@ -1,0 +1,102 @@
+#include "host/files/text_reader.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "host/files/system_error.h"
+#include "runtime/error.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr std::size_t kPieceSize = 64 * 1024;
+constexpr char16_t kByteOrderUnit = 0xFEFF;
+
+}  // namespace
+
+TextReader::TextReader(const std::string& path, TextFormat format, const CodePage& codePage)
+    : file_(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC); })),
+      format_(format),
+      codePage_(codePage),
+      bytes_(kPieceSize, '\0') {
+  if (!file_) RaisePathError(errno, path);
+  struct stat status {};
+  if (fstat(file_.get(), &status) != 0) RaiseSystemError(errno);
+  if (S_ISDIR(status.st_mode)) Raise(RuntimeError::kPathFileAccess);
+  if (S_ISREG(status.st_mode)) flock(file_.get(), LOCK_SH | LOCK_NB);  // an open file can be read even if unlocked
+}
+
+void TextReader::Write(TextView) {
+  Raise(RuntimeError::kBadFileName, u"The file is open for reading");
+}
+
+// Makes sure that a unit waits in piece_. False at the end of the file.
+bool TextReader::FillPiece() {
+  while (position_ == piece_.size() && file_) {
+    const ssize_t count =
+        Uninterrupted([&] { return read(file_.get(), bytes_.data() + held_, bytes_.size() - held_); });
+    if (count < 0) RaiseSystemError(errno);
+    piece_.clear();
+    position_ = 0;
+    if (count == 0) {
+      if (held_ > 0) piece_.push_back(static_cast<std::uint8_t>(bytes_[0]));  // half a unit: not lost
+      held_ = 0;
+      return !piece_.empty();
+    }
+    Decode(std::string_view(bytes_).substr(0, held_ + static_cast<std::size_t>(count)));
+  }
+  return position_ < piece_.size();
+}
+
+void TextReader::Decode(std::string_view bytes) {
+  if (format_ == TextFormat::kAnsi) {
+    codePage_.AppendDecoded(piece_, bytes);
+    return;
+  }
+  const std::size_t units = bytes.size() / 2;
+  piece_.resize(units);
+  std::memcpy(piece_.data(), bytes.data(), units * 2);
+  held_ = bytes.size() % 2;
+  if (held_ > 0) bytes_[0] = bytes.back();
+  if (units > 0 && std::exchange(atStart_, false) && piece_.front() == kByteOrderUnit) position_ = 1;
+}
+
+Text TextReader::ReadLine() {
+  if (!FillPiece()) Raise(RuntimeError::kPastEndOfFile);
+  Text line;
+  while (FillPiece()) {
+    const std::size_t end = piece_.find(u'\n', position_);
+    if (end == Text::npos) {
+      line.append(piece_, position_);
+      position_ = piece_.size();
+      continue;
+    }
+    line.append(piece_, position_, end - position_);
+    position_ = end + 1;
+    if (line.ends_with(u'\r')) line.pop_back();
+    break;
+  }
+  return line;
+}
+
+void TextReader::Close() {
+  file_ = FileDescriptor();
+  piece_.clear();
+  position_ = 0;
+}
+
+Text TextReader::ReadAll() {
+  Text text;
+  while (FillPiece()) {
+    text.append(piece_, position_);
+    position_ = piece_.size();
+  }
+  return text;
+}
+
+}  // namespace zorkanca

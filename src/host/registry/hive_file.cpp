@@ -1,0 +1,76 @@
+#include "host/registry/hive_file.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+
+#include "host/files/native_path.h"
+#include "host/files/system_error.h"
+
+namespace zorkanca {
+
+namespace {
+
+std::string ContentOf(int file, off_t size) {
+  std::string content(static_cast<std::size_t>(size), '\0');
+  std::size_t length = 0;
+  while (length < content.size()) {
+    const ssize_t count = Uninterrupted([&] { return read(file, content.data() + length, content.size() - length); });
+    if (count < 0) RaiseSystemError(errno);
+    if (count == 0) break;
+    length += static_cast<std::size_t>(count);
+  }
+  content.resize(length);
+  return content;
+}
+
+}  // namespace
+
+HiveFile::Stamp HiveFile::StampOf(const struct stat& status) {
+  return {.device = status.st_dev,
+          .node = status.st_ino,
+          .size = status.st_size,
+          .seconds = status.st_mtim.tv_sec,
+          .nanoseconds = status.st_mtim.tv_nsec};
+}
+
+HiveFile::Stamp HiveFile::CurrentStamp() const {
+  struct stat status {};
+  if (stat(path_.c_str(), &status) == 0) return StampOf(status);
+  if (errno != ENOENT) RaiseSystemError(errno);
+  return {};
+}
+
+// Opens the file, if there is one, as file_.
+HiveFile::Stamp HiveFile::Open() {
+  file_ = FileDescriptor(Uninterrupted([&] { return open(path_.c_str(), O_RDONLY | O_CLOEXEC); }));
+  if (!file_ && errno == ENOENT) return {};
+  struct stat status {};
+  if (!file_ || fstat(file_.get(), &status) != 0) RaiseSystemError(errno);
+  if (!S_ISREG(status.st_mode)) RaiseSystemError(EISDIR);
+  return StampOf(status);
+}
+
+void HiveFile::Refresh() {
+  if (held_ || (stamp_ && *stamp_ == CurrentStamp())) return;
+  stamp_.reset();
+  const Stamp stamp = Open();
+  const Text origin = FromNativePath(path_);
+  std::vector<RegSection> sections;
+  if (file_) sections = ParseReg(ContentOf(file_.get(), stamp.size), origin);
+  tree_.Load(sections, hive_, deletions_, origin);
+  stamp_ = stamp;
+}
+
+void HiveFile::Release() {
+  if (changed_) stamp_.reset();
+  changed_ = false;
+  held_ = false;
+}
+
+void HiveFile::MarkSaved() {
+  changed_ = false;
+  stamp_ = Open();
+}
+
+}  // namespace zorkanca

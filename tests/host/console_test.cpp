@@ -1,0 +1,93 @@
+// Messages and questions on pipes and on a terminal of our own.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <termios.h>
+
+#include <cstdlib>
+
+#include "host/console/console_user_interface.h"
+#include "host/files/file_descriptor.h"
+#include "support/text_support.h"
+
+namespace zorkanca::testing {
+namespace {
+
+using Answers = ConsoleUserInterface::Answers;
+
+const Message kQuestion{.text = u"Řádek 1\r\nline 2?", .title = u"T", .buttons = MessageButtons::kYesNo};
+
+std::string ReadOnce(int descriptor) {
+  std::string bytes(4096, '\0');
+  const ssize_t count = read(descriptor, bytes.data(), bytes.size());
+  bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+  return bytes;
+}
+
+TEST(Console, WithoutTerminalNobodyIsAsked) {
+  int in[2] = {}, out[2] = {};
+  ASSERT_EQ(pipe(in), 0);
+  ASSERT_EQ(pipe(out), 0);
+  ASSERT_EQ(write(in[1], "a\n", 2), 2);
+  struct Row {
+    Answers answers;
+    MessageButtons buttons;
+    MessageAnswer answer;
+  };
+  const Row rows[] = {
+      {Answers::kAsk, MessageButtons::kYesNo, MessageAnswer::kNo},
+      {Answers::kAsk, MessageButtons::kOkCancel, MessageAnswer::kCancel},
+      {Answers::kYes, MessageButtons::kYesNo, MessageAnswer::kYes},
+      {Answers::kYes, MessageButtons::kOkCancel, MessageAnswer::kOk},
+      {Answers::kNo, MessageButtons::kYesNo, MessageAnswer::kNo},
+      {Answers::kNo, MessageButtons::kOk, MessageAnswer::kOk},
+  };
+  for (const Row& row : rows) {
+    ConsoleUserInterface console(row.answers, in[0], out[1]);
+    console.Beep();
+    Message message = kQuestion;
+    message.buttons = row.buttons;
+    EXPECT_EQ(console.Show(message), row.answer);
+    EXPECT_EQ(ReadOnce(out[0]), "T: Řádek 1\nline 2?\n");
+  }
+  EXPECT_EQ(ReadOnce(in[0]), "a\n") << "the input is not ours";
+  for (const int end : {in[0], in[1], out[0], out[1]}) close(end);
+}
+
+TEST(Console, TheTerminalIsAskedUntilItAnswers) {
+  const FileDescriptor master(posix_openpt(O_RDWR | O_NOCTTY));
+  ASSERT_EQ(grantpt(master.get()) | unlockpt(master.get()), 0);
+  const FileDescriptor terminal(open(ptsname(master.get()), O_RDWR | O_NOCTTY));
+  termios settings{};
+  ASSERT_EQ(tcgetattr(terminal.get(), &settings), 0);
+  settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
+  ASSERT_EQ(tcsetattr(terminal.get(), TCSANOW, &settings), 0);
+  ConsoleUserInterface console(Answers::kAsk, terminal.get(), terminal.get());
+
+  const std::string shown = "T: Řádek 1\nline 2?\n[a/n] ";
+  struct Row {
+    std::string typed;
+    MessageAnswer answer;
+    std::string printed;
+  };
+  const Row rows[] = {
+      {"a\n", MessageAnswer::kYes, shown},
+      {" Y \n", MessageAnswer::kYes, shown},
+      {"Ano\n", MessageAnswer::kYes, shown},
+      {"N\n", MessageAnswer::kNo, shown},
+      {"what\n\nne\n", MessageAnswer::kNo, shown + "[a/n] [a/n] "},
+      {"\x04", MessageAnswer::kNo, shown},  // end of input
+  };
+  for (const Row& row : rows) {
+    ASSERT_EQ(write(master.get(), row.typed.data(), row.typed.size()), static_cast<ssize_t>(row.typed.size()));
+    EXPECT_EQ(console.Show(kQuestion), row.answer) << row.typed;
+    std::string printed;
+    while (printed.size() < row.printed.size()) printed += ReadOnce(master.get());
+    EXPECT_EQ(printed, row.printed);
+  }
+  console.Beep();
+  EXPECT_EQ(ReadOnce(master.get()), "\a");
+}
+
+}  // namespace
+}  // namespace zorkanca::testing

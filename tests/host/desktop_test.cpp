@@ -1,0 +1,72 @@
+// Opening documents, with openers of our own in the search path.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <thread>
+
+#include "host/desktop/desktop_shell.h"
+#include "support/temporary_folder.h"
+#include "support/text_support.h"
+
+namespace zorkanca::testing {
+namespace {
+
+class Desktop : public ::testing::Test {
+ protected:
+  Desktop() : path_(std::getenv("PATH")) { setenv("PATH", (folder_.path() + ":" + path_).c_str(), 1); }
+  ~Desktop() override { setenv("PATH", path_.c_str(), 1); }
+
+  void InstallOpener(const std::string& script) {
+    folder_.Write("xdg-open", "#!/bin/sh\n" + script + "\n");
+    chmod(folder_.Path("xdg-open").c_str(), 0755);
+  }
+
+  std::string path_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(Desktop, HandsOverTheAbsolutePathAsItIs) {
+  InstallOpener("printf '%s|' \"$#\" \"$1\" > \"${0%/*}/called\"");
+  const std::string name = "-a $(x) 'ž\".txt";
+  folder_.Write(name, "");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.path());
+  DesktopShell(std::chrono::seconds(10)).OpenDocument(FromUtf8(name));
+  std::filesystem::current_path(before);
+  EXPECT_EQ(folder_.Read("called"), "1|" + folder_.Path(name) + "|");
+}
+
+TEST_F(Desktop, FailuresAreTold) {
+  DesktopShell shell(std::chrono::seconds(10));
+  folder_.Write("a.txt", "");
+  InstallOpener("exit 3");
+  const Error failed = ErrorOf([&] { shell.OpenDocument(folder_.TextPath("a.txt")); });
+  EXPECT_EQ(failed.number(), 5);
+  EXPECT_EQ(Shown(failed.description()),
+            "xdg-open could not open " + folder_.Path("a.txt") + ": no program for this kind of file was found");
+  InstallOpener("kill -9 $$");
+  EXPECT_EQ(ErrorOf([&] { shell.OpenDocument(folder_.TextPath("a.txt")); }).number(), 5);
+  EXPECT_EQ(ErrorOf([&] { shell.OpenDocument(folder_.TextPath("none")); }).number(), 53);
+  std::filesystem::remove(folder_.Path("xdg-open"));
+  setenv("PATH", folder_.path().c_str(), 1);
+  const Error missing = ErrorOf([&] { shell.OpenDocument(folder_.TextPath("a.txt")); });
+  EXPECT_EQ(missing.number(), 53);
+  EXPECT_EQ(Shown(missing.description()), "xdg-open, which opens documents, is not installed (package xdg-utils)");
+}
+
+TEST_F(Desktop, RunningOpenerIsLeftAloneAndCollectedLater) {
+  InstallOpener("while [ ! -e \"${0%/*}/stop\" ]; do sleep 0.02; done; exit 4");
+  folder_.Write("a.txt", "");
+  DesktopShell(std::chrono::milliseconds(50)).OpenDocument(folder_.TextPath("a.txt"));
+  siginfo_t child{};
+  EXPECT_EQ(waitid(P_ALL, 0, &child, WEXITED | WNOWAIT | WNOHANG), 0) << "still there";
+  folder_.Write("stop", "");
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (waitid(P_ALL, 0, &child, WEXITED | WNOWAIT | WNOHANG) == 0 && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  EXPECT_EQ(waitid(P_ALL, 0, &child, WEXITED | WNOWAIT | WNOHANG), -1) << "a dead child was left in the table";
+}
+
+}  // namespace
+}  // namespace zorkanca::testing
