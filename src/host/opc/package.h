@@ -69,8 +69,9 @@ class Package {
   /// Removes a part, its content type and its own relationships; those that lead to it stay with their sources.
   /// A missing part is no error.
   void RemovePart(std::string_view part);
-  /// A name that no part has: the pattern with the lowest free number in place of "#", "/word/header#.xml".
-  std::string FreshPartName(std::string_view pattern) const;
+  /// A name that no part has and that was not given out before: the pattern with a number in place of "#",
+  /// "/word/header#.xml".
+  std::string FreshPartName(std::string_view pattern);
 
   /// The relationships of a part or of the package (`kRoot`); an empty list when there are none.
   /// Errors: 5 for a damaged list.
@@ -102,6 +103,7 @@ class Package {
   std::shared_ptr<const ZipReader> zip_;
   std::vector<Item> items_;
   std::unordered_map<std::string, std::size_t> index_;  // lower-case part name -> item
+  std::unordered_map<std::string, std::size_t> lastNumbers_;  // of fresh names, by pattern
   ContentTypes contentTypes_;
   bool contentTypesChanged_ = true;
 };

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/opc/office_family.h"
+
 namespace zorkanca {
 
 /// One relationship.
@@ -19,9 +21,6 @@ struct Relationship {
   /// strict.
   bool Is(std::string_view kind) const;
 };
-
-/// The two families of URIs that documents use.
-enum class OfficeFamily { kTransitional, kStrict };
 
 /// The URI of an office relationship type by its last piece: "header" gives ".../relationships/header".
 std::string OfficeRelationshipType(std::string_view kind, OfficeFamily family);

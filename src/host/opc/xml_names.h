@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/opc/relationships.h"
+#include "host/opc/office_family.h"
 
 namespace zorkanca {
 
