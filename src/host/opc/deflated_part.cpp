@@ -33,9 +33,13 @@ FileDescriptor OpenUnnamedFile() {
 
 DeflatedPart::DeflatedPart(std::size_t memoryLimit) : store_(memoryLimit), deflater_(store_) {}
 
-void DeflatedPart::Finish() { deflater_.Finish(); }
+void DeflatedPart::Finish() {
+  deflater_.Finish();
+}
 
-void DeflatedPart::ReadCompressed(const Take& take) const { store_.Read(take); }
+void DeflatedPart::ReadCompressed(const Take& take) const {
+  store_.Read(take);
+}
 
 void DeflatedPart::Read(const Take& take) const {
   Inflater inflater(take, size());
@@ -67,8 +71,8 @@ void DeflatedPart::Store::Read(const Take& take) const {
   for (const std::string& chunk : chunks_) take(chunk);
   std::string block(file_ ? kBlock : 0, '\0');
   for (std::uint64_t offset = 0; offset < fileSize_;) {
-    const ssize_t count = Uninterrupted(
-        [&] { return pread(file_.get(), block.data(), block.size(), static_cast<off_t>(offset)); });
+    const ssize_t count =
+        Uninterrupted([&] { return pread(file_.get(), block.data(), block.size(), static_cast<off_t>(offset)); });
     if (count <= 0) RaiseSystemError(count < 0 ? errno : EIO);
     take({block.data(), static_cast<std::size_t>(count)});
     offset += static_cast<std::uint64_t>(count);

@@ -1,17 +1,12 @@
 #include <zlib.h>
 
-#include <algorithm>
-#include <cstring>
 #include <new>
-#include <vector>
 
 #include "host/opc/deflater.h"
 
 namespace zorkanca {
 
 namespace {
-// Input is gathered to whole blocks, so that the result does not depend on the sizes of the pieces.
-constexpr std::size_t kBlock = 64 * 1024;
 constexpr int kLevel = 1;
 constexpr int kRawDeflate = -15;
 constexpr int kMemoryLevel = 8;
@@ -28,47 +23,28 @@ struct Deflater::State {
   State& operator=(const State&) = delete;
 
   z_stream stream{};
-  std::vector<unsigned char> input = std::vector<unsigned char>(kBlock);
   std::vector<unsigned char> output = std::vector<unsigned char>(kBlock);
-  std::size_t filled = 0;
-  int flush = Z_NO_FLUSH;
 };
 
-Deflater::Deflater(PartSink& output) : output_(output), state_(std::make_unique<State>()) {}
+Deflater::Deflater(PartSink& output) : output_(output), state_(std::make_unique<State>()), input_(kBlock) {}
 
 Deflater::~Deflater() = default;
 
-void Deflater::Append(std::string_view bytes) {
-  State& state = *state_;
-  while (!bytes.empty()) {
-    const std::size_t count = std::min(bytes.size(), kBlock - state.filled);
-    std::memcpy(state.input.data() + state.filled, bytes.data(), count);
-    state.filled += count;
-    bytes.remove_prefix(count);
-    if (state.filled == kBlock) Drain();
-  }
-}
-
-void Deflater::Drain() {
-  State& state = *state_;
-  crc_ = static_cast<std::uint32_t>(crc32_z(crc_, state.input.data(), state.filled));
-  size_ += state.filled;
-  state.stream.next_in = state.input.data();
-  state.stream.avail_in = static_cast<uInt>(state.filled);
-  state.filled = 0;
+void Deflater::Drain(bool last) {
+  crc_ = static_cast<std::uint32_t>(crc32_z(crc_, input_.data(), filled_));
+  size_ += filled_;
+  z_stream& stream = state_->stream;
+  stream.next_in = input_.data();
+  stream.avail_in = static_cast<uInt>(filled_);
+  filled_ = 0;
   do {
-    state.stream.next_out = state.output.data();
-    state.stream.avail_out = static_cast<uInt>(kBlock);
-    deflate(&state.stream, state.flush);  // fails for wrong parameters only
-    const std::size_t count = kBlock - state.stream.avail_out;
+    stream.next_out = state_->output.data();
+    stream.avail_out = static_cast<uInt>(kBlock);
+    deflate(&stream, last ? Z_FINISH : Z_NO_FLUSH);  // fails for wrong parameters only
+    const std::size_t count = kBlock - stream.avail_out;
     compressedSize_ += count;
-    if (count > 0) output_.Append({reinterpret_cast<const char*>(state.output.data()), count});
-  } while (state.stream.avail_out == 0);
-}
-
-void Deflater::Finish() {
-  state_->flush = Z_FINISH;
-  Drain();
+    if (count > 0) output_.Append({reinterpret_cast<const char*>(state_->output.data()), count});
+  } while (stream.avail_out == 0);
 }
 
 }  // namespace zorkanca

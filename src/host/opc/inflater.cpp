@@ -13,7 +13,9 @@ Inflater::Inflater(const Take& take, std::uint64_t sizeLimit) : take_(take), siz
   if (inflateInit2(&stream_, kRawDeflate) != Z_OK) throw std::bad_alloc();
 }
 
-Inflater::~Inflater() { inflateEnd(&stream_); }
+Inflater::~Inflater() {
+  inflateEnd(&stream_);
+}
 
 bool Inflater::Append(std::string_view compressed) {
   if (ended_) return compressed.empty();

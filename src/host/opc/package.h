@@ -19,6 +19,7 @@
 #include "host/opc/part_sink.h"
 #include "host/opc/relationships.h"
 #include "host/opc/zip_reader.h"
+#include "host/opc/zip_writer.h"
 
 namespace zorkanca {
 
@@ -98,11 +99,13 @@ class Package {
   };
 
   const Item* Find(std::string_view part) const;
+  const Item& Require(std::string_view part) const;
+  void WriteItem(ZipWriter& writer, const Item& item) const;
   void Index();
 
   std::shared_ptr<const ZipReader> zip_;
   std::vector<Item> items_;
-  std::unordered_map<std::string, std::size_t> index_;  // lower-case part name -> item
+  std::unordered_map<std::string, std::size_t> index_;        // lower-case part name -> item
   std::unordered_map<std::string, std::size_t> lastNumbers_;  // of fresh names, by pattern
   ContentTypes contentTypes_;
   bool contentTypesChanged_ = true;

@@ -69,11 +69,12 @@ class Relationships {
   std::string ToXml() const;
 
  private:
-  std::string FreshId();
+  void Append(Relationship relationship);
+  std::string AddTarget(std::string_view type, std::string target, bool external);
 
   std::string source_;
   std::vector<Relationship> all_;
-  std::size_t lastId_ = 0;  // highest number given out so far
+  std::size_t lastId_ = 0;  // highest number of an id "rId..." ever in the list
 };
 
 }  // namespace zorkanca
