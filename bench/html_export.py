@@ -1,8 +1,5 @@
 #!/usr/bin/env python3
 """The HTML export beside `sqlite3 -html` on the same query: time, and memory that must not grow with the rows."""
-import argparse
-import pathlib
-
 import measure
 import sample_database
 
@@ -10,14 +7,8 @@ SELECT = "SELECT * FROM zasoby"
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--program", default="build/zorkanca")
-    parser.add_argument("--folder", default="build/bench")
-    parser.add_argument("--runs", type=int, default=5)
-    options = parser.parse_args()
-    folder = pathlib.Path(options.folder)
-    folder.mkdir(parents=True, exist_ok=True)
-
+    options = measure.options(__doc__, "build/zorkanca")
+    folder = options.folder
     print(measure.heading("sqlite3"))
     for rows in (1_000, 100_000, 1_000_000):
         database = str(sample_database.make(folder, rows))
