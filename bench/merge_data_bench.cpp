@@ -2,6 +2,7 @@
 //   bench_merge_data DATABASE SELECT OUTPUT [FORMAT ...]
 #include <cstdio>
 
+#include "export/export_failure.h"
 #include "export/query_merge_data.h"
 #include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
