@@ -25,8 +25,8 @@ class HostPlatform {
   const Platform& platform() const { return platform_; }
 
  private:
-  Locale locale_;
   SystemClock clock_;
+  Locale locale_;  // reads the clock when it is made
   LinuxFileSystem files_;
   FileRegistry registry_;
   ConsoleUserInterface userInterface_;
