@@ -20,7 +20,7 @@ struct DateParts {
   std::int32_t dayOfYear = 364;  ///< 1 to 366
 };
 
-/// Takes a date apart; seconds are rounded to the nearest.
+/// Takes a date apart; seconds are rounded to the nearest. Errors: 6 outside the range of dates.
 DateParts Disassemble(Date date);
 
 /// The date of a day and a time.

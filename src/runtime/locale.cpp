@@ -82,6 +82,7 @@ Locale American() {
   locale.currencySymbol = u"$";
   locale.currencyAfterNumber = false;
   locale.currencySpaced = false;
+  locale.negativeCurrencyInBrackets = true;
   locale.dateSeparator = u"/";
   locale.timeSeparator = u":";
   locale.shortDate = u"m/d/yyyy";

@@ -24,7 +24,8 @@ struct Locale {
   Text listSeparator;
   Text currencySymbol;
   bool currencyAfterNumber = true;
-  bool currencySpaced = true;  ///< a no-break space between number and symbol
+  bool currencySpaced = true;               ///< a no-break space between number and symbol
+  bool negativeCurrencyInBrackets = false;  ///< "($5.00)" instead of "-$5.00"
 
   Text dateSeparator;
   Text timeSeparator;

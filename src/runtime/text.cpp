@@ -1,5 +1,6 @@
 #include "runtime/text.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zorkanca {
@@ -61,7 +62,8 @@ Text Join(const std::vector<Text>& pieces, TextView separator) {
 void AppendDecimal(Text& text, std::int64_t number) {
   char digits[24];
   const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, number);
-  text.append(digits, end.ptr);
+  char16_t units[24];  // appended in one piece: a range of bytes would be widened through a temporary text
+  text.append(units, static_cast<std::size_t>(std::copy(digits, end.ptr, units) - units));
 }
 
 Text DecimalText(std::int64_t number) {

@@ -1,0 +1,249 @@
+#include "runtime/date_text.h"
+
+#include "runtime/pattern_text.h"
+
+namespace zorkanca {
+
+namespace {
+
+bool StartsWithWord(TextView pattern, TextView lowerWord) {
+  if (pattern.size() < lowerWord.size()) return false;
+  for (std::size_t index = 0; index < lowerWord.size(); ++index) {
+    if (AsciiLower(pattern[index]) != lowerWord[index]) return false;
+  }
+  return true;
+}
+
+void AppendPadded(Text& text, std::int32_t number, int width) {
+  char16_t digits[8];
+  char16_t* const end = digits + 8;
+  char16_t* first = end;
+  for (; number > 0 || width > 0; number /= 10, --width) *--first = static_cast<char16_t>(u'0' + number % 10);
+  text.append(first, end);
+}
+
+// Walks a pattern once and writes. A pattern of the locale is written by a writer of its own, in which the letters that
+// stand for such patterns mean nothing: no locale can make them call each other.
+class DateWriter {
+ public:
+  DateWriter(Text& text, const DateParts& date, const Locale& locale, bool twelveHours)
+      : text_(text), date_(date), locale_(locale), twelveHours_(twelveHours) {}
+
+  void Write(TextView pattern) {
+    TextView literal;
+    while (!pattern.empty()) {
+      if (TakeLiteral(pattern, literal)) {
+        text_.append(literal);
+      } else {
+        pattern.remove_prefix(WriteNext(pattern));
+      }
+    }
+  }
+
+  void WriteOfLocale(const DatePattern& pattern, const std::array<Text, 12>& monthNames) {
+    DateWriter writer(text_, date_, locale_, pattern.twelveHours);
+    writer.ofLocale_ = true;
+    writer.monthNames_ = &monthNames;
+    writer.Write(pattern.text);
+  }
+
+ private:
+  // Writes the first element of the pattern; returns its length.
+  std::size_t WriteNext(TextView pattern) {
+    switch (AsciiLower(pattern.front())) {
+      case u'd':
+        return WriteDay(RunLength(pattern, ofLocale_ ? 4 : 6));
+      case u'm':
+        return WriteMonthOrMinute(RunLength(pattern, 4));
+      case u'y':
+        return WriteYear(RunLength(pattern, 4));
+      case u'h':
+        return WriteHour(RunLength(pattern, 2));
+      case u'n':
+        return WriteMinute(RunLength(pattern, 2));
+      case u's':
+        return WriteNumber(date_.second, RunLength(pattern, 2));
+      case u'w':
+        return WriteWeek(RunLength(pattern, 2));
+      case u'q':
+        return WriteNumber((date_.month + 2) / 3, 1);
+      case u't':
+        return WriteLongTime(pattern);
+      case u'c':
+        return WriteGeneral(pattern);
+      case u'a':
+        return WriteHalfOfDay(pattern);
+      case u'/':
+        text_.append(locale_.dateSeparator);
+        return 1;
+      case u':':
+        text_.append(locale_.timeSeparator);
+        return 1;
+      default:
+        return WriteLiteral(pattern);
+    }
+  }
+
+  std::size_t WriteLiteral(TextView pattern) {
+    text_.push_back(pattern.front());
+    return 1;
+  }
+
+  // A number without leading zero, or with one for two letters.
+  std::size_t WriteNumber(std::int32_t number, std::size_t letters) {
+    if (number < 10 && letters == 1) {
+      text_.push_back(static_cast<char16_t>(u'0' + number));
+    } else {
+      AppendPadded(text_, number, static_cast<int>(letters));
+    }
+    return letters;
+  }
+
+  std::size_t WriteDay(std::size_t letters) {
+    afterHour_ = false;
+    const auto weekday = static_cast<std::size_t>(date_.weekday - 1);
+    if (letters <= 2) {
+      WriteNumber(date_.day, letters);
+    } else if (letters == 3) {
+      text_.append(locale_.dayAbbreviations[weekday]);
+    } else if (letters == 4) {
+      text_.append(locale_.dayNames[weekday]);
+    } else if (letters == 5) {
+      WriteOfLocale(DatePattern(locale_.shortDate), locale_.monthNames);
+    } else {
+      WriteOfLocale(DatePattern(locale_.longDate), locale_.monthNamesGenitive);
+    }
+    return letters;
+  }
+
+  std::size_t WriteMonthOrMinute(std::size_t letters) {
+    const auto month = static_cast<std::size_t>(date_.month - 1);
+    if (letters == 3) {
+      text_.append(locale_.monthAbbreviations[month]);
+    } else if (letters == 4) {
+      text_.append((*monthNames_)[month]);
+    } else if (afterHour_ && !minuteWritten_) {
+      return WriteMinute(letters);
+    } else {
+      WriteNumber(date_.month, letters);
+    }
+    return letters;
+  }
+
+  // Three letters are two and one.
+  std::size_t WriteYear(std::size_t letters) {
+    if (letters == 1) return WriteNumber(date_.dayOfYear, 1);
+    if (letters == 4) {
+      AppendPadded(text_, date_.year, 4);
+      return 4;
+    }
+    return WriteNumber(date_.year % 100, 2);
+  }
+
+  std::size_t WriteHour(std::size_t letters) {
+    afterHour_ = true;
+    const std::int32_t twelve = date_.hour % 12 == 0 ? 12 : date_.hour % 12;
+    return WriteNumber(twelveHours_ ? twelve : date_.hour, letters);
+  }
+
+  std::size_t WriteMinute(std::size_t letters) {
+    minuteWritten_ = true;
+    return WriteNumber(date_.minute, letters);
+  }
+
+  // The week of 1 January is the first, weeks begin on Sunday.
+  std::size_t WriteWeek(std::size_t letters) {
+    if (letters == 1) return WriteNumber(date_.weekday, 1);
+    const std::int32_t saturdayOfWeek = date_.dayOfYear + 7 - date_.weekday;
+    WriteNumber((saturdayOfWeek + 6) / 7, 1);
+    return letters;
+  }
+
+  std::size_t WriteLongTime(TextView pattern) {
+    constexpr std::size_t kLetters = 5;
+    if (ofLocale_ || RunLength(pattern, kLetters) < kLetters) return WriteLiteral(pattern);
+    WriteOfLocale(DatePattern(locale_.longTime), locale_.monthNames);
+    return kLetters;
+  }
+
+  std::size_t WriteGeneral(TextView pattern) {
+    if (ofLocale_) return WriteLiteral(pattern);
+    AppendDate(text_, date_, locale_);
+    return 1;
+  }
+
+  std::size_t WriteHalfOfDay(TextView pattern) {
+    const bool morning = date_.hour < 12;
+    const bool lower = pattern.front() == u'a';
+    std::size_t length = 0;
+    switch (ReadHalfOfDayWord(pattern, length)) {
+      case HalfOfDayWord::kNone:
+        return WriteLiteral(pattern);
+      case HalfOfDayWord::kAmPm:
+        text_.append(lower ? (morning ? u"am" : u"pm") : (morning ? u"AM" : u"PM"));
+        break;
+      case HalfOfDayWord::kShort:
+        text_.append(lower ? (morning ? u"a" : u"p") : (morning ? u"A" : u"P"));
+        break;
+      case HalfOfDayWord::kOfLocale:
+        text_.append(morning ? locale_.morning : locale_.afternoon);
+        break;
+    }
+    return length;
+  }
+
+  Text& text_;
+  const DateParts& date_;
+  const Locale& locale_;
+  const std::array<Text, 12>* monthNames_ = &locale_.monthNames;
+  bool twelveHours_;
+  bool ofLocale_ = false;
+  bool afterHour_ = false;  // an hour was written and no day since: "m" means minutes
+  bool minuteWritten_ = false;
+};
+
+bool NamesHalfOfDay(TextView pattern) {
+  TextView literal;
+  std::size_t length = 0;
+  while (!pattern.empty()) {
+    if (TakeLiteral(pattern, literal)) continue;
+    if (ReadHalfOfDayWord(pattern, length) != HalfOfDayWord::kNone) return true;
+    pattern.remove_prefix(1);
+  }
+  return false;
+}
+
+}  // namespace
+
+HalfOfDayWord ReadHalfOfDayWord(TextView pattern, std::size_t& length) {
+  struct Word {
+    TextView letters;
+    HalfOfDayWord word;
+  };
+  if (pattern.empty() || AsciiLower(pattern.front()) != u'a') return HalfOfDayWord::kNone;
+  constexpr Word kWords[] = {
+      {u"am/pm", HalfOfDayWord::kAmPm}, {u"a/p", HalfOfDayWord::kShort}, {u"ampm", HalfOfDayWord::kOfLocale}};
+  for (const Word& candidate : kWords) {
+    if (!StartsWithWord(pattern, candidate.letters)) continue;
+    length = candidate.letters.size();
+    return candidate.word;
+  }
+  return HalfOfDayWord::kNone;
+}
+
+DatePattern::DatePattern(TextView pattern) : text(pattern), twelveHours(NamesHalfOfDay(pattern)) {}
+
+void AppendDate(Text& text, const DateParts& date, const DatePattern& pattern, const Locale& locale) {
+  DateWriter(text, date, locale, pattern.twelveHours).Write(pattern.text);
+}
+
+void AppendDate(Text& text, const DateParts& date, const Locale& locale) {
+  DateWriter writer(text, date, locale, false);
+  const bool timeAlone = date.year == 1899 && date.month == 12 && date.day == 30;
+  const bool midnight = date.hour == 0 && date.minute == 0 && date.second == 0;
+  if (!timeAlone) writer.WriteOfLocale(DatePattern(locale.shortDate), locale.monthNames);
+  if (!timeAlone && !midnight) text.push_back(u' ');
+  if (timeAlone || !midnight) writer.WriteOfLocale(DatePattern(locale.longTime), locale.monthNames);
+}
+
+}  // namespace zorkanca

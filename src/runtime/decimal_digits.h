@@ -1,0 +1,75 @@
+// A number as its decimal digits: what texts, formats and exact conversions work on.
+// Every kind of number meets here, so that rounding and writing exist once.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "runtime/text.h"
+#include "runtime/value.h"
+
+namespace zorkanca {
+
+/// Significant decimal digits that a Double and a Single show.
+inline constexpr int kDoubleDigits = 15;
+inline constexpr int kSingleDigits = 7;
+
+/// The number 0.d1d2d3... times 10 to the power `point`, without leading and trailing zeros; zero has no digits.
+struct DecimalDigits {
+  static constexpr int kCapacity = 64;
+
+  bool negative = false;
+  int count = 0;
+  std::int64_t point = 0;
+  char digits[kCapacity];  // '0' to '9'; left uninitialised, because clearing costs more than most conversions
+
+  bool IsZero() const { return count == 0; }
+};
+
+/// What happens to a number that lies exactly between two candidates.
+enum class Half { kAwayFromZero, kToEven };
+
+/// The digits of the exact binary value rounded to `limit` significant digits, halves away from zero.
+/// The value must be finite.
+DecimalDigits DigitsOf(double value, int limit = kDoubleDigits);
+DecimalDigits DigitsOf(std::int64_t value);
+DecimalDigits DigitsOf(Currency value);
+DecimalDigits DigitsOf(const Decimal& value);
+
+/// Rounds to a number of decimals; a number that becomes zero loses its sign.
+void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, Half half);
+
+/// The nearest Double, infinite when the number is too large.
+double NearestDouble(const DecimalDigits& number);
+/// The number times 10 to the power `decimals`, rounded to a whole number, halves to even.
+/// @return nothing when that does not fit
+std::optional<std::int64_t> WholeNumber(DecimalDigits number, int decimals = 0);
+
+/// Appends sign, integer part (at least "0"), separator and fraction; `limit` digits on either side of the separator,
+/// beyond that d,dddE+nn.
+void AppendDigits(Text& text, const DecimalDigits& number, TextView decimalSeparator,
+                  int limit = std::numeric_limits<int>::max());
+
+/// Gathers the digits of a text from left to right; digits beyond the capacity only tell that there was more.
+class DigitCollector {
+ public:
+  void Add(char16_t digit);
+  void AddPoint() { afterPoint_ = true; }
+  /// True once any digit was added.
+  bool any() const { return any_; }
+  /// The number gathered, times 10 to the power `exponent`.
+  DecimalDigits Finish(std::int64_t exponent, bool negative);
+
+ private:
+  DecimalDigits number_;
+  bool any_ = false;
+  bool afterPoint_ = false;
+  bool more_ = false;
+};
+
+constexpr bool IsDigit(char16_t unit) {
+  return unit >= u'0' && unit <= u'9';
+}
+
+}  // namespace zorkanca
