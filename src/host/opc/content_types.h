@@ -3,7 +3,7 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace zorkanca {
@@ -23,17 +23,29 @@ class ContentTypes {
   /// Gives a part its own entry; an existing one is changed in place.
   void SetOverride(std::string_view part, std::string_view type);
   /// Gives an extension ("png", without point) its type, unless it has one.
-  void AddDefault(std::string_view extension, std::string_view type);
-  /// Drops a part's own entry. Its extension's stays.
-  void RemoveOverride(std::string_view part);
+  /// @return true when that changed the list
+  bool AddDefault(std::string_view extension, std::string_view type);
+  /// Drops a part's own entry. Its extension's stays. @return true when that changed the list
+  bool RemoveOverride(std::string_view part);
 
   std::string ToXml() const;
 
  private:
-  using Entry = std::pair<std::string, std::string>;  // extension or part, type
+  // Types by extension or by part, in the order of the file. A removed entry has no type.
+  struct List {
+    struct Entry {
+      std::string key;
+      std::string type;
+    };
+    const Entry* Find(std::string_view key) const;
+    void Set(std::string_view key, std::string_view type);
 
-  std::vector<Entry> defaults_;
-  std::vector<Entry> overrides_;
+    std::vector<Entry> entries;
+    std::unordered_map<std::string, std::size_t> index;  // lower-case key -> entry
+  };
+
+  List defaults_;
+  List overrides_;
 };
 
 }  // namespace zorkanca

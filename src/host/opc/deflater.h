@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "host/opc/part_sink.h"
 
@@ -31,11 +32,15 @@ class Deflater {
 
  private:
   struct State;
+  // Input is gathered to whole blocks, so that the result does not depend on the sizes of the pieces.
+  static constexpr std::size_t kBlock = 64 * 1024;
 
-  void Drain();
+  void Drain(bool last);
 
   PartSink& output_;
   std::unique_ptr<State> state_;
+  std::vector<unsigned char> input_;
+  std::size_t filled_ = 0;
   std::uint32_t crc_ = 0;
   std::uint64_t size_ = 0;
   std::uint64_t compressedSize_ = 0;

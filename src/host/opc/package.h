@@ -19,6 +19,7 @@
 #include "host/opc/part_sink.h"
 #include "host/opc/relationships.h"
 #include "host/opc/zip_reader.h"
+#include "host/opc/zip_writer.h"
 
 namespace zorkanca {
 
@@ -69,8 +70,9 @@ class Package {
   /// Removes a part, its content type and its own relationships; those that lead to it stay with their sources.
   /// A missing part is no error.
   void RemovePart(std::string_view part);
-  /// A name that no part has: the pattern with the lowest free number in place of "#", "/word/header#.xml".
-  std::string FreshPartName(std::string_view pattern) const;
+  /// A name that no part has and that was not given out before: the pattern with a number in place of "#",
+  /// "/word/header#.xml".
+  std::string FreshPartName(std::string_view pattern);
 
   /// The relationships of a part or of the package (`kRoot`); an empty list when there are none.
   /// Errors: 5 for a damaged list.
@@ -97,11 +99,14 @@ class Package {
   };
 
   const Item* Find(std::string_view part) const;
+  const Item& Require(std::string_view part) const;
+  void WriteItem(ZipWriter& writer, const Item& item) const;
   void Index();
 
   std::shared_ptr<const ZipReader> zip_;
   std::vector<Item> items_;
-  std::unordered_map<std::string, std::size_t> index_;  // lower-case part name -> item
+  std::unordered_map<std::string, std::size_t> index_;        // lower-case part name -> item
+  std::unordered_map<std::string, std::size_t> lastNumbers_;  // of fresh names, by pattern
   ContentTypes contentTypes_;
   bool contentTypesChanged_ = true;
 };

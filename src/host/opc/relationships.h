@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/opc/office_family.h"
+
 namespace zorkanca {
 
 /// One relationship.
@@ -19,9 +21,6 @@ struct Relationship {
   /// strict.
   bool Is(std::string_view kind) const;
 };
-
-/// The two families of URIs that documents use.
-enum class OfficeFamily { kTransitional, kStrict };
 
 /// The URI of an office relationship type by its last piece: "header" gives ".../relationships/header".
 std::string OfficeRelationshipType(std::string_view kind, OfficeFamily family);
@@ -70,11 +69,12 @@ class Relationships {
   std::string ToXml() const;
 
  private:
-  std::string FreshId();
+  void Append(Relationship relationship);
+  std::string AddTarget(std::string_view type, std::string target, bool external);
 
   std::string source_;
   std::vector<Relationship> all_;
-  std::size_t lastId_ = 0;  // highest number given out so far
+  std::size_t lastId_ = 0;  // highest number of an id "rId..." ever in the list
 };
 
 }  // namespace zorkanca

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/opc/relationships.h"
+#include "host/opc/office_family.h"
 
 namespace zorkanca {
 
@@ -39,8 +39,8 @@ std::string_view NamespaceUri(XmlSpace space, OfficeFamily family = OfficeFamily
 /// The vocabulary of a namespace.
 XmlSpace SpaceOf(std::string_view uri);
 
-/// The prefixes of one document, gathered once; every question is then a short comparison. A prefix that means
-/// different things in different places of a document is looked up each time, so answers are always exact.
+/// The prefixes of one document, gathered once from its tree; every question is then a short comparison. A prefix that
+/// means different things in different places of a document is looked up each time, so answers are always exact.
 class XmlNames {
  public:
   /// @param root  a document or an element; elements outside of it are not known
@@ -77,6 +77,7 @@ class XmlNames {
 
   void Gather(const pugi::xml_node& node);
   void Learn(std::string_view prefix, std::string_view uri);
+  const std::string* KnownPrefix(XmlSpace space, bool forAttribute) const;
   XmlSpace SpaceOfPrefix(const pugi::xml_node& node, std::string_view prefix) const;
 
   std::vector<Prefix> prefixes_;

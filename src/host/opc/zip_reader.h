@@ -24,7 +24,8 @@ struct ZipLimits {
 
 /// One entry of the directory. Its data lie at a checked place of the file.
 struct ZipEntry {
-  std::string name;          ///< as written: "word/document.xml"; a folder ends with "/"
+  std::string name;  ///< as written: "word/document.xml"; a folder ends with "/"
+  std::uint16_t flags = 0;
   std::uint16_t method = 0;  ///< 0 stored, 8 deflated
   std::uint32_t crc = 0;
   std::uint64_t compressedSize = 0;
