@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "host/word/text/story_map.h"
 #include "host/word/text/story_text.h"
 
 namespace zorkanca::word {
