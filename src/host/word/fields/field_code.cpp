@@ -78,9 +78,17 @@ class Scanner {
   // Paragraph ends outside of quotes are blanks.
   bool IsStructure(std::size_t i) const { return units_[i] == kNode && !Is(sources_[i], "zk:field"); }
 
+  // Passes a unit, or an escaped one with its backslash.
+  void Advance() {
+    if (units_[at_] == u'\\' && at_ + 1 < units_.size()) ++at_;
+    ++at_;
+  }
+
   CodeToken Quoted() {
+    const bool straight = units_[at_] == u'"';  // then typographic quotes inside are text
     const std::size_t start = ++at_;
-    while (at_ < units_.size() && !IsQuote(units_[at_])) at_ += units_[at_] == u'\\' && at_ + 1 < units_.size() ? 2 : 1;
+    const auto ends = [&](char16_t unit) { return straight ? unit == u'"' : IsQuote(unit); };
+    while (at_ < units_.size() && !ends(units_[at_])) Advance();
     CodeToken token = Cut(CodeToken::Kind::kArgument, start, std::min(at_, units_.size()));
     token.quoted = true;
     if (at_ < units_.size()) ++at_;
@@ -93,7 +101,7 @@ class Scanner {
       const char16_t unit = units_[i];
       return IsBlank(unit) || IsQuote(unit) || IsStructure(i) || (comparison_ && IsOperator(unit));
     };
-    while (at_ < units_.size() && !ends(at_)) at_ += units_[at_] == u'\\' && at_ + 1 < units_.size() ? 2 : 1;
+    while (at_ < units_.size() && !ends(at_)) Advance();
     return Cut(CodeToken::Kind::kArgument, start, at_);
   }
 
