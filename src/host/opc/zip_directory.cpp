@@ -48,7 +48,7 @@ class DirectoryReader {
  private:
   [[noreturn]] void Refuse(const std::string& reason) const { RaiseNotOfficeDocument(file_, reason); }
   [[noreturn]] void Refuse(const ZipEntry& entry, const std::string& reason) const {
-    RaiseBadPart(file_, entry.name, reason);
+    RaiseBadPart(file_, '/' + entry.name, reason);
   }
 
   Place FindDirectory() const {
@@ -177,7 +177,7 @@ class DirectoryReader {
     for (std::size_t i = 1; i < byOffset.size(); ++i) {
       const ZipEntry& before = *byOffset[i - 1];
       if (byOffset[i]->headerOffset < before.dataOffset + before.compressedSize) {
-        Refuse(*byOffset[i], "it overlaps " + before.name);
+        Refuse(*byOffset[i], "it overlaps /" + before.name);
       }
     }
   }

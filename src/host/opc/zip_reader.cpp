@@ -60,7 +60,7 @@ void ZipReader::ReadCompressed(const ZipEntry& entry, const Take& take) const {
     const std::size_t length =
         static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), entry.compressedSize - done));
     if (ReadFileAt(file_.get(), entry.dataOffset + done, block.data(), length) != length) {
-      RaiseBadPart(path_, entry.name, "its data end early");
+      RaiseBadPart(path_, '/' + entry.name, "its data end early");
     }
     take({block.data(), length});
     done += length;
@@ -77,14 +77,14 @@ void ZipReader::Read(const ZipEntry& entry, const Take& take) const {
   } else {
     Inflater inflater(take, entry.size);
     ReadCompressed(entry, [&](std::string_view bytes) {
-      if (!inflater.Append(bytes)) RaiseBadPart(path_, entry.name, "its compressed data are damaged");
+      if (!inflater.Append(bytes)) RaiseBadPart(path_, '/' + entry.name, "its compressed data are damaged");
     });
     if (!inflater.ended() || inflater.size() != entry.size) {
-      RaiseBadPart(path_, entry.name, "its compressed data are damaged");
+      RaiseBadPart(path_, '/' + entry.name, "its compressed data are damaged");
     }
     crc = inflater.crc();
   }
-  if (crc != entry.crc) RaiseBadPart(path_, entry.name, "its checksum is wrong");
+  if (crc != entry.crc) RaiseBadPart(path_, '/' + entry.name, "its checksum is wrong");
 }
 
 std::string ZipReader::Read(const ZipEntry& entry) const {
