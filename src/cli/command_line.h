@@ -3,8 +3,9 @@
 
 #include <CLI/App.hpp>
 #include <atomic>
-#include <cstdint>
+#include <cstdio>
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 #include "platform/platform.h"
@@ -44,6 +45,11 @@ using Command = std::function<int(const CommandContext&)>;
 void AddExportCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
+void AddBarcodeCommands(CLI::App& app, Command& chosen);
+void AddLogCommands(CLI::App& app, Command& chosen);
+
+/// All bytes that are left in a file. Errors: 57 when it cannot be read.
+std::string ReadToEnd(std::FILE* file);
 
 /// Prints a result, UTF-8 and a line end, on standard output.
 void PrintLine(TextView text);

@@ -1,6 +1,5 @@
 // Commands that export the rows of a query.
-#include <iostream>
-#include <iterator>
+#include <cstdio>
 #include <memory>
 
 #include "cli/command_line.h"
@@ -40,7 +39,7 @@ void AddQueryOptions(CLI::App& command, QueryOptions& query) {
 
 Text StatementOf(const QueryOptions& query) {
   if (query.select != "-") return FromUtf8(query.select);
-  return FromUtf8(std::string(std::istreambuf_iterator<char>(std::cin), {}));
+  return FromUtf8(ReadToEnd(stdin));
 }
 
 // A path given by the user means the current folder; to the library a bare name would mean the work folder.

@@ -27,21 +27,27 @@ Locale LocaleOf(const std::string& tag, Clock& clock) {
   return locale;
 }
 
+ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
+  if (options.yes) return ConsoleUserInterface::Answers::kYes;
+  return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
+}
+
 }  // namespace
 
 HostPlatform::HostPlatform(const GlobalOptions& options)
     : locale_(LocaleOf(options.locale, clock_)),
       files_(*locale_.codePage),
       registry_(HomeFolder(options)),
-      userInterface_(options.yes  ? QuestionAnswer::kYes
-                     : options.no ? QuestionAnswer::kNo
-                                  : QuestionAnswer::kAsk),
+      userInterface_(AnswersOf(options)),
+      environment_(HomeFolder(options), ZORKANCA_VERSION),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,
                 .shell = shell_,
                 .clock = clock_,
-                .locale = locale_} {}
+                .locale = locale_,
+                .eventLog = eventLog_,
+                .environment = environment_} {}
 
 std::string HomeFolder(const GlobalOptions& options) {
   if (!options.home.empty()) return options.home;

@@ -10,6 +10,8 @@
 #include "host/desktop/desktop_shell.h"
 #include "host/files/linux_file_system.h"
 #include "host/registry/file_registry.h"
+#include "host/system/linux_suite_environment.h"
+#include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
 
 namespace zorkanca::cli {
@@ -29,6 +31,8 @@ class HostPlatform {
   FileRegistry registry_;
   ConsoleUserInterface userInterface_;
   DesktopShell shell_;
+  SyslogEventLog eventLog_;
+  LinuxSuiteEnvironment environment_;
   Platform platform_;
 };
 

@@ -14,6 +14,17 @@
 
 namespace zorkanca::cli {
 
+std::string ReadToEnd(std::FILE* file) {
+  std::string bytes;
+  char block[16384];
+  for (std::size_t count = 1; count > 0;) {
+    count = std::fread(block, 1, sizeof block, file);
+    bytes.append(block, count);
+  }
+  if (std::ferror(file)) Raise(RuntimeError::kDeviceIo);
+  return bytes;
+}
+
 void PrintLine(TextView text) {
   const std::string line = ToUtf8(text) + "\n";
   std::fwrite(line.data(), 1, line.size(), stdout);
@@ -48,6 +59,8 @@ int Main(const std::vector<std::string>& arguments) {
   AddExportCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddBarcodeCommands(app, command);
+  AddLogCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first

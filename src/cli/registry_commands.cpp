@@ -1,10 +1,11 @@
 // Commands that show and change the registry of the home folder.
 #include <charconv>
-#include <fstream>
-#include <iterator>
+#include <cstdio>
 #include <memory>
+#include <vector>
 
 #include "cli/command_line.h"
+#include "host/files/atomic_file.h"
 #include "host/registry/reg_transfer.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -106,13 +107,26 @@ int List(const CommandContext& context, const RegistryOptions& options) {
 
 int Export(const CommandContext& context, const RegistryOptions& options) {
   const Text path = context.platform.files.GetAbsolutePathName(FromUtf8(options.file));
-  ExportRegistry(context.platform.registry, ToUtf8(path));
+  std::vector<RegistryPlace> places;
+  for (const RegistryHive hive :
+       {RegistryHive::kClassesRoot, RegistryHive::kCurrentUser, RegistryHive::kLocalMachine}) {
+    places.push_back({.hive = hive, .key = Text()});
+  }
+  AtomicFile file(ToUtf8(path), {});
+  file.Write(ExportRegistry(context.platform.registry, places));
+  file.Commit();
   PrintLine(path);
   return kDone;
 }
 
+std::string BytesOf(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
+  return ReadToEnd(file.get());
+}
+
 int Import(const CommandContext& context, const RegistryOptions& options) {
-  ImportRegistry(context.platform.registry, options.file);
+  ImportRegistry(context.platform.registry, BytesOf(options.file), FromUtf8(options.file));
   return kDone;
 }
 

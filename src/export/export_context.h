@@ -14,12 +14,12 @@ struct ExportContext {
   Platform platform;
   ZorOfficeEvents* events = nullptr;  ///< the caller's, may be null
 
-  Text workFolder;  ///< intermediate files go here, without a separator at its end
-  NumberSeparators separators;
-  OfficeSettings settings;
+  Text workFolder{};  ///< intermediate files go here, without a separator at its end
+  NumberSeparators separators{};
+  OfficeSettings settings{};
 
   float percentInterval = 1.0f;         ///< step of PercentDone in percent
-  Text multiplier;                      ///< query column that tells how often a record is written; empty: once
+  Text multiplier{};                    ///< query column that tells how often a record is written; empty: once
   std::int16_t blankRecordsBefore = 0;  ///< empty records before the data of the next export
   bool withinDataProcess = false;       ///< an export itself drives Word, document after document
 

@@ -16,10 +16,10 @@ namespace zorkanca {
 
 /// Optional arguments of HTMLExport under their published names; the texts are also outputs.
 struct HtmlExportArguments {
-  Text rsFieldNames;  ///< captions separated by ";"; empty after the header was written
+  Text rsFieldNames{};  ///< captions separated by ";"; empty after the header was written
   std::int16_t ri_rsOptions = 0;
-  Text rsSourceFile;  ///< output path; receives the path that was written, with the extension htm or html
-  Text rsTitle;
+  Text rsSourceFile{};  ///< output path; receives the path that was written, with the extension htm or html
+  Text rsTitle{};
   std::int16_t riTblBorder = 1;
   std::int16_t riTblCellPadding = 1;
   std::int16_t riTblCellSpacing = 0;

@@ -25,9 +25,7 @@ void MakeFolder(FileSystem& files, const Text& folder) {
 cZorOffice::cZorOffice(const Platform& platform)
     : context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
-               .separators = FindNumberSeparators(platform.locale),
-               .settings = {},
-               .multiplier = {}} {
+               .separators = FindNumberSeparators(platform.locale)} {
   FileSystem& files = platform.files;
   MakeFolder(files, context_.workFolder);
   files.ClearFolder(context_.workFolder, u"*.tmp");

@@ -2,9 +2,9 @@
 
 namespace zorkanca {
 
-Text ArgumentDetails(std::initializer_list<NamedArgument> arguments) {
+Text ArgumentDetails::operator()() const {
   Text details;
-  for (const NamedArgument& argument : arguments) {
+  for (const NamedArgument& argument : arguments_) {
     if (!details.empty()) details.append(u"; ");
     details.append(argument.name).append(u" = ");
     if (const TextView* text = std::get_if<TextView>(&argument.value)) {

@@ -21,43 +21,36 @@ void ArgumentError::RaiseArgumentError(TextView argumentName, TextView argumentV
                                        TextView sourceFunctionName) const {
   Text description = Guarded(
       u"ArgumentError.RaiseArgumentError",
-      [&] {
-        return ArgumentDetails({{u"argumentName", argumentName},
-                                {u"argumentValue", argumentValue},
-                                {u"expectedText", expectedText},
-                                {u"sourceFunctionName", sourceFunctionName}});
-      },
+      ArgumentDetails({{u"argumentName", argumentName},
+                       {u"argumentValue", argumentValue},
+                       {u"expectedText", expectedText},
+                       {u"sourceFunctionName", sourceFunctionName}}),
       [&] { return BuildArgumentErrorDescription(argumentName, argumentValue, expectedText, sourceFunctionName); });
   throw Error(ArgumentErrorCode, Text(sourceFunctionName), std::move(description));
 }
 
 void ArgumentError::RaiseArgumentIsNothingError(TextView argumentName, TextView functionName) const {
-  Text description = Guarded(
-      u"ArgumentError.RaiseArgumentIsNothingError",
-      [&] {
-        return ArgumentDetails({{u"argumentName", argumentName}, {u"functionName", functionName}});
-      },
-      [&] { return BuildArgumentIsNothingDescription(argumentName, functionName); });
+  Text description = Guarded(u"ArgumentError.RaiseArgumentIsNothingError",
+                             ArgumentDetails({{u"argumentName", argumentName}, {u"functionName", functionName}}),
+                             [&] { return BuildArgumentIsNothingDescription(argumentName, functionName); });
   throw Error(ArgumentErrorCode, Text(functionName), std::move(description));
 }
 
 Text ArgumentError::BuildArgumentErrorDescription(TextView argumentName, TextView argumentValue, TextView expectedText,
                                                   TextView sourceFunctionName) const {
-  return Guarded(
-      u"ArgumentError.BuildArgumentErrorDescription",
-      [&] {
-        return ArgumentDetails({{u"argumentName", argumentName},
-                                {u"argumentValue", argumentValue},
-                                {u"expectedText", expectedText},
-                                {u"sourceFunctionName", sourceFunctionName}});
-      },
-      [&] {
-        Text description = ErrorRoutines::BuildUnexpectedValueErrorDescription(argumentValue, argumentName, {});
-        description.append(kCrLf).append(ErrorRoutines::BuildDetailsText(u"Očekáváno", expectedText));
-        description.append(kCrLf).append(kCrLf).append(sourceFunctionName);
-        if (!SourceInfoText.empty()) description.append(kCrLf).append(kCrLf).append(SourceInfoText);
-        return description;
-      });
+  return Guarded(u"ArgumentError.BuildArgumentErrorDescription",
+                 ArgumentDetails({{u"argumentName", argumentName},
+                                  {u"argumentValue", argumentValue},
+                                  {u"expectedText", expectedText},
+                                  {u"sourceFunctionName", sourceFunctionName}}),
+                 [&] {
+                   Text description =
+                       ErrorRoutines::BuildUnexpectedValueErrorDescription(argumentValue, argumentName, {});
+                   description.append(kCrLf).append(ErrorRoutines::BuildDetailsText(u"Očekáváno", expectedText));
+                   description.append(kCrLf).append(kCrLf).append(sourceFunctionName);
+                   if (!SourceInfoText.empty()) description.append(kCrLf).append(kCrLf).append(SourceInfoText);
+                   return description;
+                 });
 }
 
 Text ArgumentError::BuildArgumentIsNothingDescription(TextView argumentName, TextView functionName) const {

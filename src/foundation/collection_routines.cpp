@@ -32,24 +32,16 @@ void CollectionRoutines::AddTo(Collection& target, const Collection& source) {
 }
 
 Collection CollectionRoutines::CopyFrom(const Collection& source, std::int32_t startIndex) {
-  return Guarded(
-      u"CollectionRoutines.CopyFrom",
-      [&] {
-        return ArgumentDetails({{u"startIndex", startIndex}});
-      },
-      [&] { return Part(source, startIndex, std::numeric_limits<std::size_t>::max()); });
+  return Guarded(u"CollectionRoutines.CopyFrom", ArgumentDetails({{u"startIndex", startIndex}}),
+                 [&] { return Part(source, startIndex, std::numeric_limits<std::size_t>::max()); });
 }
 
 Collection CollectionRoutines::CopyFromWithLength(const Collection& source, std::int32_t startIndex,
                                                   std::int32_t length) {
   constexpr TextView kName = u"CollectionRoutines.CopyFromWithLength";
   if (length < 0) ArgumentError().RaiseArgumentError(u"length", DecimalText(length), u"Nezáporné číslo", kName);
-  return Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"startIndex", startIndex}, {u"length", length}});
-      },
-      [&] { return Part(source, startIndex, static_cast<std::size_t>(length)); });
+  return Guarded(kName, ArgumentDetails({{u"startIndex", startIndex}, {u"length", length}}),
+                 [&] { return Part(source, startIndex, static_cast<std::size_t>(length)); });
 }
 
 std::vector<Collection> CollectionRoutines::Split(const Collection& source, std::int32_t partLength) {

@@ -2,9 +2,9 @@
 //
 //   Text StringRoutines::StrDup(std::int32_t number, TextView text) {
 //     ...checks of arguments, whose errors reach the caller as they are...
-//     return Guarded(
-//         u"StringRoutines.StrDup", [&] { return ArgumentDetails({{u"number", number}, {u"text", text}}); },
-//         [&] { ...body... });
+//     return Guarded(u"StringRoutines.StrDup", ArgumentDetails({{u"number", number}, {u"text", text}}), [&] {
+//       ...body...
+//     });
 //   }
 //
 // An error that crosses two guarded operations names both in its source, the outer one first. Operations whose body
@@ -15,6 +15,11 @@
 #include "runtime/text.h"
 
 namespace zorkanca {
+
+/// Details of an operation that has no arguments.
+inline Text NoArguments() {
+  return {};
+}
 
 /// Runs the body and gives its result; whatever it raises is raised again as an internal error.
 /// @param name     "Class.Operation", the prefix of the class as the error sources have it

@@ -15,18 +15,15 @@ void InvalidOperationErr::RaiseError(TextView errorDescription, TextView sourceF
   const ArgumentError argumentError;
   argumentError.StringArgumentMustNotBeBlank(errorDescription, u"errorDescription", kName);
   argumentError.StringArgumentMustNotBeBlank(sourceFunctionName, u"sourceFunctionName", kName);
-  throw Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"errorDescription", errorDescription},
-                                {u"sourceFunctionName", sourceFunctionName},
-                                {u"details", details}});
-      },
-      [&] {
-        return Error(InvalidOperationErrorCode,
-                     ErrorRoutines::BuildErrorSourceText(kApplicationName, sourceFunctionName),
-                     BuildDescription(errorDescription, details));
-      });
+  throw Guarded(kName,
+                ArgumentDetails({{u"errorDescription", errorDescription},
+                                 {u"sourceFunctionName", sourceFunctionName},
+                                 {u"details", details}}),
+                [&] {
+                  return Error(InvalidOperationErrorCode,
+                               ErrorRoutines::BuildErrorSourceText(kApplicationName, sourceFunctionName),
+                               BuildDescription(errorDescription, details));
+                });
 }
 
 Text InvalidOperationErr::BuildDescription(TextView errorDescription, TextView details) {

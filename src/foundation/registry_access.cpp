@@ -49,10 +49,8 @@ Text RegistryAccess::ReadValue(RegistryHive rootKey, TextView keyPath, TextView 
                                TextView defaultValue) const {
   return Guarded(
       u"RegistryAccess.ReadValue",
-      [&] {
-        return ArgumentDetails(
-            {{u"rootKey", static_cast<std::int64_t>(rootKey)}, {u"keyPath", keyPath}, {u"valueName", valueName}});
-      },
+      ArgumentDetails(
+          {{u"rootKey", static_cast<std::int64_t>(rootKey)}, {u"keyPath", keyPath}, {u"valueName", valueName}}),
       [&] { return ReadText(registry_, rootKey, keyPath, valueName, defaultValue); });
 }
 
@@ -64,23 +62,16 @@ void RegistryAccess::SetApplicationName(TextView name) {
 void RegistryAccess::SaveSetting(TextView section, TextView key, TextView value) const {
   constexpr TextView kName = u"RegistryAccess.SaveSetting";
   CheckSetting(section, key, kName);
-  Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"section", section}, {u"key", key}, {u"value", value}});
-      },
-      [&] { registry_.Write(RegistryHive::kCurrentUser, SectionPath(section), key, Text(value)); });
+  Guarded(kName, ArgumentDetails({{u"section", section}, {u"key", key}, {u"value", value}}),
+          [&] { registry_.Write(RegistryHive::kCurrentUser, SectionPath(section), key, Text(value)); });
 }
 
 Text RegistryAccess::GetSetting(TextView section, TextView key, TextView defaultValue) const {
   constexpr TextView kName = u"RegistryAccess.GetSetting";
   CheckSetting(section, key, kName);
-  return Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"section", section}, {u"key", key}});
-      },
-      [&] { return ReadText(registry_, RegistryHive::kCurrentUser, SectionPath(section), key, defaultValue); });
+  return Guarded(kName, ArgumentDetails({{u"section", section}, {u"key", key}}), [&] {
+    return ReadText(registry_, RegistryHive::kCurrentUser, SectionPath(section), key, defaultValue);
+  });
 }
 
 void RegistryAccess::CheckSetting(TextView section, TextView key, TextView sourceFunctionName) const {

@@ -9,24 +9,15 @@
 namespace zorkanca {
 
 const Text& StringCollection::Item(std::int32_t index) const {
-  return items_[Guarded(
-      u"StringCollection.Item",
-      [&] {
-        return ArgumentDetails({{u"index", index}});
-      },
-      [&] { return OffsetOf(index); })];
+  return items_[Guarded(u"StringCollection.Item", ArgumentDetails({{u"index", index}}),
+                        [&] { return OffsetOf(index); })];
 }
 
 void StringCollection::AddBefore(TextView value, std::int32_t beforeIndex) {
-  Guarded(
-      u"StringCollection.AddBefore",
-      [&] {
-        return ArgumentDetails({{u"value", value}, {u"beforeIndex", beforeIndex}});
-      },
-      [&] {
-        const auto offset = static_cast<std::ptrdiff_t>(OffsetOf(beforeIndex));
-        items_.insert(items_.begin() + offset, Text(value));
-      });
+  Guarded(u"StringCollection.AddBefore", ArgumentDetails({{u"value", value}, {u"beforeIndex", beforeIndex}}), [&] {
+    const auto offset = static_cast<std::ptrdiff_t>(OffsetOf(beforeIndex));
+    items_.insert(items_.begin() + offset, Text(value));
+  });
 }
 
 void StringCollection::AddIfNotBlank(TextView value) {
@@ -42,12 +33,8 @@ void StringCollection::AddValues(const std::vector<Text>& values) {
 }
 
 void StringCollection::Remove(std::int32_t index) {
-  Guarded(
-      u"StringCollection.Remove",
-      [&] {
-        return ArgumentDetails({{u"index", index}});
-      },
-      [&] { items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(OffsetOf(index))); });
+  Guarded(u"StringCollection.Remove", ArgumentDetails({{u"index", index}}),
+          [&] { items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(OffsetOf(index))); });
 }
 
 void StringCollection::ReplaceForEach(TextView find, TextView replacement) {

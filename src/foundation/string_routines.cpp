@@ -1,6 +1,5 @@
 #include "foundation/string_routines.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <variant>
 
@@ -43,21 +42,17 @@ Text StringRoutines::RemoveBracketedText(TextView text) {
 }
 
 Text StringRoutines::FormatName(TextView singleWordName) {
-  return UpperCase(singleWordName.substr(0, 1))
-      .append(LowerCase(singleWordName.substr(IsEmpty(singleWordName) ? 0 : 1)));
+  Text name = LowerCase(singleWordName);
+  if (!name.empty()) name.front() = UpperCase(singleWordName.front());
+  return name;
 }
 
 Text StringRoutines::FormatNameValue(TextView name, const Value& value, const Locale& locale) {
-  return Guarded(
-      u"StringRoutines.FormatNameValue",
-      [&] {
-        return ArgumentDetails({{u"name", name}});
-      },
-      [&] {
-        const Text shown = VariantConvertor::ToString(value, locale);
-        const bool isText = std::holds_alternative<Text>(value);
-        return Text(name).append(u" = ").append(isText ? EncloseWithQuotes(shown) : shown);
-      });
+  return Guarded(u"StringRoutines.FormatNameValue", ArgumentDetails({{u"name", name}}), [&] {
+    const Text shown = VariantConvertor::ToString(value, locale);
+    const bool isText = std::holds_alternative<Text>(value);
+    return Text(name).append(u" = ").append(isText ? EncloseWithQuotes(shown) : shown);
+  });
 }
 
 Text StringRoutines::TrimStart(TextView value, TextView toRemove) {
@@ -77,37 +72,23 @@ Text StringRoutines::PadRight(TextView value, std::int32_t totalLength) {
         InvalidOperationErrorCode, Text(kName),
         Text(u"Hodnota \"totalLength\" nesmí být záporné číslo [").append(DecimalText(totalLength)).append(u"]."));
   }
-  return Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"value", value}, {u"totalLength", totalLength}});
-      },
-      [&] {
-        Text padded(value);
-        const auto length = static_cast<std::size_t>(totalLength);
-        if (length > padded.size()) padded.resize(length, u' ');
-        return padded;
-      });
+  return Guarded(kName, ArgumentDetails({{u"value", value}, {u"totalLength", totalLength}}), [&] {
+    Text padded(value);
+    const auto length = static_cast<std::size_t>(totalLength);
+    if (length > padded.size()) padded.resize(length, u' ');
+    return padded;
+  });
 }
 
 Text StringRoutines::StrDup(std::int32_t number, TextView text) {
   constexpr TextView kName = u"StringRoutines.StrDup";
   if (number < 0) ArgumentError().RaiseArgumentError(u"number", DecimalText(number), u"Nezáporné číslo", kName);
-  return Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"number", number}, {u"text", text}});
-      },
-      [&] {
-        // A length beyond all memory is refused here, before the first copy.
-        if (text.size() > Text().max_size() / std::max<std::size_t>(1, static_cast<std::size_t>(number))) {
-          Raise(RuntimeError::kOutOfMemory);
-        }
-        Text repeated;
-        repeated.reserve(text.size() * static_cast<std::size_t>(number));
-        for (std::int32_t count = 0; count < number; ++count) repeated.append(text);
-        return repeated;
-      });
+  return Guarded(kName, ArgumentDetails({{u"number", number}, {u"text", text}}), [&] {
+    Text repeated;
+    repeated.reserve(text.size() * static_cast<std::size_t>(number));
+    for (std::int32_t count = 0; count < number; ++count) repeated.append(text);
+    return repeated;
+  });
 }
 
 }  // namespace zorkanca

@@ -24,12 +24,7 @@ Text WithLinesIndented(TextView text, std::int32_t count) {
 /// Guards an operation whose arguments worth knowing are one text, under its parameter's name, and the indentation.
 template <typename Body>
 auto GuardedIndented(TextView name, const NamedArgument& text, std::int32_t indent, const Body& body) {
-  return Guarded(
-      name,
-      [&] {
-        return ArgumentDetails({text, {u"indent", indent}});
-      },
-      body);
+  return Guarded(name, ArgumentDetails({text, {u"indent", indent}}), body);
 }
 
 }  // namespace
@@ -39,15 +34,10 @@ void TextBuilder::Append(TextView text, std::int32_t indent) {
 }
 
 void TextBuilder::AppendNewLine(std::int32_t indent) {
-  Guarded(
-      u"TextBuilder.AppendNewLine",
-      [&] {
-        return ArgumentDetails({{u"indent", indent}});
-      },
-      [&] {
-        const Text tabs = Tabs(indent);
-        text_.append(kCrLf).append(tabs);
-      });
+  Guarded(u"TextBuilder.AppendNewLine", ArgumentDetails({{u"indent", indent}}), [&] {
+    const Text tabs = Tabs(indent);
+    text_.append(kCrLf).append(tabs);
+  });
 }
 
 void TextBuilder::AppendLine(TextView text, std::int32_t indent) {
@@ -74,12 +64,8 @@ void TextBuilder::AppendIfNotBlank(TextView text) {
 }
 
 void TextBuilder::IncreaseIndentation(std::int32_t count) {
-  Guarded(
-      u"TextBuilder.IncreaseIndentation",
-      [&] {
-        return ArgumentDetails({{u"count", count}});
-      },
-      [&] { text_ = WithLinesIndented(text_, count); });
+  Guarded(u"TextBuilder.IncreaseIndentation", ArgumentDetails({{u"count", count}}),
+          [&] { text_ = WithLinesIndented(text_, count); });
 }
 
 void TextBuilder::AppendParagraph(TextView text, std::int32_t indent) {
@@ -92,31 +78,23 @@ void TextBuilder::AppendParagraph(TextView text, std::int32_t indent) {
 
 void TextBuilder::AppendTextBuilder(const TextBuilder* other, std::int32_t indent) {
   if (other == nullptr) return;
-  Guarded(
-      u"TextBuilder.AppendTextBuilder",
-      [&] {
-        return ArgumentDetails({{u"indent", indent}});
-      },
-      [&] { AppendParagraph(other->text_, indent); });
+  Guarded(u"TextBuilder.AppendTextBuilder", ArgumentDetails({{u"indent", indent}}),
+          [&] { AppendParagraph(other->text_, indent); });
 }
 
 void TextBuilder::AppendOptionalPartsDelimited(TextView first, TextView delimiter, TextView second,
                                                std::int32_t indent) {
-  Guarded(
-      u"TextBuilder.AppendOptionalPartsDelimited",
-      [&] {
-        return ArgumentDetails(
-            {{u"first", first}, {u"delimiter", delimiter}, {u"second", second}, {u"indent", indent}});
-      },
-      [&] {
-        TextBuilder parts;
-        parts.AppendIfNotBlank(first);
-        if (StringRoutines::IsNotBlank(second)) {
-          parts.AppendIfMeContainsText(delimiter);
-          parts.Append(second);
-        }
-        AppendTextBuilder(&parts, indent);
-      });
+  Guarded(u"TextBuilder.AppendOptionalPartsDelimited",
+          ArgumentDetails({{u"first", first}, {u"delimiter", delimiter}, {u"second", second}, {u"indent", indent}}),
+          [&] {
+            TextBuilder parts;
+            parts.AppendIfNotBlank(first);
+            if (StringRoutines::IsNotBlank(second)) {
+              parts.AppendIfMeContainsText(delimiter);
+              parts.Append(second);
+            }
+            AppendTextBuilder(&parts, indent);
+          });
 }
 
 void TextBuilder::AppendNameValue(TextView name, const Value& value, const Locale& locale, std::int32_t indent) {
@@ -131,19 +109,14 @@ void TextBuilder::AppendNameValueLine(TextView name, const Value& value, const L
 
 Text TextBuilder::BuildSeparatedValuesString(const std::vector<Value>& values, TextView separator,
                                              const Locale& locale) {
-  return Guarded(
-      u"TextBuilder.BuildSeparatedValuesString",
-      [&] {
-        return ArgumentDetails({{u"separator", separator}});
-      },
-      [&] {
-        Text list;
-        for (const Value& value : values) {
-          if (&value != &values.front()) list.append(separator);
-          list.append(VariantConvertor::ToString(value, locale));
-        }
-        return list;
-      });
+  return Guarded(u"TextBuilder.BuildSeparatedValuesString", ArgumentDetails({{u"separator", separator}}), [&] {
+    Text list;
+    for (const Value& value : values) {
+      if (&value != &values.front()) list.append(separator);
+      list.append(VariantConvertor::ToString(value, locale));
+    }
+    return list;
+  });
 }
 
 void TextBuilder::AppendSeparatedValues(const std::vector<Value>& values, TextView separator, const Locale& locale,

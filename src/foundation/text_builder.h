@@ -11,7 +11,8 @@
 
 namespace zorkanca {
 
-/// In all operations `indent` and `count` are numbers of TABs.
+/// In all operations `indent` and `count` are numbers of TABs. A text that is appended must not be a view of the
+/// builder's own text.
 /// Errors of all that take one: internal error when it is negative.
 class TextBuilder {
  public:

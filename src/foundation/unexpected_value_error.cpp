@@ -24,7 +24,7 @@ void UnexpectedValueError::RaiseUnexpectedValueError(TextView valueName, TextVie
         return ArgumentDetails({{u"valueName", valueName},
                                 {u"value", value},
                                 {u"sourceFunctionName", sourceFunctionName},
-                                {u"details", details}})
+                                {u"details", details}})()
             .append(u".");
       },
       [&] { return BuildDescription(valueName, value, details); });

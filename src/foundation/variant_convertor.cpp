@@ -1,7 +1,7 @@
 #include "foundation/variant_convertor.h"
 
-#include "foundation/argument_details.h"
 #include "foundation/guarded.h"
+#include "foundation/string_routines.h"
 #include "foundation/unexpected_value_error.h"
 #include "foundation/value_array.h"
 #include "runtime/convert.h"
@@ -46,10 +46,7 @@ std::optional<std::int32_t> VariantConvertor::ToNullableLong(const Value& value,
                                                     u"Očekáváno číslo nebo Null");
   }
   return Guarded(
-      kName,
-      [&] {
-        return ArgumentDetails({{u"value", ToString(value, locale)}});
-      },
+      kName, [&] { return StringRoutines::FormatNameValue(u"value", value, locale); },
       [&] { return std::optional(ToLong(value, locale)); });
 }
 

@@ -1,5 +1,7 @@
 #include "host/system_clock.h"
 
+#include <unistd.h>
+
 #include <ctime>
 
 namespace zorkanca {
@@ -16,6 +18,10 @@ Date LocalDate(std::int64_t secondsSince1970) {
 
 Date SystemClock::Now() {
   return LocalDate(std::time(nullptr));
+}
+
+std::int64_t SystemClock::ThreadId() {
+  return gettid();
 }
 
 }  // namespace zorkanca

@@ -10,6 +10,7 @@ namespace zorkanca {
 class SystemClock final : public Clock {
  public:
   Date Now() override;
+  std::int64_t ThreadId() override;
 };
 
 /// The serial of a point in time as the local time zone shows it.

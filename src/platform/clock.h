@@ -1,5 +1,7 @@
-// Time as the product sees it.
+// Time as the product sees it, and the thread whose time it is.
 #pragma once
+
+#include <cstdint>
 
 #include "runtime/value.h"
 
@@ -10,6 +12,8 @@ class Clock {
   virtual ~Clock() = default;
   /// Local date and time, to the second.
   virtual Date Now() = 0;
+  /// The system's number of the calling thread.
+  virtual std::int64_t ThreadId() = 0;
 };
 
 }  // namespace zorkanca

@@ -3,9 +3,11 @@
 
 #include "platform/clock.h"
 #include "platform/database.h"
+#include "platform/event_log.h"
 #include "platform/file_system.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
+#include "platform/suite_environment.h"
 #include "platform/user_interface.h"
 #include "runtime/locale.h"
 
@@ -19,9 +21,13 @@ struct Platform {
   Shell& shell;
   Clock& clock;
   const Locale& locale;
+  EventLog& eventLog;
+  SuiteEnvironment& environment;
 
   /// The same computer with another desktop.
-  Platform With(Shell& otherShell) const { return {files, registry, userInterface, otherShell, clock, locale}; }
+  Platform With(Shell& otherShell) const {
+    return {files, registry, userInterface, otherShell, clock, locale, eventLog, environment};
+  }
 };
 
 }  // namespace zorkanca

@@ -68,15 +68,13 @@ DateParts Disassemble(Date date) {
   const double time = std::fabs(date.serial - day);
   auto seconds = static_cast<std::int32_t>(time * kSecondsOfDay + 0.5);
   if (seconds == kSecondsOfDay) {
-    if (day < kLastDay) {
-      ++day;
-      seconds = 0;
-    } else {
-      --seconds;  // the calendar ends here
-    }
+    const bool calendarEnds = day == kLastDay;
+    day += calendarEnds ? 0 : 1;
+    seconds = calendarEnds ? seconds - 1 : 0;
   }
   DateParts parts;
   SetDay(parts, day);
+  if (seconds == 0) return parts;
   parts.hour = seconds / 3600;
   parts.minute = seconds / 60 % 60;
   parts.second = seconds % 60;

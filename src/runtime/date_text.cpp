@@ -1,6 +1,7 @@
 #include "runtime/date_text.h"
 
 #include "runtime/pattern_text.h"
+#include "runtime/text_sink.h"
 
 namespace zorkanca {
 
@@ -14,40 +15,34 @@ bool StartsWithWord(TextView pattern, TextView lowerWord) {
   return true;
 }
 
-void AppendPadded(Text& text, std::int32_t number, int width) {
-  char16_t digits[8];
-  char16_t* const end = digits + 8;
-  char16_t* first = end;
-  for (; number > 0 || width > 0; number /= 10, --width) *--first = static_cast<char16_t>(u'0' + number % 10);
-  text.append(first, end);
-}
-
 // Walks a pattern once and writes. A pattern of the locale is written by a writer of its own, in which the letters that
 // stand for such patterns mean nothing: no locale can make them call each other.
 class DateWriter {
  public:
-  DateWriter(Text& text, const DateParts& date, const Locale& locale, bool twelveHours)
-      : text_(text), date_(date), locale_(locale), twelveHours_(twelveHours) {}
+  DateWriter(TextSink& sink, const DateParts& date, const Locale& locale, bool twelveHours)
+      : sink_(sink), date_(date), locale_(locale), twelveHours_(twelveHours) {}
 
   void Write(TextView pattern) {
-    TextView literal;
-    while (!pattern.empty()) {
-      if (TakeLiteral(pattern, literal)) {
-        text_.append(literal);
-      } else {
-        pattern.remove_prefix(WriteNext(pattern));
-      }
-    }
+    while (!pattern.empty()) pattern.remove_prefix(WriteNext(pattern));
   }
 
+  // The time alone, the date alone, or both.
+  void WriteGeneral() {
+    const bool timeAlone = date_.year == 1899 && date_.month == 12 && date_.day == 30;
+    const bool midnight = date_.hour == 0 && date_.minute == 0 && date_.second == 0;
+    if (!timeAlone) WriteOfLocale(DatePattern(locale_.shortDate), locale_.monthNames);
+    if (!timeAlone && !midnight) sink_.Put(u' ');
+    if (timeAlone || !midnight) WriteOfLocale(DatePattern(locale_.longTime), locale_.monthNames);
+  }
+
+ private:
   void WriteOfLocale(const DatePattern& pattern, const std::array<Text, 12>& monthNames) {
-    DateWriter writer(text_, date_, locale_, pattern.twelveHours);
+    DateWriter writer(sink_, date_, locale_, pattern.twelveHours);
     writer.ofLocale_ = true;
     writer.monthNames_ = &monthNames;
     writer.Write(pattern.text);
   }
 
- private:
   // Writes the first element of the pattern; returns its length.
   std::size_t WriteNext(TextView pattern) {
     switch (AsciiLower(pattern.front())) {
@@ -70,32 +65,43 @@ class DateWriter {
       case u't':
         return WriteLongTime(pattern);
       case u'c':
-        return WriteGeneral(pattern);
+        return WriteGeneralLetter(pattern);
       case u'a':
         return WriteHalfOfDay(pattern);
       case u'/':
-        text_.append(locale_.dateSeparator);
+        sink_.Put(locale_.dateSeparator);
         return 1;
       case u':':
-        text_.append(locale_.timeSeparator);
+        sink_.Put(locale_.timeSeparator);
         return 1;
+      case u'"':
+      case u'\\':
+        return WriteMarkedLiteral(pattern);
       default:
         return WriteLiteral(pattern);
     }
   }
 
+  std::size_t WriteMarkedLiteral(TextView pattern) {
+    TextView rest = pattern;
+    TextView literal;
+    TakeLiteral(rest, literal);
+    sink_.Put(literal);
+    return pattern.size() - rest.size();
+  }
+
   std::size_t WriteLiteral(TextView pattern) {
-    text_.push_back(pattern.front());
+    sink_.Put(pattern.front());
     return 1;
   }
 
-  // A number without leading zero, or with one for two letters.
+  void PutDigit(std::int32_t digit) { sink_.Put(static_cast<char16_t>(u'0' + digit)); }
+
+  // A number below 1000 without leading zeros, or in two digits for two letters.
   std::size_t WriteNumber(std::int32_t number, std::size_t letters) {
-    if (number < 10 && letters == 1) {
-      text_.push_back(static_cast<char16_t>(u'0' + number));
-    } else {
-      AppendPadded(text_, number, static_cast<int>(letters));
-    }
+    if (number >= 100) PutDigit(number / 100);
+    if (number >= 10 || letters == 2) PutDigit(number / 10 % 10);
+    PutDigit(number % 10);
     return letters;
   }
 
@@ -105,9 +111,9 @@ class DateWriter {
     if (letters <= 2) {
       WriteNumber(date_.day, letters);
     } else if (letters == 3) {
-      text_.append(locale_.dayAbbreviations[weekday]);
+      sink_.Put(locale_.dayAbbreviations[weekday]);
     } else if (letters == 4) {
-      text_.append(locale_.dayNames[weekday]);
+      sink_.Put(locale_.dayNames[weekday]);
     } else if (letters == 5) {
       WriteOfLocale(DatePattern(locale_.shortDate), locale_.monthNames);
     } else {
@@ -119,9 +125,9 @@ class DateWriter {
   std::size_t WriteMonthOrMinute(std::size_t letters) {
     const auto month = static_cast<std::size_t>(date_.month - 1);
     if (letters == 3) {
-      text_.append(locale_.monthAbbreviations[month]);
+      sink_.Put(locale_.monthAbbreviations[month]);
     } else if (letters == 4) {
-      text_.append((*monthNames_)[month]);
+      sink_.Put((*monthNames_)[month]);
     } else if (afterHour_ && !minuteWritten_) {
       return WriteMinute(letters);
     } else {
@@ -134,7 +140,8 @@ class DateWriter {
   std::size_t WriteYear(std::size_t letters) {
     if (letters == 1) return WriteNumber(date_.dayOfYear, 1);
     if (letters == 4) {
-      AppendPadded(text_, date_.year, 4);
+      WriteNumber(date_.year / 100, 2);
+      WriteNumber(date_.year % 100, 2);
       return 4;
     }
     return WriteNumber(date_.year % 100, 2);
@@ -166,9 +173,9 @@ class DateWriter {
     return kLetters;
   }
 
-  std::size_t WriteGeneral(TextView pattern) {
+  std::size_t WriteGeneralLetter(TextView pattern) {
     if (ofLocale_) return WriteLiteral(pattern);
-    AppendDate(text_, date_, locale_);
+    WriteGeneral();
     return 1;
   }
 
@@ -180,19 +187,19 @@ class DateWriter {
       case HalfOfDayWord::kNone:
         return WriteLiteral(pattern);
       case HalfOfDayWord::kAmPm:
-        text_.append(lower ? (morning ? u"am" : u"pm") : (morning ? u"AM" : u"PM"));
+        sink_.Put(lower ? (morning ? u"am" : u"pm") : (morning ? u"AM" : u"PM"));
         break;
       case HalfOfDayWord::kShort:
-        text_.append(lower ? (morning ? u"a" : u"p") : (morning ? u"A" : u"P"));
+        sink_.Put(lower ? (morning ? u"a" : u"p") : (morning ? u"A" : u"P"));
         break;
       case HalfOfDayWord::kOfLocale:
-        text_.append(morning ? locale_.morning : locale_.afternoon);
+        sink_.Put(morning ? locale_.morning : locale_.afternoon);
         break;
     }
     return length;
   }
 
-  Text& text_;
+  TextSink& sink_;
   const DateParts& date_;
   const Locale& locale_;
   const std::array<Text, 12>* monthNames_ = &locale_.monthNames;
@@ -234,16 +241,15 @@ HalfOfDayWord ReadHalfOfDayWord(TextView pattern, std::size_t& length) {
 DatePattern::DatePattern(TextView pattern) : text(pattern), twelveHours(NamesHalfOfDay(pattern)) {}
 
 void AppendDate(Text& text, const DateParts& date, const DatePattern& pattern, const Locale& locale) {
-  DateWriter(text, date, locale, pattern.twelveHours).Write(pattern.text);
+  TextSink sink(text);
+  DateWriter(sink, date, locale, pattern.twelveHours).Write(pattern.text);
+  sink.Flush();
 }
 
 void AppendDate(Text& text, const DateParts& date, const Locale& locale) {
-  DateWriter writer(text, date, locale, false);
-  const bool timeAlone = date.year == 1899 && date.month == 12 && date.day == 30;
-  const bool midnight = date.hour == 0 && date.minute == 0 && date.second == 0;
-  if (!timeAlone) writer.WriteOfLocale(DatePattern(locale.shortDate), locale.monthNames);
-  if (!timeAlone && !midnight) text.push_back(u' ');
-  if (timeAlone || !midnight) writer.WriteOfLocale(DatePattern(locale.longTime), locale.monthNames);
+  TextSink sink(text);
+  DateWriter(sink, date, locale, false).WriteGeneral();
+  sink.Flush();
 }
 
 }  // namespace zorkanca

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 namespace zorkanca {
 
@@ -33,18 +32,29 @@ bool SetAmount(DecimalDigits& number, double magnitude) {
   return true;
 }
 
+// Takes over digits and exponent of the form d.ddde+nn.
+void ReadScientific(DecimalDigits& number, const char* text, const char* end) {
+  const char* const mark = std::find(text, end, 'e');
+  number.digits[0] = text[0];
+  number.count = 1;
+  for (const char* digit = text + 2; digit < mark; ++digit) number.digits[number.count++] = *digit;
+  int exponent = 0;
+  std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, exponent);
+  number.point = exponent + 1;
+  StripTrailingZeros(number);
+}
+
 // The shortest digits that lead back to the same Double.
 void SetShortest(DecimalDigits& number, double magnitude) {
   char text[32];
-  const std::to_chars_result end = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific);
-  const char* const exponentMark = std::find(static_cast<const char*>(text), static_cast<const char*>(end.ptr), 'e');
-  number.digits[0] = text[0];
-  number.count = 1;
-  for (const char* digit = text + 2; digit < exponentMark; ++digit) number.digits[number.count++] = *digit;
-  int exponent = 0;
-  const char* const firstOfExponent = exponentMark + (exponentMark[1] == '+' ? 2 : 1);
-  std::from_chars(firstOfExponent, end.ptr, exponent);
-  number.point = exponent + 1;
+  ReadScientific(number, text, std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific).ptr);
+}
+
+// The exact value rounded; exact halves go to even.
+void SetRounded(DecimalDigits& number, double magnitude, int limit) {
+  char text[32];
+  const auto end = std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific, limit - 1);
+  ReadScientific(number, text, end.ptr);
 }
 
 // True when the digits, which end in 5, are exactly the Double. Both sides are divided by 5 so that all factors are
@@ -62,18 +72,14 @@ bool IsExactly(const DecimalDigits& number, double magnitude) {
   return std::fma(magnitude, 2 * kPowers[-power - 1], -fifth) == 0;
 }
 
-// The shortest digits round as the exact value does, except where they end exactly in a half that the value only
-// approaches: there the library's exact conversion decides.
-void RoundToSignificant(DecimalDigits& number, double magnitude, int limit) {
+// The shortest digits, at most 15 of them, are the digits rounded to 15: two decimals of 15 digits never share a
+// Double. Longer ones round as the exact value does, unless they end in a half that the value only approaches.
+void SetSignificant(DecimalDigits& number, double magnitude, int limit) {
+  if (magnitude < std::numeric_limits<double>::min()) return SetRounded(number, magnitude, limit);  // few bits are left
+  SetShortest(number, magnitude);
   if (number.count <= limit) return;
   const bool half = number.count == limit + 1 && number.digits[limit] == '5';
-  if (!half || IsExactly(number, magnitude)) {
-    RoundToDecimals(number, limit - number.point, Half::kAwayFromZero);
-    return;
-  }
-  char text[32];
-  std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific, limit - 1);
-  number.digits[limit] = text[limit] == number.digits[limit - 1] ? '4' : '6';  // below or above the half
+  if (half && !IsExactly(number, magnitude)) return SetRounded(number, magnitude, limit);
   RoundToDecimals(number, limit - number.point, Half::kAwayFromZero);
 }
 
@@ -85,8 +91,7 @@ DecimalDigits DigitsOf(double value, int limit) {
   if (magnitude == 0) return number;
   number.negative = value < 0;
   if (limit == kDoubleDigits && SetAmount(number, magnitude)) return number;
-  SetShortest(number, magnitude);
-  RoundToSignificant(number, magnitude, limit);
+  SetSignificant(number, magnitude, limit);
   return number;
 }
 

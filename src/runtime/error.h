@@ -14,7 +14,7 @@ namespace zorkanca {
 class Error : public std::exception {
  public:
   /// @param number       error number, 32-bit signed as automation has it
-  /// @param source       where it arose; grows into a call chain on the way (see foundation/error_reporting.h)
+  /// @param source       where it arose; grows into a call chain on the way (see foundation/guarded.h)
   /// @param description  text for people
   Error(std::int32_t number, Text source, Text description);
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "runtime/format_pattern.h"
+#include "runtime/text_sink.h"
 
 namespace zorkanca {
 
@@ -13,9 +14,9 @@ constexpr std::int64_t kGroup = 3;
 // Writes one number, rounded for its section before, step by step.
 class NumberWriter {
  public:
-  NumberWriter(Text& text, const DecimalDigits& number, std::int64_t exponent, const NumberSection& section,
+  NumberWriter(TextSink& sink, const DecimalDigits& number, std::int64_t exponent, const NumberSection& section,
                const Locale& locale)
-      : text_(text), number_(number), section_(section), locale_(locale), exponent_(exponent) {
+      : sink_(sink), number_(number), section_(section), locale_(locale), exponent_(exponent) {
     highest_ = std::max({number.point, section.leastInteger, std::int64_t{0}}) - 1;
     fraction_ = std::max<std::int64_t>(number.count - number.point, section.leastFraction);
   }
@@ -29,7 +30,7 @@ class NumberWriter {
           break;
         case NumberStep::Kind::kPoint:
           if (section_.integerPlaces == 0) WriteIntegerDigits(highest_, 0);
-          text_.append(locale_.decimalSeparator);
+          sink_.Put(locale_.decimalSeparator);
           break;
         case NumberStep::Kind::kFraction:
           WriteFractionPlaces(size);
@@ -38,7 +39,7 @@ class NumberWriter {
           WriteExponent(step);
           break;
         case NumberStep::Kind::kLiteral:
-          text_.append(section_.literals, literal_, step.size);
+          sink_.Put(TextView(section_.literals).substr(literal_, step.size));
           literal_ += step.size;
           break;
       }
@@ -53,8 +54,8 @@ class NumberWriter {
   // The digits at places `first` down to `last`, counted from 0 at the units.
   void WriteIntegerDigits(std::int64_t first, std::int64_t last) {
     for (std::int64_t place = first; place >= last; --place) {
-      text_.push_back(Digit(number_.point - 1 - place));
-      if (section_.grouped && place % kGroup == 0 && place > 0) text_.append(locale_.groupSeparator);
+      sink_.Put(Digit(number_.point - 1 - place));
+      if (section_.grouped && place % kGroup == 0 && place > 0) sink_.Put(locale_.groupSeparator);
     }
   }
 
@@ -69,25 +70,26 @@ class NumberWriter {
   void WriteFractionPlaces(std::int64_t size) {
     const std::int64_t end = std::min(fractionWritten_ + size, fraction_);
     for (std::int64_t decimal = fractionWritten_; decimal < end; ++decimal) {
-      text_.push_back(Digit(number_.point + decimal));
+      sink_.Put(Digit(number_.point + decimal));
     }
     fractionWritten_ += size;
   }
 
   void WriteExponent(const NumberStep& step) {
-    text_.push_back(step.exponentMark);
+    sink_.Put(step.exponentMark);
     if (exponent_ < 0) {
-      text_.push_back(u'-');
+      sink_.Put(u'-');
     } else if (step.plusSign) {
-      text_.push_back(u'+');
+      sink_.Put(u'+');
     }
     const DecimalDigits digits = DigitsOf(exponent_ < 0 ? -exponent_ : exponent_);
-    const auto length = static_cast<std::size_t>(std::max<std::int64_t>(digits.point, 1));
-    if (step.size > length) text_.append(step.size - length, u'0');
-    AppendDigits(text_, digits, TextView());
+    const auto length = std::max<std::int64_t>(digits.point, 1);
+    for (auto padding = static_cast<std::int64_t>(step.size); padding > length; --padding) sink_.Put(u'0');
+    for (std::int64_t index = 0; index < length; ++index)
+      sink_.Put(index < digits.count ? static_cast<char16_t>(digits.digits[index]) : u'0');
   }
 
-  Text& text_;
+  TextSink& sink_;
   const DecimalDigits& number_;
   const NumberSection& section_;
   const Locale& locale_;
@@ -137,7 +139,9 @@ void AppendNumber(Text& text, DecimalDigits& number, const NumberFormat& format,
     sign = false;
   }
   if (sign) text.push_back(u'-');
-  NumberWriter(text, number, exponent, *section, locale).Write();
+  TextSink sink(text);
+  NumberWriter(sink, number, exponent, *section, locale).Write();
+  sink.Flush();
 }
 
 void AppendAmount(Text& text, DecimalDigits& number, const CurrencyFormat& format, const Locale& locale) {

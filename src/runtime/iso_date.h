@@ -9,7 +9,7 @@
 namespace zorkanca {
 
 /// The date of "YYYY-MM-DD", with an optional time "HH:MM[:SS[.fff]]" after "T" or a space, or of such a time alone.
-/// A trailing "Z" is accepted and means nothing: the clock time is taken as it stands.
+/// Fractions of a second are dropped; a trailing "Z" means nothing, the clock time is taken as it stands.
 /// @return nothing for any other text and for days that do not exist
 std::optional<Date> ParseIsoDate(std::string_view text);
 

@@ -1,8 +1,5 @@
 #include "runtime/text.h"
 
-#include <algorithm>
-#include <charconv>
-
 namespace zorkanca {
 
 namespace {
@@ -60,10 +57,17 @@ Text Join(const std::vector<Text>& pieces, TextView separator) {
 }
 
 void AppendDecimal(Text& text, std::int64_t number) {
-  char digits[24];
-  const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, number);
-  char16_t units[24];  // appended in one piece: a range of bytes would be widened through a temporary text
-  text.append(units, static_cast<std::size_t>(std::copy(digits, end.ptr, units) - units));
+  char16_t units[20];
+  char16_t* const end = units + 20;
+  char16_t* first = end;
+  const auto bits = static_cast<std::uint64_t>(number);
+  std::uint64_t magnitude = number < 0 ? 0 - bits : bits;
+  do {
+    *--first = static_cast<char16_t>(u'0' + magnitude % 10);
+    magnitude /= 10;
+  } while (magnitude != 0);
+  if (number < 0) *--first = u'-';
+  text.append(first, static_cast<std::size_t>(end - first));
 }
 
 Text DecimalText(std::int64_t number) {

@@ -1,6 +1,8 @@
 #include "runtime/utf8.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace zorkanca {
 
@@ -16,14 +18,14 @@ constexpr bool IsLowSurrogate(char16_t unit) {
 }
 
 struct Sequence {
-  std::size_t length = 0;  // 0: the first byte starts no valid sequence
+  std::ptrdiff_t length = 0;  // 0: the first byte starts no valid sequence
   char32_t character = 0;
 };
 
-Sequence ReadSequence(std::string_view bytes) {
-  const auto byte = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
+Sequence ReadSequence(const char* bytes, const char* end) {
+  const auto byte = [&](std::ptrdiff_t index) { return static_cast<std::uint8_t>(bytes[index]); };
   const std::uint8_t lead = byte(0);
-  std::size_t length = 0;
+  std::ptrdiff_t length = 0;
   char32_t character = 0;
   char32_t smallest = 0;  // anything below is an overlong form
   if (lead < 0x80) {
@@ -37,8 +39,8 @@ Sequence ReadSequence(std::string_view bytes) {
   } else {
     return {};
   }
-  if (bytes.size() < length) return {};
-  for (std::size_t index = 1; index < length; ++index) {
+  if (end - bytes < length) return {};
+  for (std::ptrdiff_t index = 1; index < length; ++index) {
     if ((byte(index) & 0xC0) != 0x80) return {};
     character = character << 6 | (byte(index) & 0x3Fu);
   }
@@ -47,14 +49,23 @@ Sequence ReadSequence(std::string_view bytes) {
   return {length, character};
 }
 
-void AppendUtf16(Text& text, char32_t character) {
+constexpr std::ptrdiff_t kBlock = 8;
+
+bool IsAsciiBlock(const char* bytes) {
+  std::uint64_t block = 0;
+  std::memcpy(&block, bytes, kBlock);
+  return (block & 0x8080808080808080u) == 0;
+}
+
+char16_t* PutUtf16(char16_t* units, char32_t character) {
   if (character < 0x10000) {
-    text.push_back(static_cast<char16_t>(character));
+    *units++ = static_cast<char16_t>(character);
   } else {
     character -= 0x10000;
-    text.push_back(static_cast<char16_t>(0xD800 + (character >> 10)));
-    text.push_back(static_cast<char16_t>(0xDC00 + (character & 0x3FF)));
+    *units++ = static_cast<char16_t>(0xD800 + (character >> 10));
+    *units++ = static_cast<char16_t>(0xDC00 + (character & 0x3FF));
   }
+  return units;
 }
 
 void AppendCharacter(std::string& bytes, char32_t character) {
@@ -80,24 +91,33 @@ void AppendCharacter(std::string& bytes, char32_t character) {
 
 bool AppendUtf8(Text& text, std::string_view bytes) {
   bool valid = true;
-  text.reserve(text.size() + bytes.size());
-  for (std::size_t position = 0; position < bytes.size();) {
-    const auto lead = static_cast<std::uint8_t>(bytes[position]);
-    if (lead < 0x80) {
-      text.push_back(lead);
-      ++position;
+  const std::size_t start = text.size();
+  text.resize(start + bytes.size());  // no sequence gives more units than it has bytes
+  char16_t* units = text.data() + start;
+  const char* next = bytes.data();
+  const char* const end = next + bytes.size();
+  while (next != end) {
+    if (end - next >= kBlock && IsAsciiBlock(next)) {
+      // A loop of fixed length, which the compiler turns into vector instructions.
+      for (std::ptrdiff_t index = 0; index < kBlock; ++index) units[index] = static_cast<std::uint8_t>(next[index]);
+      next += kBlock;
+      units += kBlock;
       continue;
     }
-    const Sequence sequence = ReadSequence(bytes.substr(position));
-    if (sequence.length == 0) {
-      text.push_back(static_cast<char16_t>(kEscapeBase + lead));
-      valid = false;
-      ++position;
-    } else {
-      AppendUtf16(text, sequence.character);
-      position += sequence.length;
+    const char* const endOfBlock = end - next >= kBlock ? next + kBlock : end;
+    while (next < endOfBlock) {
+      const Sequence sequence = ReadSequence(next, end);
+      if (sequence.length == 0) {
+        *units++ = static_cast<char16_t>(kEscapeBase + static_cast<std::uint8_t>(*next));
+        valid = false;
+        ++next;
+      } else {
+        units = PutUtf16(units, sequence.character);
+        next += sequence.length;
+      }
     }
   }
+  text.resize(static_cast<std::size_t>(units - text.data()));
   return valid;
 }
 

@@ -14,7 +14,7 @@ TEST(ColumnNames, CaptionsFollowTheSelectList) {
       {u"  select Kod From t", u"kod"},
       {u"SELECT t.* FROM t", u"*"},
       // Literals hold no commas, an apostrophe without a partner does.
-      {u"select 'a,b' , 'c''d,e' as x, y from t", u"x;x;y"},
+      {u"select 'a,b' , 'c''d,e' as x, y from t", u"X;x;y"},
       {u"select 'a,b from t", u"'a;b"},
       // The text after the first " as " is the name; brackets do not hold a list together.
       {u"select cast(x as int) as y from t", u"int) as y"},
@@ -24,7 +24,7 @@ TEST(ColumnNames, CaptionsFollowTheSelectList) {
       {u"select kod, kod, kod from t", u"kod_1;kod_2;kod"},
       {u"select kod, a.kod from t", u"kod;a_kod"},
       {u"select a.kod, a.kod from t", u"a_kod_1;a_kod_2"},
-      {u"select kod, kod, kod, kod from t", u"kod_1;kod_2;kod_1;kod_2"},
+      {u"select kod, kod, kod, kod from t", u"kod_1;kod_2;kod_3;kod_4"},
       {u"select x as a_2, x as a_2 from t", u"a_2_1;a_2_2"},
       {u"select a.n_9, a.n_9 from t", u"a_n_9;a_n_10"},
       {u"select a, , b from t", u"a;;b"},

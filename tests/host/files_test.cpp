@@ -148,12 +148,8 @@ TEST(Wildcards, MatchWholeNamesWithoutCase) {
       {u"Žába.txt", u"žáb?.*", true},
       {u"name", u"*.*", true},
       {u"name", u"*.txt", false},
-      {u"name", u"nam", false},
-      {u"nam", u"name", false},
-      {u"", u"*", true},
       {u"a[1].txt", u"a[1].txt", true},
       {u"aaaaab", u"*a*ab", true},
-      {u"x", u"", false},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(MatchesWildcards(row.name, row.wildcards), row.matches) << Shown(row.name) << " " << Shown(row.wildcards);

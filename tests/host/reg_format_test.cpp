@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/files/text_writer.h"
+#include "host/files/utf16.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {

@@ -1,7 +1,7 @@
 // The registry in files: contents, layers, changes, several programs at once.
 #include <gmock/gmock.h>
 
-#include "host/files/text_writer.h"
+#include "host/files/utf16.h"
 #include "host/registry/file_registry.h"
 #include "host/registry/reg_transfer.h"
 #include "support/child_process.h"
@@ -64,12 +64,12 @@ TEST_F(RegistryFiles, KeepsOrderAndSpellingAndIgnoresCase) {
   registry_.Write(kUser, u"SOFTWARE\\žába", u"", RawRegistryValue{.type = 3, .bytes = {std::byte{7}}});
   registry_.Write(kUser, u"Software\\žába", u"BETA", Text(u"2"));
   registry_.CreateKey(kUser, u"Software\\Alfa\\Sub");
-  for (Registry* registry : {static_cast<Registry*>(&registry_), static_cast<Registry*>(Opened().release())}) {
+  const auto again = Opened();
+  for (FileRegistry* registry : {&registry_, again.get()}) {
     EXPECT_THAT(registry->ValueNames(kUser, u"Software\\Žába"), ElementsAre(u"Beta", u"alfa", u""));
     EXPECT_THAT(registry->SubkeyNames(kUser, u"software"), ElementsAre(u"Žába", u"Alfa"));
     EXPECT_EQ(Seen(*registry, kUser, u"Software\\Žába", u"beta"), "2");
     EXPECT_EQ(Seen(*registry, kUser, u"Software\\Žába", u"ALFA"), "-5");
-    if (registry != &registry_) delete registry;
   }
   EXPECT_EQ(folder_.Read("home/HKCU.reg"),
             InUtf16(std::string(kSignature) + "\r\n[HKEY_CURRENT_USER\\Software]\r\n"
@@ -117,7 +117,7 @@ TEST_F(RegistryFiles, OwnMachineHiveCoversTheSystems) {
   registry_.CreateKey(kMachine, u"S\\U\\X");
 
   const auto again = Opened();
-  for (Registry* registry : {static_cast<Registry*>(&registry_), static_cast<Registry*>(again.get())}) {
+  for (FileRegistry* registry : {&registry_, again.get()}) {
     EXPECT_EQ(Seen(*registry, kMachine, u"S", u"a"), "own");
     EXPECT_EQ(Seen(*registry, kMachine, u"S", u"b"), "-");
     EXPECT_EQ(Seen(*registry, kMachine, u"S\\T", u"c"), "-") << "made anew, without what was deleted";

@@ -11,6 +11,7 @@
 namespace zorkanca::testing {
 namespace {
 
+using std::string_view_literals::operator""sv;
 using Staging = AtomicFile::Staging;
 
 class TextFiles : public ::testing::Test {
@@ -192,6 +193,19 @@ TEST_F(TextFiles, BuffersLeaveNoSeams) {
     EXPECT_TRUE(reader->AtEndOfStream());
     EXPECT_EQ(Open("a", IoMode::kForReading, false, format)->ReadAll(), Join(lines, kCrLf).append(kCrLf));
   }
+}
+
+// A pipe hands over its packets one by one, and with them half units.
+TEST_F(TextFiles, UnitsMayComeInHalves) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe2(ends, O_DIRECT), 0);
+  for (const std::string_view packet : {"\xFF"sv, "\xFE\x0D\x01\x61"sv, "\0b"sv}) {
+    ASSERT_EQ(write(ends[1], packet.data(), packet.size()), static_cast<ssize_t>(packet.size()));
+  }
+  close(ends[1]);
+  auto reader = Open("/proc/self/fd/" + std::to_string(ends[0]), IoMode::kForReading, false, TextFormat::kUnicode);
+  EXPECT_EQ(Shown(reader->ReadAll()), "čab") << "the half at the end is not lost";
+  close(ends[0]);
 }
 
 TEST_F(TextFiles, AbandonedEntryLeavesNoFile) {

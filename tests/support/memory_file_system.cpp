@@ -86,9 +86,9 @@ std::vector<Text> MemoryFileSystem::Paths() const {
 }
 
 void MemoryFileSystem::MayFail() {
-  if (callsUntilFailure_ == 0 || --callsUntilFailure_ > 0) return;
-  failed_ = true;
-  Raise(RuntimeError::kPermissionDenied);
+  if (callsUntilFailure_ == 0) return;
+  if (callsUntilFailure_ == 1) Raise(RuntimeError::kPermissionDenied);
+  --callsUntilFailure_;
 }
 
 void MemoryFileSystem::CreateFolder(TextView path) {
@@ -99,20 +99,23 @@ void MemoryFileSystem::CreateFolder(TextView path) {
 }
 
 void MemoryFileSystem::DeleteFile(TextView path, bool) {
+  if (undeletable_.contains(LowerCase(path))) Raise(RuntimeError::kPermissionDenied);
   if (files_.erase(LowerCase(path)) == 0) Raise(RuntimeError::kFileNotFound);
 }
 
 void MemoryFileSystem::ClearFolder(TextView folder, TextView wildcards) {
+  if (!FolderExists(folder)) return;
   for (const FileEntry& entry : Files(folder)) {
     if (Like(LowerCase(entry.name), LowerCase(wildcards))) files_.erase(LowerCase(entry.path));
   }
 }
 
 std::vector<FileEntry> MemoryFileSystem::Files(TextView folder) {
+  if (!FolderExists(folder)) Raise(RuntimeError::kPathNotFound);
   std::vector<FileEntry> entries;
   for (const auto& [key, file] : files_) {
     if (!EqualsIgnoringCase(GetParentFolderName(file.path), folder)) continue;
-    entries.push_back({.name = Text(GetFileName(file.path)), .path = file.path, .lastModified = Date{}});
+    entries.push_back({.name = Text(GetFileName(file.path)), .path = file.path, .lastModified = file.lastModified});
   }
   return entries;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,16 +19,18 @@ class MemoryFileSystem final : public FileSystem {
   explicit MemoryFileSystem(const CodePage& codePage) : codePage_(codePage) { folders_.insert({u"c:\\temp", true}); }
 
   /// Puts a file there, for example as a left-over of an earlier run.
-  void Put(TextView path, std::string bytes) { files_[LowerCase(path)] = {Text(path), std::move(bytes)}; }
+  void Put(TextView path, std::string bytes, Date lastModified = {}) {
+    files_[LowerCase(path)] = {Text(path), std::move(bytes), lastModified};
+  }
+  /// Makes `DeleteFile` raise error 70 for the file.
+  void MakeUndeletable(TextView path) { undeletable_.insert(LowerCase(path)); }
   /// Bytes of a file; nothing when there is none.
   std::optional<std::string> Bytes(TextView path) const;
   /// Paths of all files, sorted.
   std::vector<Text> Paths() const;
 
-  /// The n-th call (from 1) that can fail from now on raises error 70; 0: none does.
-  void FailAtCall(int number) { callsUntilFailure_ = number; }
-  /// True when the failure ordered by `FailAtCall` has happened.
-  bool HasFailed() const { return failed_; }
+  /// From the n-th call (from 1) on, every call that can fail raises error 70; 0: none does.
+  void FailFromCall(int number) { callsUntilFailure_ = number; }
 
   char16_t PathSeparator() const override { return u'\\'; }
   bool FileExists(TextView path) override { return files_.contains(LowerCase(path)); }
@@ -47,6 +50,7 @@ class MemoryFileSystem final : public FileSystem {
   struct StoredFile {
     Text path;
     std::string bytes;
+    Date lastModified;
   };
 
   void MayFail();
@@ -54,9 +58,9 @@ class MemoryFileSystem final : public FileSystem {
   const CodePage& codePage_;
   std::map<Text, StoredFile> files_;  // by lower-cased path
   std::map<Text, bool> folders_;
+  std::set<Text> undeletable_;  // lower-cased paths
   int temporaryNames_ = 0;
   int callsUntilFailure_ = 0;
-  bool failed_ = false;
 };
 
 }  // namespace zorkanca::testing

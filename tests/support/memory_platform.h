@@ -1,10 +1,13 @@
 // A whole computer in memory, whose user, desktop and clock write down what happened as lines of a journal.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "platform/platform.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "support/memory_file_system.h"
 #include "support/memory_registry.h"
@@ -56,6 +59,30 @@ class FixedClock final : public Clock {
   Date now{46342};  ///< 16.11.2026 0:00
 
   Date Now() override { return now; }
+  std::int64_t ThreadId() override { return 4711; }
+};
+
+class JournalEventLog final : public EventLog {
+ public:
+  explicit JournalEventLog(Journal& journal) : journal_(journal) {}
+
+  bool refuses = false;  ///< raises error 70 instead of writing
+
+  void Write(TextView message, std::int32_t eventType) override {
+    if (refuses) Raise(RuntimeError::kPermissionDenied);
+    journal_.push_back("event " + std::to_string(eventType) + " " + ToUtf8(message));
+  }
+
+ private:
+  Journal& journal_;
+};
+
+class FixedSuiteEnvironment final : public SuiteEnvironment {
+ public:
+  Text logFolder = u"C:\\Temp\\Suite\\Log";  ///< not there at first, nor its parent
+
+  Text LogFolder() override { return logFolder; }
+  Text VersionText() override { return u"4.1.0"; }
 };
 
 class MemoryPlatform {
@@ -69,7 +96,9 @@ class MemoryPlatform {
   JournalUserInterface userInterface{journal};
   JournalShell shell{journal};
   FixedClock clock;
-  Platform platform{files, registry, userInterface, shell, clock, locale};
+  JournalEventLog eventLog{journal};
+  FixedSuiteEnvironment environment;
+  Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment};
 };
 
 }  // namespace zorkanca::testing

@@ -15,6 +15,7 @@
 #include "host/files/temporary_folder.h"
 #include "host/files/text_reader.h"
 #include "host/files/text_writer.h"
+#include "host/files/utf16.h"
 #include "host/files/wildcards.h"
 #include "host/system_clock.h"
 #include "runtime/error.h"

@@ -1,7 +1,6 @@
 #include "host/files/text_writer.h"
 
-#include <bit>
-
+#include "host/files/utf16.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
@@ -12,11 +11,6 @@ constexpr std::size_t kBufferSize = 64 * 1024;  // bytes for one call of the sys
 constexpr std::size_t kPieceSize = 16 * 1024;   // units encoded at a time, so that a long text needs no larger buffer
 
 }  // namespace
-
-void AppendUtf16(std::string& bytes, TextView text) {
-  static_assert(std::endian::native == std::endian::little, "the units in memory are the bytes of the file");
-  bytes.append(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
-}
 
 TextWriter::TextWriter(std::unique_ptr<ByteSink> sink, TextFormat format, const CodePage& codePage)
     : sink_(std::move(sink)), format_(format), codePage_(codePage) {

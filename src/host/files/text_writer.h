@@ -3,16 +3,12 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "host/files/byte_sink.h"
 #include "platform/file_system.h"
 #include "runtime/code_page.h"
 
 namespace zorkanca {
-
-/// The byte-order mark of UTF-16 little-endian.
-inline constexpr std::string_view kByteOrderMark = "\xFF\xFE";
 
 /// Encodes texts into a buffer and hands full buffers to a sink.
 class TextWriter final : public TextStream {
@@ -36,8 +32,5 @@ class TextWriter final : public TextStream {
   const CodePage& codePage_;
   std::string buffer_;
 };
-
-/// Appends the units as UTF-16 little-endian.
-void AppendUtf16(std::string& bytes, TextView text);
 
 }  // namespace zorkanca

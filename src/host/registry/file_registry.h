@@ -11,7 +11,7 @@ namespace zorkanca {
 /// One file per root in the user's folder: HKCU.reg, HKCR.reg, HKLM.reg. The machine's root is read from the system's
 /// HKLM.reg with the user's on top of it; writing touches the user's files alone.
 /// A change locks registry.lock, reads what others have written, and replaces the files whole; so any number of
-/// programs may write. Reading needs no lock.
+/// programs may write. Reading needs no lock. An object belongs to one thread at a time.
 class FileRegistry final : public Registry {
  public:
   /// @param homeFolder  made on the first change, for its owner alone
@@ -27,7 +27,7 @@ class FileRegistry final : public Registry {
   bool DeleteValue(RegistryHive hive, TextView key, TextView name) override;
   bool DeleteKey(RegistryHive hive, TextView key) override;
 
-  /// A change within a change is part of the outer one.
+  /// A change within a change is part of the outer one: when it fails and the outer one goes on, what it did stays.
   void Change(const std::function<void()>& changes) override;
 
  private:

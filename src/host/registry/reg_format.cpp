@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include "host/files/text_writer.h"
+#include "host/files/utf16.h"
 #include "host/registry/reg_names.h"
 #include "runtime/error.h"
 

@@ -1,7 +1,7 @@
+#include <algorithm>
 #include <cstring>
-#include <limits>
 
-#include "host/files/text_writer.h"
+#include "host/files/utf16.h"
 #include "host/registry/reg_format.h"
 #include "host/registry/reg_names.h"
 #include "runtime/utf8.h"

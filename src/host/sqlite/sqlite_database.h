@@ -1,0 +1,35 @@
+// The embedded database of the host: an SQLite file that is only ever read.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "platform/database.h"
+
+namespace zorkanca {
+
+class SqliteConnection;
+
+/// Opens its file at the first `OpenRecordset`, so that a missing or foreign file is a failure of the export that needs
+/// it. One thread at a time. The file is never created or changed; see docs/formats/sqlite.md for locks and side files.
+class SqliteDatabase final : public Database {
+ public:
+  /// @param path         file in the system's own bytes
+  /// @param interrupted  may be null; when it becomes true, a running query ends with error 18 within a moment
+  explicit SqliteDatabase(std::string path, const std::atomic<bool>* interrupted = nullptr);
+  ~SqliteDatabase() override;
+
+  /// Runs one statement that returns records. `type` is of no account: every recordset is a snapshot.
+  /// @param options  256 (forward only) forbids moving back: `MoveFirst` and `MoveLast` raise 3219; others are ignored
+  /// Errors: 3024 when the file cannot be opened, 3343 when it is no database, 3061 when the statement holds
+  /// parameters, 3146 for everything else that SQLite says and for more or less than one reading statement; 18.
+  std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
+
+ private:
+  std::string path_;
+  const std::atomic<bool>* interrupted_;
+  std::shared_ptr<SqliteConnection> connection_;
+};
+
+}  // namespace zorkanca

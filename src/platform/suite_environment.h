@@ -1,0 +1,17 @@
+// What the business suite around the library settles: its folders, and how it writes versions.
+#pragma once
+
+#include "runtime/text.h"
+
+namespace zorkanca {
+
+class SuiteEnvironment {
+ public:
+  virtual ~SuiteEnvironment() = default;
+  /// Absolute path of the folder of the log files; it need not exist.
+  virtual Text LogFolder() = 0;
+  /// The version of the library, "4.1.0".
+  virtual Text VersionText() = 0;
+};
+
+}  // namespace zorkanca

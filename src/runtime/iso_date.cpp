@@ -1,0 +1,82 @@
+#include "runtime/iso_date.h"
+
+#include <cstdint>
+
+#include "runtime/date.h"
+
+namespace zorkanca {
+
+namespace {
+
+// Takes digits and marks from the front of a text.
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : next_(text.data()), end_(text.data() + text.size()) {}
+
+  bool AtEnd() const { return next_ == end_; }
+
+  bool Take(char mark) {
+    if (AtEnd() || *next_ != mark) return false;
+    ++next_;
+    return true;
+  }
+
+  // Exactly so many digits.
+  bool TakeNumber(int digits, std::int32_t& number) {
+    if (end_ - next_ < digits) return false;
+    number = 0;
+    for (const char* const stop = next_ + digits; next_ != stop; ++next_) {
+      if (!IsDigit()) return false;
+      number = number * 10 + (*next_ - '0');
+    }
+    return true;
+  }
+
+  bool SkipDigits() {
+    const char* const first = next_;
+    while (!AtEnd() && IsDigit()) ++next_;
+    return next_ != first;
+  }
+
+ private:
+  bool IsDigit() const { return *next_ >= '0' && *next_ <= '9'; }
+
+  const char* next_;
+  const char* end_;
+};
+
+struct Day {
+  std::int32_t year = 1899;
+  std::int32_t month = 12;
+  std::int32_t day = 30;  // the day of times without one
+};
+
+bool TakeDay(Reader& reader, Day& day) {
+  return reader.TakeNumber(4, day.year) && reader.Take('-') && reader.TakeNumber(2, day.month) && reader.Take('-') &&
+         reader.TakeNumber(2, day.day);
+}
+
+}  // namespace
+
+std::optional<Date> ParseIsoDate(std::string_view text) {
+  Reader reader(text);
+  Day day;
+  constexpr std::size_t kPlaceOfColon = 2;
+  if (text.size() <= kPlaceOfColon || text[kPlaceOfColon] != ':') {
+    if (!TakeDay(reader, day)) return std::nullopt;
+    if (reader.AtEnd()) return MakeDate(day.year, day.month, day.day);
+    if (!reader.Take(' ') && !reader.Take('T')) return std::nullopt;
+  }
+  std::int32_t hour = 0;
+  std::int32_t minute = 0;
+  std::int32_t second = 0;
+  if (!reader.TakeNumber(2, hour) || !reader.Take(':') || !reader.TakeNumber(2, minute)) return std::nullopt;
+  if (reader.Take(':')) {
+    if (!reader.TakeNumber(2, second)) return std::nullopt;
+    if (reader.Take('.') && !reader.SkipDigits()) return std::nullopt;
+  }
+  reader.Take('Z');
+  return reader.AtEnd() ? MakeDate(day.year, day.month, day.day, hour, minute, second) : std::nullopt;
+}
+
+}  // namespace zorkanca
