@@ -43,6 +43,9 @@ class CopyRunner {
  public:
   explicit CopyRunner(const MergeInput& input) : input_(input) {}
 
+  /// Whose ids the copies refer to from now on; outlives the runner.
+  void UseHeaders(const HeaderIds& headers) { input_.headers = &headers; }
+
   /// Appends the XML of a copy.
   CopyEnd AppendXml(const Program& program, const CopyStart& start, std::string& xml);
   /// Appends its text.

@@ -128,9 +128,10 @@ void StoryMap::VisitFieldCharacter(const pugi::xml_node& node) {
 namespace {
 
 // The ends of cells and rows that a deletion leaves standing.
-void KeepCells(const StoryMap& map, Interval range, bool reachesBefore, bool reachesBehind, PositionSet& gone) {
+void KeepCells(const StoryMap& map, Interval range, const DeletionSurroundings& around, PositionSet& gone) {
   for (const TablePlace& table : map.tables()) {
-    const bool beyond = reachesBefore || reachesBehind || range.start < table.range.start || range.end > table.range.end;
+    const bool beyond = around.reachesBefore || around.reachesBehind || range.start < table.range.start ||
+                        range.end > table.range.end;
     for (const RowPlace& row : table.rows) {
       const bool covered = range.start <= row.range.start && row.range.end <= range.end;
       if (covered && beyond) continue;
@@ -140,29 +141,25 @@ void KeepCells(const StoryMap& map, Interval range, bool reachesBefore, bool rea
   }
 }
 
-bool BeginsParagraph(TextView text, Position position, char16_t before) {
-  return EndsParagraph(position == 0 ? before : text[static_cast<std::size_t>(position) - 1]);
-}
-
 }  // namespace
 
-PositionSet PlanPlainDeletion(TextView text, Interval range, char16_t before) {
-  const bool whole = range.start < range.end && BeginsParagraph(text, range.start, before) &&
-                     range.end < static_cast<Position>(text.size()) &&
-                     text[static_cast<std::size_t>(range.end)] == kParagraphEnd &&
-                     !EndsParagraph(text[static_cast<std::size_t>(range.end) - 1]);
-  if (whole) ++range.end;
-  return PositionSet(range);
+PositionSet PlanPlainDeletion(TextView text, Interval range, const DeletionSurroundings& around) {
+  const auto unitAt = [&](Position position) { return text[static_cast<std::size_t>(position)]; };
+  const char16_t before = range.start == 0 ? around.before : unitAt(range.start - 1);
+  const bool whole = range.start < range.end && range.end < static_cast<Position>(text.size()) &&
+                     EndsParagraph(before) && unitAt(range.end) == kParagraphEnd &&
+                     !EndsParagraph(unitAt(range.end - 1));
+  return PositionSet({range.start, range.end + (whole ? 1 : 0)});
 }
 
-PositionSet PlanDeletion(const StoryMap& map, Interval range, bool reachesBefore, bool reachesBehind) {
-  PositionSet gone = PlanPlainDeletion(map.text(), range, reachesBefore ? u' ' : kParagraphEnd);
+PositionSet PlanDeletion(const StoryMap& map, Interval range, const DeletionSurroundings& around) {
+  PositionSet gone = PlanPlainDeletion(map.text(), range, around);
   const bool extended = gone.Contains(range.end);
   const auto anchored = [&](const ParagraphPlace& place) {
-    return place.anchors && place.range.start < range.end && range.end < place.range.end;
+    return place.anchors && place.range.start <= range.end && range.end < place.range.end;
   };
   if (extended && std::any_of(map.paragraphs().begin(), map.paragraphs().end(), anchored)) gone.Remove(range.end);
-  KeepCells(map, range, reachesBefore, reachesBehind, gone);
+  KeepCells(map, range, around, gone);
   return gone;
 }
 

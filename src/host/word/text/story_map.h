@@ -76,15 +76,19 @@ class StoryMap {
   std::size_t tableDepth_ = 0;
 };
 
+/// What lies round a text in which something is deleted, when it is only a part of its story.
+struct DeletionSurroundings {
+  char16_t before = kParagraphEnd;  ///< the unit before the deletion, when that begins at the text's start or before it
+  bool reachesBefore = false;       ///< the deletion begins before this text
+  bool reachesBehind = false;       ///< the deletion ends behind this text
+};
+
 /// The positions that a deletion takes away: not the ends of cells and rows that stay, and with the mark of a paragraph
 /// whose whole text goes. Rows go when the deletion covers them and reaches beyond their table.
-/// @param range          within the map's text
-/// @param reachesBefore  the deletion begins before this text
-/// @param reachesBehind  the deletion ends behind this text
-PositionSet PlanDeletion(const StoryMap& map, Interval range, bool reachesBefore = false, bool reachesBehind = false);
+/// @param range  within the map's text
+PositionSet PlanDeletion(const StoryMap& map, Interval range, const DeletionSurroundings& around = {});
 
 /// The same for text that has neither tables nor floating pictures in the range; needs no tree.
-/// @param before  the unit before the text's first one, `kParagraphEnd` at the start of a story
-PositionSet PlanPlainDeletion(TextView text, Interval range, char16_t before);
+PositionSet PlanPlainDeletion(TextView text, Interval range, const DeletionSurroundings& around);
 
 }  // namespace zorkanca::word
