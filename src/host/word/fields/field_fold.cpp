@@ -32,7 +32,6 @@ void MakeComplex(pugi::xml_node simple) {
   simple.parent().remove_child(simple);
 }
 
-// Gives each child of a run with field characters a run of its own.
 void SplitRun(pugi::xml_node run) {
   const pugi::xml_node format = run.child("w:rPr");
   pugi::xml_node first = Is(run.first_child(), "w:rPr") ? format.next_sibling() : run.first_child();
@@ -44,12 +43,11 @@ void SplitRun(pugi::xml_node run) {
   }
 }
 
-void Prepare(pugi::xml_node node) {
+void MakeAllComplex(pugi::xml_node node) {
   for (pugi::xml_node child = node.first_child(); child;) {
     pugi::xml_node next = child.next_sibling();
-    Prepare(child);
+    MakeAllComplex(child);
     if (Is(child, "w:fldSimple")) MakeComplex(child);
-    if (Is(child, "w:r") && child.child("w:fldChar")) SplitRun(child);
     child = next;
   }
 }
@@ -221,8 +219,18 @@ class ContainerFolder {
 
 }  // namespace
 
+void SplitFieldRuns(pugi::xml_node tree) {
+  for (pugi::xml_node child = tree.first_child(); child;) {
+    const pugi::xml_node next = child.next_sibling();
+    SplitFieldRuns(child);
+    if (Is(child, "w:r") && child.child("w:fldChar")) SplitRun(child);
+    child = next;
+  }
+}
+
 void FoldFields(pugi::xml_node container) {
-  Prepare(container);
+  MakeAllComplex(container);
+  SplitFieldRuns(container);
   ContainerFolder().Fold(container);
 }
 

@@ -20,6 +20,9 @@ namespace zorkanca::word {
 /// they are.
 void FoldFields(pugi::xml_node container);
 
+/// Gives each child of a run with field characters a run of its own, in a whole tree.
+void SplitFieldRuns(pugi::xml_node tree);
+
 /// The parts of a folded field.
 class FoldedField {
  public:

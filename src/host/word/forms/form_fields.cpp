@@ -6,6 +6,7 @@
 #include "host/opc/xml_escape.h"
 #include "host/word/document/word_xml.h"
 #include "host/word/fields/date_picture.h"
+#include "host/word/fields/field_fold.h"
 #include "host/word/fields/number_picture.h"
 #include "host/word/fields/number_text.h"
 #include "host/word/text/text_units.h"
@@ -203,6 +204,10 @@ void SetText(const FormField& field, TextView result, const Locale& locale) {
   if (longest > 0 && text.size() > static_cast<std::size_t>(longest)) {
     RaiseWordError(WordError::kTextTooLong,
                    u"The form field takes " + DecimalText(longest) + u" characters at the most.");
+  }
+  for (pugi::xml_node character : {field.begin, field.end}) {
+    while (!Is(character, "w:p")) character = character.parent();
+    SplitFieldRuns(character);
   }
   WriteResult(field, text.empty() ? kEmptyShown : TextView(text));
 }

@@ -4,6 +4,7 @@
 
 #include "host/opc/xml_document.h"
 #include "host/word/document/sections.h"
+#include "host/word/document/tree_content.h"
 #include "host/word/document/word_xml.h"
 #include "host/word/merge/merge_settings.h"
 #include "host/word/merge/section_assembly.h"
