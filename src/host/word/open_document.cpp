@@ -1,14 +1,8 @@
 #include "host/word/open_document.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
-#include <cerrno>
-
 #include "host/files/native_path.h"
-#include "host/files/system_error.h"
-#include "host/files/temporary_folder.h"
 #include "host/word/document/sections.h"
+#include "host/word/document/temporary_file.h"
 #include "host/word/forms/form_fields.h"
 #include "host/word/forms/page_setup.h"
 #include "host/word/forms/protection.h"
@@ -27,19 +21,6 @@ class NoStory final : public StoryText {
   TextChunk ChunkAt(Position) override { return {0, TextView(&kParagraphEnd, 1)}; }
   void Delete(Interval) override {}
   void ReplaceAll(const std::vector<Interval>&, TextView) override {}
-};
-
-// A file that is there for as long as a converter needs it.
-class TemporaryFile {
- public:
-  TemporaryFile() : path_(JoinPath(PrivateTemporaryFolder(), "zorkanca-" + RandomDigits(16) + ".docx")) {}
-  ~TemporaryFile() { unlink(path_.c_str()); }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
 };
 
 }  // namespace
@@ -176,7 +157,7 @@ void OpenDocument::SaveAs(TextView fileName, WordSaveFormat format) {
 }
 
 void OpenDocument::WritePdf(const std::string& path, const PdfOptions& options) {
-  const TemporaryFile file;
+  const TemporaryDocument file;
   PackageFor(file.path()).SaveAs(file.path());
   holder_.converter.ToPdf(file.path(), path, options);
 }

@@ -1,14 +1,13 @@
 #include "host/word/word_engine.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <vector>
+#include <iterator>
+#include <list>
 
 #include "host/files/native_path.h"
-#include "host/files/temporary_folder.h"
 #include "host/opc/document_kind.h"
+#include "host/word/document/temporary_file.h"
 #include "host/word/document/tree_content.h"
 #include "host/word/open_document.h"
 #include "host/word/word_errors.h"
@@ -49,11 +48,11 @@ class EngineApplication final : public WordApplication, public std::enable_share
   word::WordPackage Read(const std::string& path) const;
   WordDocumentReference Add(std::unique_ptr<word::DocumentContent> content, Text name);
   Text FreshName() { return u"Document" + DecimalText(++lastNumber_); }
-  std::vector<WordDocumentReference>::iterator PlaceOf(const WordDocument& document);
+  void Remove(const WordDocument& document);
   void Activate(const WordDocument& document);
 
   std::shared_ptr<const WordEngine::Environment> environment_;
-  std::vector<WordDocumentReference> documents_;
+  std::list<WordDocumentReference> documents_;
   std::int64_t lastNumber_ = 0;
   bool visible_ = false;
   bool screenUpdating_ = true;
@@ -62,19 +61,6 @@ class EngineApplication final : public WordApplication, public std::enable_share
 };
 
 namespace {
-
-// A document converted from another format, gone when it has been read: the package keeps the file open.
-class ConvertedFile {
- public:
-  ConvertedFile() : path_(JoinPath(PrivateTemporaryFolder(), "zorkanca-" + RandomDigits(16) + ".docx")) {}
-  ~ConvertedFile() { unlink(path_.c_str()); }
-  ConvertedFile(const ConvertedFile&) = delete;
-  ConvertedFile& operator=(const ConvertedFile&) = delete;
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 void RequireFile(const std::string& path) {
   struct stat status {};
@@ -87,7 +73,7 @@ void RequireFile(const std::string& path) {
 word::WordPackage EngineApplication::Read(const std::string& path) const {
   RequireFile(path);
   if (DocumentKindOf(path) == DocumentKind::kPackage) return word::WordPackage(Package::Open(path));
-  const ConvertedFile converted;
+  const word::TemporaryDocument converted;  // the package keeps the file open
   environment_->converter.ToOpenXml(path, converted.path());
   return word::WordPackage(Package::Open(converted.path()));
 }
@@ -116,32 +102,32 @@ WordDocumentReference EngineApplication::Add(std::unique_ptr<word::DocumentConte
       [self] { return self(); },
       [self](const WordDocument& document) { self()->Activate(document); },
       [weak](const WordDocument& document) {
-        if (const auto application = weak.lock()) application->documents_.erase(application->PlaceOf(document));
+        if (const auto application = weak.lock()) application->Remove(document);
       },
       [self](std::unique_ptr<word::DocumentContent> merged) { self()->Add(std::move(merged), self()->FreshName()); },
       environment_->warn,
       environment_->converter,
       environment_->locale};
   auto document = std::make_shared<word::OpenDocument>(std::move(content), std::move(name), std::move(holder));
-  documents_.insert(documents_.begin(), document);
+  documents_.push_front(document);
   return document;
 }
 
-std::vector<WordDocumentReference>::iterator EngineApplication::PlaceOf(const WordDocument& document) {
-  return std::find_if(documents_.begin(), documents_.end(),
-                      [&](const WordDocumentReference& each) { return each.get() == &document; });
+void EngineApplication::Remove(const WordDocument& document) {
+  documents_.remove_if([&](const WordDocumentReference& each) { return each.get() == &document; });
 }
 
 void EngineApplication::Activate(const WordDocument& document) {
-  const auto place = PlaceOf(document);
-  std::rotate(documents_.begin(), place, place + 1);
+  for (auto place = documents_.begin(); place != documents_.end(); ++place) {
+    if (place->get() == &document) return documents_.splice(documents_.begin(), documents_, place);
+  }
 }
 
 WordDocumentReference EngineApplication::Documents(std::int32_t index) {
   if (index < 1 || index > DocumentCount()) {
     RaiseWordError(WordError::kMemberMissing, u"The requested member of the collection does not exist.");
   }
-  return documents_[static_cast<std::size_t>(index) - 1];
+  return *std::next(documents_.begin(), index - 1);
 }
 
 WordDocumentReference EngineApplication::ActiveDocument() {

@@ -98,11 +98,10 @@ void MergedContent::CompileHeaders(CompileInput& input) {
     const CompileInput own{input.source, input.locale,      kNoNumbers, input.suppressBlankLines,
                            {},           input.variables, input.warn};
     StoryCompiler compiler(own, false);
+    compiler.AddXml("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
     compiler.Add(root);
     Program program = compiler.Take();
-    if (!TraitsOf(program).varies) continue;
-    program.insert(program.begin(), {ConstantStep{"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n", {}}});
-    headers_.Add(relationship.id, *part, std::move(program));
+    if (TraitsOf(program).varies) headers_.Add(relationship.id, *part, std::move(program));
   }
   input.headers = headers_.byId();
 }

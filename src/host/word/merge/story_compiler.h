@@ -46,6 +46,8 @@ class StoryCompiler {
   void Add(const pugi::xml_node& node);
   /// Adds the children of a node.
   void AddChildren(const pugi::xml_node& node);
+  /// Adds XML that is ready.
+  void AddXml(std::string_view xml) { Xml(xml); }
   Program Take() { return std::move(own_); }
 
  private:
