@@ -97,7 +97,7 @@ void MergedContent::CompileHeaders(CompileInput& input) {
     FoldFields(root);
     const CompileInput own{input.source, input.locale,      kNoNumbers, input.suppressBlankLines,
                            {},           input.variables, input.warn};
-    StoryCompiler compiler(own, false);
+    StoryCompiler compiler(own, root, false);
     compiler.AddXml("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
     compiler.Add(root);
     Program program = compiler.Take();
@@ -108,8 +108,8 @@ void MergedContent::CompileHeaders(CompileInput& input) {
 
 void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, const MergeOrder& order,
                                 const Locale& locale) {
-  StoryCompiler copyCompiler(input);
-  StoryCompiler endCompiler(input);
+  StoryCompiler copyCompiler(input, body, true);
+  StoryCompiler endCompiler(input, body, true);
   const pugi::xml_node section = RequireFinalSection(body);
   for (const pugi::xml_node block : body.children()) {
     (block == section ? endCompiler : copyCompiler).Add(block);

@@ -40,7 +40,7 @@ std::vector<NoteCopies> CompileNotes(WordPackage& package, const CompileInput& i
     pugi::xml_document document;
     document.reset(package.Tree(*part));
     pugi::xml_node root = document.document_element();
-    StoryCompiler compiler(input, false);
+    StoryCompiler compiler(input, root, false);
     for (pugi::xml_node note = root.child(kind.element); note;) {
       const pugi::xml_node next = note.next_sibling(kind.element);
       if (input.numbers.Uses(kind.number, note.attribute("w:id").as_llong())) {

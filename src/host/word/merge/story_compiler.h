@@ -38,9 +38,10 @@ void GatherVariables(const pugi::xml_node& tree, std::set<Text>& variables);
 
 class StoryCompiler {
  public:
+  /// @param story         of which nodes will be added
   /// @param movesRecords  false where NEXT and its like have no effect: headers, footers, notes
-  explicit StoryCompiler(const CompileInput& input, bool movesRecords = true)
-      : input_(input), movesRecords_(movesRecords) {}
+  StoryCompiler(const CompileInput& input, const pugi::xml_node& story, bool movesRecords)
+      : input_(input), movesRecords_(movesRecords), state_(story) {}
 
   /// Adds a node with all that is inside.
   void Add(const pugi::xml_node& node);

@@ -16,10 +16,6 @@ bool HasAnchor(const pugi::xml_node& node) {
 
 }  // namespace
 
-StoryMap::StoryMap(const pugi::xml_node& container) {
-  VisitBlocks(container);
-}
-
 void StoryMap::VisitBlocks(const pugi::xml_node& container) {
   for (const pugi::xml_node block : container.children()) VisitBlock(block);
 }

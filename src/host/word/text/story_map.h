@@ -45,7 +45,7 @@ struct TablePlace {
 class StoryMap {
  public:
   /// @param container  w:body, w:hdr, w:ftr
-  explicit StoryMap(const pugi::xml_node& container);
+  explicit StoryMap(const pugi::xml_node& container) : state_(container) { VisitBlocks(container); }
 
   const Text& text() const { return text_; }
   Position length() const { return static_cast<Position>(text_.size()); }

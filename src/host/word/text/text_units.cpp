@@ -87,7 +87,31 @@ char16_t MarkOf(const pugi::xml_node& paragraph) {
   return paragraph.child("w:pPr").child("w:sectPr") ? kSectionEnd : kParagraphEnd;
 }
 
+namespace {
+
+// Leaves in the list the field characters whose fields do not end. Text boxes are stories of their own.
+void Match(const pugi::xml_node& node, std::vector<pugi::xml_node>& open) {
+  for (const pugi::xml_node child : node.children()) {
+    if (Is(child, "w:fldChar")) {
+      const std::string_view type = child.attribute("w:fldCharType").value();
+      if (type == "begin") open.push_back(child);
+      if (type == "end" && !open.empty()) open.pop_back();
+    } else if (!Is(child, "w:txbxContent")) {
+      Match(child, open);
+    }
+  }
+}
+
+}  // namespace
+
+FieldState::FieldState(const pugi::xml_node& story) {
+  std::vector<pugi::xml_node> open;
+  Match(story, open);
+  if (!open.empty()) endless_ = std::make_shared<const std::set<pugi::xml_node>>(open.begin(), open.end());
+}
+
 void FieldState::Pass(const pugi::xml_node& fieldCharacter) {
+  if (endless_ && endless_->count(fieldCharacter) != 0) return;
   const std::string_view type = fieldCharacter.attribute("w:fldCharType").value();
   if (type == "begin") {
     inCode_.push_back(true);

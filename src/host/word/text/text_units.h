@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <pugixml.hpp>
+#include <set>
 #include <vector>
 
 #include "runtime/text.h"
@@ -40,9 +42,13 @@ void AppendTextOf(Text& text, const pugi::xml_node& textElement);
 /// The mark of a paragraph: end of a cell, a section or just the paragraph.
 char16_t MarkOf(const pugi::xml_node& paragraph);
 
-/// Whether runs belong to the text while fields open and close: codes do not, results do.
+/// Whether runs belong to the text while fields open and close: codes do not, results do. Fields that never end are none.
 class FieldState {
  public:
+  FieldState() = default;
+  /// @param story  what will be passed through
+  explicit FieldState(const pugi::xml_node& story);
+
   /// Takes note of a w:fldChar by its w:fldCharType.
   void Pass(const pugi::xml_node& fieldCharacter);
   bool InText() const { return codes_ == 0; }
@@ -50,6 +56,7 @@ class FieldState {
   std::size_t depth() const { return inCode_.size(); }
 
  private:
+  std::shared_ptr<const std::set<pugi::xml_node>> endless_;  // w:fldChar elements that begin a field without end
   std::vector<bool> inCode_;
   std::size_t codes_ = 0;  // open fields whose code has not ended
 };
