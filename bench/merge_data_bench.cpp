@@ -12,6 +12,7 @@
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
+#include "host/word/word_engine.h"
 #include "runtime/utf8.h"
 
 int main(int count, char** arguments) {
@@ -28,7 +29,8 @@ int main(int count, char** arguments) {
   SystemClock clock;
   SyslogEventLog eventLog;
   LinuxSuiteEnvironment environment("/nonexistent", "0");
-  ExportContext context{.platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment}};
+  WordEngine word(locale);
+  ExportContext context{.platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, word}};
 
   SqliteDatabase database(arguments[1]);
   const Text select = FromUtf8(arguments[2]);

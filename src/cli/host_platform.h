@@ -13,6 +13,7 @@
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
+#include "host/word/word_engine.h"
 
 namespace zorkanca::cli {
 
@@ -33,6 +34,7 @@ class HostPlatform {
   DesktopShell shell_;
   SyslogEventLog eventLog_;
   LinuxSuiteEnvironment environment_;
+  WordEngine word_;
   Platform platform_;
 };
 

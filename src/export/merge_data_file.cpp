@@ -5,8 +5,12 @@
 
 namespace zorkanca {
 
+Text LineBreakPlaceholder(const CodePage& codePage) {
+  return {codePage.Decode(215), codePage.Decode(182)};
+}
+
 MergeDataFile::MergeDataFile(TextStream& stream, LineBreaks lineBreaks, const CodePage& codePage)
-    : stream_(stream), lineBreaks_(lineBreaks), placeholder_({codePage.Decode(215), codePage.Decode(182)}) {}
+    : stream_(stream), lineBreaks_(lineBreaks), placeholder_(LineBreakPlaceholder(codePage)) {}
 
 void MergeDataFile::WriteBlankRecords(std::int16_t count, std::int32_t valueCount) {
   if (valueCount < 1) return;

@@ -10,6 +10,10 @@
 
 namespace zorkanca {
 
+/// The two characters that stand for a CR LF inside a value where each record has to be one line: characters 215 and
+/// 182 of the ANSI page.
+Text LineBreakPlaceholder(const CodePage& codePage);
+
 class MergeDataFile {
  public:
   /// What becomes of a CR LF inside a value.
@@ -19,7 +23,7 @@ class MergeDataFile {
   };
 
   /// @param stream    open for writing in `TextFormat::kUnicode`; outlives this object
-  /// @param codePage  the ANSI page whose characters 215 and 182 are the placeholder of a line break
+  /// @param codePage  the ANSI page of the placeholders
   MergeDataFile(TextStream& stream, LineBreaks lineBreaks, const CodePage& codePage);
 
   /// Writes the line of column names, as they are.

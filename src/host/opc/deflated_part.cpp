@@ -1,14 +1,11 @@
 #include "host/opc/deflated_part.h"
 
-#include <fcntl.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <cerrno>
 
-#include "host/files/native_path.h"
 #include "host/files/system_error.h"
-#include "host/files/temporary_folder.h"
+#include "host/files/unnamed_file.h"
 #include "host/opc/inflater.h"
 
 namespace zorkanca {
@@ -16,18 +13,6 @@ namespace zorkanca {
 namespace {
 
 constexpr std::size_t kBlock = 64 * 1024;
-
-FileDescriptor OpenUnnamedFile() {
-  const std::string folder = PrivateTemporaryFolder();
-  FileDescriptor file(open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
-  if (file) return file;
-  // Some file systems know no files without a name.
-  std::string path = JoinPath(folder, "zorkanca-XXXXXX");
-  file = FileDescriptor(mkostemp(path.data(), O_CLOEXEC));
-  if (!file) RaisePathError(errno, path);
-  unlink(path.c_str());
-  return file;
-}
 
 }  // namespace
 

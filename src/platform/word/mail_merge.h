@@ -21,20 +21,20 @@ inline constexpr std::int32_t kLastRecordOfSource = -16;
 
 /// Arguments of `OpenDataSource`; the defaults are the object model's.
 struct OpenDataSourceArguments {
-  Text Name;
+  Text Name = {};
   bool ConfirmConversions = true;
   bool ReadOnly = false;
   bool LinkToSource = true;
   bool AddToRecentFiles = true;
-  Text PasswordDocument;
-  Text PasswordTemplate;
-  Text WritePasswordDocument;
-  Text WritePasswordTemplate;
+  Text PasswordDocument = {};
+  Text PasswordTemplate = {};
+  Text WritePasswordDocument = {};
+  Text WritePasswordTemplate = {};
   bool Revert = false;
   std::int32_t Format = 0;
-  Text Connection;
-  Text SQLStatement;
-  Text SQLStatement1;
+  Text Connection = {};
+  Text SQLStatement = {};
+  Text SQLStatement1 = {};
 };
 
 class WordMailMerge {

@@ -15,15 +15,15 @@ enum class WordWindowState : std::int32_t { kNormal = 0, kMaximize = 1, kMinimiz
 
 /// Arguments of `Documents.Open`; the defaults are the object model's.
 struct OpenDocumentArguments {
-  Text FileName;
+  Text FileName = {};
   bool ConfirmConversions = true;
   bool ReadOnly = false;
   bool AddToRecentFiles = true;
-  Text PasswordDocument;
-  Text PasswordTemplate;
+  Text PasswordDocument = {};
+  Text PasswordTemplate = {};
   bool Revert = false;
-  Text WritePasswordDocument;
-  Text WritePasswordTemplate;
+  Text WritePasswordDocument = {};
+  Text WritePasswordTemplate = {};
   std::int32_t Format = 0;  ///< 0: the application finds out
 };
 

@@ -25,7 +25,7 @@ enum class WdExportCreateBookmarks : std::int32_t {
 
 /// Arguments of `ExportAsFixedFormat`; the defaults are the object model's.
 struct ExportDocumentArguments {
-  Text OutputFileName;
+  Text OutputFileName = {};
   std::int32_t ExportFormat = 17;  ///< PDF
   bool OpenAfterExport = false;
   std::int32_t OptimizeFor = 0;  ///< for print

@@ -12,7 +12,7 @@ namespace zorkanca {
 
 /// Arguments of `Find.Execute`; the defaults are the object model's.
 struct FindArguments {
-  Text FindText;
+  Text FindText = {};
   bool MatchCase = false;
   bool MatchWholeWord = false;
   bool MatchWildcards = false;  ///< "*" any run within a paragraph, "?" one character
@@ -21,7 +21,7 @@ struct FindArguments {
   bool Forward = true;
   std::int32_t Wrap = 0;  ///< 0 stop, 1 continue at the other end of the story
   bool Format = false;
-  std::optional<Text> ReplaceWith;
+  std::optional<Text> ReplaceWith = {};
   std::int32_t Replace = 0;  ///< 0 none, 1 the first, 2 all
 };
 

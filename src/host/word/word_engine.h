@@ -1,0 +1,38 @@
+// Our own engine in Word's place: it opens, merges and writes real Word documents without Word. What it supports and how
+// it decided where Word's behaviour is in doubt stands in docs/formats/word.md.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "host/libreoffice/libreoffice_converter.h"
+#include "platform/office_applications.h"
+#include "runtime/locale.h"
+
+namespace zorkanca {
+
+class WordEngine final : public OfficeApplications {
+ public:
+  /// Told in English of what a merge left as it was (an unknown field, a switch).
+  using Warn = std::function<void(TextView)>;
+
+  /// @param locale     of numbers, dates and ANSI data files; outlives the engine
+  /// @param converter  makes PDF and reads documents of other formats
+  explicit WordEngine(const Locale& locale, LibreOfficeConverter converter = {}, Warn warn = {});
+  ~WordEngine() override;
+
+  /// The application that this engine started; it runs until the engine is gone.
+  WordApplicationReference AttachWord() override;
+  /// One application runs at a time: a second start gives the running one.
+  WordApplicationReference StartWord() override;
+
+ private:
+  struct Environment;
+
+  std::shared_ptr<const Environment> environment_;
+  WordApplicationReference running_;
+
+  friend class EngineApplication;
+};
+
+}  // namespace zorkanca
