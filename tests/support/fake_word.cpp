@@ -11,7 +11,7 @@ namespace {
 
 class FakeRange final : public WordRange {
  public:
-  FakeRange(Text& story, std::int32_t start, std::int32_t end) : story_(story), start_(start), end_(end) {}
+  FakeRange(zorkanca::Text& story, std::int32_t start, std::int32_t end) : story_(story), start_(start), end_(end) {}
 
   std::int32_t Start() const override { return start_; }
   std::int32_t End() const override { return end_; }

@@ -18,7 +18,7 @@ class FakeDocument;
 /// Files and merges are what a test says they are.
 class FakeWord final : public OfficeApplications {
  public:
-  explicit FakeWord(Journal& journal) : journal(journal) {}
+  explicit FakeWord(Journal& lines) : journal(lines) {}
 
   bool running = false;
   std::int32_t attachError = 0;  ///< raised instead of 429 when Word does not run
