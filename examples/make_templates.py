@@ -17,11 +17,12 @@ FOLDER = pathlib.Path(__file__).resolve().parent
 FIRM = "Železářství Na Růžku, Dlouhá 14, 586 01 Jihlava"
 
 
-def add_field(paragraph, code, shown="", bold=False):
+def add_field(paragraph, code, shown="", bold=False, size=None):
     """A field as Word writes it: begin, code, separator, the old result, end, each in a run of its own."""
     def run_with(tag, **attributes):
         run = paragraph.add_run()
         run.bold = bold
+        run.font.size = size
         element = OxmlElement(tag)
         for name, value in attributes.items():
             element.set(qn(f"w:{name}"), value)
@@ -33,12 +34,14 @@ def add_field(paragraph, code, shown="", bold=False):
     instruction.set(qn("xml:space"), "preserve")
     instruction.text = f" {code} "
     run_with("w:fldChar", fldCharType="separate")
-    paragraph.add_run(shown).bold = bold
+    result = paragraph.add_run(shown)
+    result.bold = bold
+    result.font.size = size
     run_with("w:fldChar", fldCharType="end")
 
 
-def add_merge_field(paragraph, name, switches="", bold=False):
-    add_field(paragraph, f"MERGEFIELD {name} {switches}".rstrip(), f"«{name}»", bold)
+def add_merge_field(paragraph, name, switches="", bold=False, size=None):
+    add_field(paragraph, f"MERGEFIELD {name} {switches}".rstrip(), f"«{name}»", bold, size)
 
 
 def new_document(margins=2.0):
@@ -81,7 +84,7 @@ def make_letter():
     run = subject.add_run("Upomínka faktury č. ")
     run.bold = True
     run.font.size = Pt(14)
-    add_merge_field(subject, "cislo", bold=True)
+    add_merge_field(subject, "cislo", bold=True, size=Pt(14))
     document.add_paragraph("Dobrý den,")
     body = document.add_paragraph("dovolujeme si Vás upozornit, že faktura vystavená dne ")
     add_merge_field(body, "vystavena", '\\@ "d. MMMM yyyy"')

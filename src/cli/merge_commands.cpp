@@ -1,6 +1,7 @@
 // The command that merges a template with a data file.
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 #include "cli/command_line.h"
 #include "cli/host_platform.h"
@@ -23,23 +24,24 @@ struct MergeOptions {
   float step = 1.0f;
 };
 
-// Shows the events, and keeps the last state: the merge tells its failures by it.
+// Shows the events, and keeps what the merge tells of failures: a state that ends no step well.
 class MergeEvents final : public ZorOfficeEvents {
  public:
   explicit MergeEvents(const CommandContext& context)
       : display_(context.options.events, !context.options.quiet, true, context.interrupted) {}
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override {
-    lastState_ = DefaultMessage;
+    if (state == ExportStateValue::esStill && !DefaultMessage.starts_with(u"Dokončeno"))
+      failures_.emplace_back(DefaultMessage);
     display_.ExportState(state, DefaultMessage);
   }
   void PercentDone(float Percent, bool& Cancel) override { display_.PercentDone(Percent, Cancel); }
 
-  const Text& lastState() const { return lastState_; }
+  const std::vector<Text>& failures() const { return failures_; }
 
  private:
   ProgressDisplay display_;
-  Text lastState_;
+  std::vector<Text> failures_;
 };
 
 WordSaveFormat FormatOf(TextView path) {
@@ -92,7 +94,7 @@ int RunMerge(const CommandContext& context, const MergeOptions& options) {
       .rbSetAppVisible = false,
   };
   if (!office.MakeMailDocument(arguments)) {
-    std::fprintf(stderr, "zorkanca: %s\n", ToUtf8(events.lastState()).c_str());
+    for (const Text& failure : events.failures()) std::fprintf(stderr, "zorkanca: %s\n", ToUtf8(failure).c_str());
     return context.interrupted ? kInterrupted : kFailed;
   }
   if (folder) {
