@@ -55,6 +55,7 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   RemoveMergeSettings(parts_);
   const std::string mainPart = parts_.mainPart();
   pugi::xml_document document;
+  parts_.Body();
   document.reset(parts_.Tree(mainPart));
   pugi::xml_node body = document.document_element().child("w:body");
 
