@@ -66,8 +66,10 @@ pugi::xml_document& WordPackage::Tree(const std::string& part) {
 }
 
 pugi::xml_node WordPackage::Body() {
-  const pugi::xml_node body = Tree(mainPart_).document_element().child("w:body");
+  pugi::xml_node body = Tree(mainPart_).document_element().child("w:body");
   if (!body) RaiseBadPart(file(), mainPart_, "it has no body");
+  const pugi::xml_node first = body.first_child();
+  if (!first || (Is(first, "w:sectPr") && first == body.last_child())) body.prepend_child("w:p");  // Word has one always
   return body;
 }
 

@@ -26,6 +26,11 @@ bool HasFloating(const pugi::xml_node& node) {
   return std::any_of(children.begin(), children.end(), HasFloating);
 }
 
+bool HasTable(const pugi::xml_node& node) {
+  const auto children = node.children();
+  return Is(node, "w:tbl") || std::any_of(children.begin(), children.end(), HasTable);
+}
+
 // A copy would take a header that it does not name from the copy before; here each names all that the template has.
 void NameAllHeaders(const std::vector<pugi::xml_node>& sections) {
   for (const char* name : {"w:headerReference", "w:footerReference"}) {
@@ -50,6 +55,7 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   RemoveMergeSettings(parts_);
   const std::string mainPart = parts_.mainPart();
   pugi::xml_document document;
+  parts_.Body();
   document.reset(parts_.Tree(mainPart));
   pugi::xml_node body = document.document_element().child("w:body");
 
@@ -71,9 +77,9 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   if (IsLetter(order.type)) CompileHeaders(input);
   notes_ = CompileNotes(parts_, input);
   if (separate_) SeparateCopies(body, IsLetter(order.type));
-  const bool floating = HasFloating(body);
+  const MergedStory::Features features{HasFloating(body), HasTable(body)};
   CompileBody(body, input, order, locale);
-  story_ = std::make_unique<MergedStory>(*copies_, floating);
+  story_ = std::make_unique<MergedStory>(*copies_, features);
 
   body.remove_children();
   body.append_child(pugi::node_pcdata).set_value(std::string(kPlaceOfCopies).c_str());

@@ -82,10 +82,30 @@ char16_t MergedStory::UnitBefore(Position position) {
   return chunk.units[static_cast<std::size_t>(position - 1 - chunk.start)];
 }
 
+// The mark of the paragraph that a range begins in; the range's end when it lies behind.
+Position MergedStory::FirstMark(Interval range) {
+  for (Position position = range.start; position < range.end;) {
+    const TextChunk chunk = ChunkAt(position);
+    const TextView units = chunk.units.substr(static_cast<std::size_t>(position - chunk.start));
+    const auto mark = std::find_if(units.begin(), units.end(), EndsParagraph);
+    position += mark - units.begin();
+    if (mark != units.end()) return std::min(position, range.end);
+  }
+  return range.end;
+}
+
 void MergedStory::Delete(Interval range) {
   CopyLengths& lengths = Lengths();
   if (gone_.empty()) gone_.resize(lengths.count());
   const char16_t before = UnitBefore(range.start);
+  const Position firstMark = features_.tables ? FirstMark(range) : range.end;
+  // A paragraph that goes on in the next copy may lose its whole text here.
+  const std::size_t behind = lengths.CopyAt(range.end);
+  const bool atBoundary = range.end == lengths.StartOf(behind) && range.end + 1 < Length();
+  if (atBoundary && EndsParagraph(before) && !EndsParagraph(UnitBefore(range.end)) &&
+      TextOfCopy(behind).front() == kParagraphEnd) {
+    ++range.end;
+  }
   // Starts and lengths of the copies as they are before the deletion; it is done from behind, so they stay true.
   const std::size_t first = lengths.CopyAt(range.start);
   const std::size_t last = lengths.CopyAt(range.end - 1);
@@ -95,14 +115,19 @@ void MergedStory::Delete(Interval range) {
     const Interval own{std::max(range.start, start) - start,
                        std::min(range.end - start, lengths.LengthOf(copy))};
     if (own.start >= own.end) continue;
-    DeleteInCopy(copy, own, {before, copy != first, copy != last});
+    DeletionSurroundings around{before, copy != first, copy != last, copy + 1 == lengths.count()};
+    if (firstMark >= start && firstMark < start + lengths.LengthOf(copy)) {
+      around.continues = own.start == 0 && !EndsParagraph(before);
+      around.tableFollows = own.end == lengths.LengthOf(copy) && BeginsWithTable(copy + 1);
+    }
+    DeleteInCopy(copy, own, around);
   }
 }
 
 void MergedStory::DeleteInCopy(std::size_t copy, Interval range, const DeletionSurroundings& around) {
   CopyLengths& lengths = Lengths();
   PositionSet& gone = gone_[copy];
-  if (around.reachesBefore && around.reachesBehind) {
+  if (around.reachesBefore && around.reachesBehind && !around.continues) {
     gone = PositionSet(Interval{0, lengths.LengthOf(copy) + gone.Count()});
     lengths.Shorten(copy, lengths.LengthOf(copy));
     if (cachedCopy_ == copy) cached_.clear();
@@ -120,16 +145,37 @@ PositionSet MergedStory::Plan(std::size_t copy, Interval range, const DeletionSu
   const Text& text = TextOfCopy(copy);
   const TextView doomed =
       TextView(text).substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.end - range.start));
-  const bool cells = doomed.find(kCellEnd) != doomed.npos || doomed.find(kRowEnd) != doomed.npos;
-  if (!cells && !hasAnchors_) return PlanPlainDeletion(text, range, around);
+  const bool joins = std::any_of(doomed.begin(), doomed.end(), EndsParagraph);
+  if (!features_.anchors && !(features_.tables && joins)) return PlanPlainDeletion(text, range, around);
+  const pugi::xml_document document = CurrentTree(copy);
+  const StoryMap map(document.child("w:body"));
+  if (map.length() == static_cast<Position>(text.size())) return PlanDeletion(map, range, around);
+  // The tree closes a last paragraph whose mark is gone; that mark is no part of the text.
+  const Position closing = map.length() - 1;
+  if (range.end == closing) ++range.end;
+  DeletionSurroundings own = around;
+  own.endsStory = own.endsStory || range.end < closing;
+  PositionSet gone = PlanDeletion(map, range, own);
+  gone.Remove(closing);
+  return gone;
+}
+
+// Whether what follows a deletion is a table that text cannot join.
+bool MergedStory::BeginsWithTable(std::size_t copy) {
+  while (copy < copies_.count() && Lengths().LengthOf(copy) == 0) ++copy;
+  if (!features_.tables || copy == copies_.count()) return false;
+  const pugi::xml_document document = CurrentTree(copy);
+  const StoryMap map(document.child("w:body"));
+  return !map.tables().empty() && map.tables().front().range.start == 0;
+}
+
+pugi::xml_document MergedStory::CurrentTree(std::size_t copy) const {
   std::string xml;
   copies_.AppendXml(copy, xml);
   LeftOver leftOver;  // of a last paragraph without mark: still text of this copy
   xml = EditedXml(copy, leftOver, xml);
   if (!leftOver.empty()) xml += "<w:p>" + leftOver + "</w:p>";
-  const pugi::xml_document document = ParseCopy(xml);
-  const StoryMap map(document.child("w:body"));
-  return PlanDeletion(map, range, around);
+  return ParseCopy(xml);
 }
 
 void MergedStory::ReplaceAll(const std::vector<Interval>&, TextView) {

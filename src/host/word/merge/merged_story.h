@@ -13,8 +13,12 @@ namespace zorkanca::word {
 
 class MergedStory final : public StoryText {
  public:
-  /// @param hasAnchors  floating pictures stand in the text; deletions then look at the copy's tree
-  MergedStory(const MergedCopies& copies, bool hasAnchors) : copies_(copies), hasAnchors_(hasAnchors) {}
+  /// What deletions have to look at a copy's tree for.
+  struct Features {
+    bool anchors = false;  ///< floating pictures
+    bool tables = false;
+  };
+  MergedStory(const MergedCopies& copies, const Features& features) : copies_(copies), features_(features) {}
 
   Position Length() override { return Lengths().Total(); }
   TextChunk ChunkAt(Position position) override;
@@ -29,12 +33,15 @@ class MergedStory final : public StoryText {
   CopyLengths& Lengths();
   const Text& TextOfCopy(std::size_t copy);
   char16_t UnitBefore(Position position);
+  Position FirstMark(Interval range);
   void DeleteInCopy(std::size_t copy, Interval range, const DeletionSurroundings& around);
   PositionSet Plan(std::size_t copy, Interval range, const DeletionSurroundings& around);
+  bool BeginsWithTable(std::size_t copy);
+  pugi::xml_document CurrentTree(std::size_t copy) const;
   std::string EditedXml(std::size_t copy, LeftOver& leftOver, const std::string& xml) const;
 
   const MergedCopies& copies_;
-  bool hasAnchors_;
+  Features features_;
   std::optional<CopyLengths> lengths_;
   std::vector<PositionSet> gone_;  // by copy, in positions of the copy as merged; empty before the first deletion
   std::size_t cachedCopy_ = static_cast<std::size_t>(-1);

@@ -92,19 +92,21 @@ void JoinWithNext(const ParagraphPlace& place, const PositionSet& gone, LeftOver
   pugi::xml_node taker = TakerOf(paragraph);
   pugi::xml_node before = taker.child("w:pPr");
   bool remains = false;
+  LeftOver moved;
   for (pugi::xml_node child = paragraph.first_child(); child;) {
     const pugi::xml_node next = child.next_sibling();
     if (IsContent(child, all)) {
       if (taker) {
         before = before ? taker.insert_move_after(child, before) : taker.prepend_move(child);
       } else if (leftOver && !NextBlock(paragraph)) {
-        *leftOver += XmlBytes(child);
+        moved += XmlBytes(child);
       } else {
         remains = remains || !IsRangeMark(child);
       }
     }
     child = next;
   }
+  if (leftOver) *leftOver = moved + *leftOver;
   if (!remains) paragraph.parent().remove_child(paragraph);
 }
 
@@ -114,9 +116,10 @@ void RemovePositions(const StoryMap& map, const PositionSet& gone, LeftOver* lef
   for (const TextPiece& piece : map.pieces()) RemoveText(piece, gone);
   RemoveFields(map, gone);
   const PositionSet removed = RemoveTables(map, gone);
-  for (const ParagraphPlace& place : map.paragraphs()) {
-    if (place.range.start == place.range.end || removed.Contains(place.range.start)) continue;
-    if (gone.Contains(place.range.end - 1)) JoinWithNext(place, gone, leftOver);
+  // From behind, so that what a paragraph takes up from the one before it is not mistaken for its own.
+  for (auto place = map.paragraphs().rbegin(); place != map.paragraphs().rend(); ++place) {
+    if (place->range.start == place->range.end || removed.Contains(place->range.start)) continue;
+    if (gone.Contains(place->range.end - 1)) JoinWithNext(*place, gone, leftOver);
   }
 }
 

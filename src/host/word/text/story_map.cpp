@@ -137,12 +137,35 @@ void KeepCells(const StoryMap& map, Interval range, const DeletionSurroundings& 
   }
 }
 
+bool Remains(const ParagraphPlace& place, const PositionSet& gone) {
+  return place.range.start < place.range.end - 1 && !gone.Covers({place.range.start, place.range.end - 1});
+}
+
+// The marks of paragraphs that would have to join a table.
+void KeepMarksBeforeTables(const StoryMap& map, const DeletionSurroundings& around, PositionSet& gone) {
+  const auto vanishes = [&](const pugi::xml_node& block) {
+    const auto isBlock = [&](const auto& place) { return place.node == block; };
+    const auto paragraph = std::find_if(map.paragraphs().begin(), map.paragraphs().end(), isBlock);
+    if (paragraph != map.paragraphs().end()) return gone.Contains(paragraph->range.end - 1);
+    const auto table = std::find_if(map.tables().begin(), map.tables().end(), isBlock);
+    return table != map.tables().end() && gone.Covers(table->range);
+  };
+  for (const ParagraphPlace& place : map.paragraphs()) {
+    const bool remains = Remains(place, gone) || (around.continues && place.range.start == 0);
+    if (!gone.Contains(place.range.end - 1) || !remains) continue;
+    pugi::xml_node next = NextBlock(place.node);
+    while (next && vanishes(next)) next = NextBlock(next);
+    if (Is(next, "w:tbl") || (!next && around.tableFollows)) gone.Remove(place.range.end - 1);
+  }
+}
+
 }  // namespace
 
 PositionSet PlanPlainDeletion(TextView text, Interval range, const DeletionSurroundings& around) {
   const auto unitAt = [&](Position position) { return text[static_cast<std::size_t>(position)]; };
   const char16_t before = range.start == 0 ? around.before : unitAt(range.start - 1);
-  const bool whole = range.start < range.end && range.end < static_cast<Position>(text.size()) &&
+  const Position length = static_cast<Position>(text.size()) - (around.endsStory ? 1 : 0);
+  const bool whole = range.start < range.end && range.end < length &&
                      EndsParagraph(before) && unitAt(range.end) == kParagraphEnd &&
                      !EndsParagraph(unitAt(range.end - 1));
   return PositionSet({range.start, range.end + (whole ? 1 : 0)});
@@ -156,6 +179,7 @@ PositionSet PlanDeletion(const StoryMap& map, Interval range, const DeletionSurr
   };
   if (extended && std::any_of(map.paragraphs().begin(), map.paragraphs().end(), anchored)) gone.Remove(range.end);
   KeepCells(map, range, around, gone);
+  KeepMarksBeforeTables(map, around, gone);
   return gone;
 }
 

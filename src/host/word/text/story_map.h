@@ -81,14 +81,18 @@ struct DeletionSurroundings {
   char16_t before = kParagraphEnd;  ///< the unit before the deletion, when that begins at the text's start or before it
   bool reachesBefore = false;       ///< the deletion begins before this text
   bool reachesBehind = false;       ///< the deletion ends behind this text
+  bool endsStory = true;            ///< the text's last mark is the story's and stays
+  bool tableFollows = false;        ///< what follows this text begins with a table
+  bool continues = false;           ///< the first paragraph has a part before this text, which stays
 };
 
-/// The positions that a deletion takes away: not the ends of cells and rows that stay, and with the mark of a paragraph
-/// whose whole text goes. Rows go when the deletion covers them and reaches beyond their table.
+/// The positions that a deletion takes away: not the ends of cells and rows that stay, nor the mark of a paragraph of
+/// which something remains before a table, but with the mark of a paragraph whose whole text goes. Rows go when the
+/// deletion covers them and reaches beyond their table.
 /// @param range  within the map's text
 PositionSet PlanDeletion(const StoryMap& map, Interval range, const DeletionSurroundings& around = {});
 
-/// The same for text that has neither tables nor floating pictures in the range; needs no tree.
+/// The same where the range touches neither tables nor floating pictures; needs no tree.
 PositionSet PlanPlainDeletion(TextView text, Interval range, const DeletionSurroundings& around);
 
 }  // namespace zorkanca::word

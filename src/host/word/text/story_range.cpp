@@ -65,7 +65,10 @@ std::vector<Interval> StoryRange::SearchAreas(const FindArguments& arguments, Po
     first = arguments.Forward ? Interval{first.end, length} : Interval{0, first.start};
   }
   std::vector<Interval> areas{first};
-  if (arguments.Wrap == 1) areas.push_back({0, length});
+  if (arguments.Wrap == 1) {
+    areas.push_back(arguments.Forward ? Interval{first.start, length} : Interval{0, first.end});
+    areas.push_back({0, length});
+  }
   return areas;
 }
 
