@@ -230,7 +230,7 @@ class CommandLineTest(unittest.TestCase):
             (["--template", "missing.dotx", "--data-file", data, "-o", "no.docx"], "Nepodařilo se otevřít aplikaci MS Word !"),
             (["--template", "garbage.docx", "--data-file", data, "-o", "no.docx"], "Chyba při otvírání dokumentu"),
             (["--template", template, "--data-file", "missing.txt", "-o", "no.docx"], "Chyba ve zpracování dat"),
-            (["--template", template, "--data-file", self.folder / "odd.db", "-o", "no.docx"], "zorkanca: "),
+            (["--template", template, "--data-file", self.folder / "odd.db", "-o", "no.docx"], "is no text file."),
             (["--template", template, "--data-file", data, "-o", "none/no.docx"], "Path not found"),
         ]:
             stdout, stderr = self.run_program("merge", *arguments, status=1)
