@@ -51,7 +51,8 @@ inline std::string F(const std::string& code, const std::string& result = "old")
 /// What a document is made of beside its body: XML of the inside of each part's root.
 struct WordParts {
   std::string body;
-  std::map<std::string, std::string> others = {};  ///< "header", "footer", "settings", "footnotes", "numbering", "styles"
+  std::map<std::string, std::string> others =
+      {};  ///< "header", "footer", "settings", "footnotes", "numbering", "styles"
 };
 
 inline void WriteWordFile(const std::string& path, const WordParts& parts, const std::string& kind = "template.main") {
