@@ -2,8 +2,8 @@
 //
 //   word_merge_bench letters|catalog RECORDS [FOLDER]
 //
-// letters: ten paragraphs with 30 merge fields and a header with one. catalog: a heading block, a line, a closing block;
-// the repeated blocks are deleted as the export does it.
+// letters: ten paragraphs with 30 merge fields and a header with one. catalog: a heading block, a line, a closing
+// block; the repeated blocks are deleted as the export does it.
 #include <sys/resource.h>
 
 #include <chrono>
@@ -43,7 +43,9 @@ std::string Letter() {
     for (int i = 0; i < 3; ++i) body += Run("Vážený zákazníku, sdělujeme Vám ") + Field(paragraph * 3 + i);
     body += "</w:p>";
   }
-  return body + "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId1\"/><w:pgSz w:w=\"11906\" w:h=\"16838\"/></w:sectPr>";
+  return body +
+         "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId1\"/><w:pgSz w:w=\"11906\" "
+         "w:h=\"16838\"/></w:sectPr>";
 }
 
 std::string Catalog() {

@@ -54,21 +54,23 @@ TEST(WordDataSource, ReadsWhatTheExportsWrite) {
       {"A;B\r\n1;2\r\n3;4\r\n", "A|B|/1|2|/3|4|/"},
       {"A;B\r\n1;2", "A|B|/1|2|/"},
       {"A;B", "A|B|/"},
-      {"A;\"B\r\n1;2\r\n", "A|\"B|/1|2|/"},                                  // names are not quoted
-      {"A;\"B\"\r\n1;2\r\n", "A|B|/1|2|/"},                                  // unless somebody else did
+      {"A;\"B\r\n1;2\r\n", "A|\"B|/1|2|/"},                                      // names are not quoted
+      {"A;\"B\"\r\n1;2\r\n", "A|B|/1|2|/"},                                      // unless somebody else did
       {"A;B;C\r\n;;\r\n;;\r\n1\r\n1;2;3;4\r\n", "A|B|C|/|||/|||/1|||/1|2|3|/"},  // blank, short and long records
       {"A\r\n\r\nx\r\n", "A|/|/x|/"},
       {"A;B\r\n\"a;b\";\"12\"\" sign\"\r\n\"\"\"q\"\"\";\"\"\r\n", "A|B|/a;b|12\" sign|/\"q\"||/"},
-      {"A;B\r\n\"a\r\nb\";a\nb\rc\r\n", "A|B|/a\\r\\nb|a\\nb\\rc|/"},           // quoted CR LF, lone CR and LF
-      {"A;B\r\na\"\"b;c\"d\r\n\"\"x;y\r\n", "A|B|/a\"b|c\"d|/\"x|y|/"},         // doubled quotes in plain text
-      {"A;B\r\n\"a\"b\"\"c;d\";2\r\n", "A|B|/a\"b\"c;d|2|/"},                  // a lone quote inside a quoted value
-      {"A;B\n1;2\n\"x\ny\";3\n", "A|B|/1|2|/x\\ny|3|/"},                       // lines of another system
+      {"A;B\r\n\"a\r\nb\";a\nb\rc\r\n", "A|B|/a\\r\\nb|a\\nb\\rc|/"},    // quoted CR LF, lone CR and LF
+      {"A;B\r\na\"\"b;c\"d\r\n\"\"x;y\r\n", "A|B|/a\"b|c\"d|/\"x|y|/"},  // doubled quotes in plain text
+      {"A;B\r\n\"a\"b\"\"c;d\";2\r\n", "A|B|/a\"b\"c;d|2|/"},            // a lone quote inside a quoted value
+      {"A;B\n1;2\n\"x\ny\";3\n", "A|B|/1|2|/x\\ny|3|/"},                 // lines of another system
       {"A\r\nžluť \xF0\x9F\x98\x80\r\n", "A|/žluť \xF0\x9F\x98\x80|/"},
-      {"A\r\na\x01\x02z\r\n", "A|/az|/"},                                    // what XML forbids
+      {"A\r\na\x01\x02z\r\n", "A|/az|/"},  // what XML forbids
   };
   for (const Row& row : rows) EXPECT_EQ(Read(Utf16(row.file)), row.shown) << row.file;
   EXPECT_EQ(Read("J\xE9no;B\r\n\xBElu\x9D;\r\n"), "Jéno|B|/ľluť||/");  // ANSI
-  EXPECT_EQ(Read("\xEF\xBB\xBF" "A\r\nžluť\r\n"), "A|/žluť|/");
+  EXPECT_EQ(Read("\xEF\xBB\xBF"
+                 "A\r\nžluť\r\n"),
+            "A|/žluť|/");
   std::string lone = Utf16("A\r\nx");
   EXPECT_EQ(Read(lone + std::string("\x00\xD8", 2)), "A|/x\xEF\xBF\xBD|/");
 }

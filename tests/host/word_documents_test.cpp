@@ -8,7 +8,8 @@ std::string FormField(const std::string& name, const std::string& data, const st
                       const std::string& result) {
   return "<w:r><w:fldChar w:fldCharType=\"begin\"><w:ffData><w:name w:val=\"" + name + "\"/>" + data +
          "</w:ffData></w:fldChar></w:r><w:r><w:instrText> " + code + " </w:instrText></w:r>" +
-         (result.empty() ? "" : FieldCharacter("separate") + "<w:r><w:rPr><w:b/></w:rPr><w:t>" + result + "</w:t></w:r>") +
+         (result.empty() ? ""
+                         : FieldCharacter("separate") + "<w:r><w:rPr><w:b/></w:rPr><w:t>" + result + "</w:t></w:r>") +
          FieldCharacter("end");
 }
 
@@ -66,7 +67,9 @@ TEST(WordDocuments, AreWrittenWholeWithEverythingNobodyTouched) {
   EXPECT_EQ(without.ReadPart("/word/unknown.bin"), std::string("\0\1<neco", 7));
 
   const std::string before = bench.folder.Read("m.docx");
-  EXPECT_NE(ErrorOf([&] { document->SaveAs(bench.folder.TextPath("není/m.docx"), WordSaveFormat::kDocumentXml); }).number(), 0);
+  EXPECT_NE(
+      ErrorOf([&] { document->SaveAs(bench.folder.TextPath("není/m.docx"), WordSaveFormat::kDocumentXml); }).number(),
+      0);
   EXPECT_EQ(bench.folder.Read("m.docx"), before);
 }
 
@@ -76,9 +79,10 @@ TEST(WordDocuments, AreReadUnderAnyPrefixAndInStrictForm) {
                             "http://purl.oclc.org/ooxml/wordprocessingml/main"}) {
     WriteWordFile(bench.folder.Path("p.dotx"), {P("")});
     Package package = Package::Open(bench.folder.Path("p.dotx"));
-    package.ReplacePart("/word/document.xml",
-                        std::string("<document xmlns=\"") + space + "\" xmlns:x=\"" + space +
-                            "\"><body><p><x:fldSimple x:instr=\"MERGEFIELD A\"><r><t>x</t></r></x:fldSimple></p></body></document>");
+    package.ReplacePart(
+        "/word/document.xml",
+        std::string("<document xmlns=\"") + space + "\" xmlns:x=\"" + space +
+            "\"><body><p><x:fldSimple x:instr=\"MERGEFIELD A\"><r><t>x</t></r></x:fldSimple></p></body></document>");
     package.SaveAs(bench.folder.Path("p.dotx"));
     const auto main = bench.Application()->AddDocument(bench.folder.TextPath("p.dotx"), false);
     main->MailMerge().OpenDataSource({.Name = bench.WriteData("A\r\n5\r\n")});
@@ -120,7 +124,8 @@ TEST(WordDocuments, TakeResultsOfFormFields) {
   document->FormFieldResult(u"Jmeno", u"");
   EXPECT_EQ(document->FormFieldResult(u"Jmeno"), u"");
   const std::string body = bench.SavedBody(*document);
-  EXPECT_EQ(CountOf(body, "<w:r><w:rPr><w:b/></w:rPr><w:t xml:space=\"preserve\">\xE2\x80\x82\xE2\x80\x82"), 1u) << body;
+  EXPECT_EQ(CountOf(body, "<w:r><w:rPr><w:b/></w:rPr><w:t xml:space=\"preserve\">\xE2\x80\x82\xE2\x80\x82"), 1u)
+      << body;
   EXPECT_EQ(CountOf(body, "staré"), 0u);
   EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Chybí", u"x"); }).number(), 5941);
   EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"PSC_1", u"12"); }).number(), 4609);

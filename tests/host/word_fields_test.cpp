@@ -10,8 +10,8 @@ constexpr const char* kData =
     "petr;-7;31.12.2023 14:05:09;;y;z\r\n";
 
 std::string ResultOf(WordBench& bench, const std::string& paragraphContent) {
-  const auto merged = bench.Merge({.body = P(R("[") + paragraphContent + R("]")) + "<w:sectPr/>"},
-                                  kData, MainDocumentType::kCatalog);
+  const auto merged =
+      bench.Merge({.body = P(R("[") + paragraphContent + R("]")) + "<w:sectPr/>"}, kData, MainDocumentType::kCatalog);
   const std::string text = Shown(merged->Content()->Text());
   bench.Saved(*merged);
   merged->Close(false);
@@ -91,9 +91,10 @@ TEST(WordFields, AreTheSameInEveryShape) {
 
 TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
   WordBench bench;
-  const std::string locked = "<w:r><w:fldChar w:fldCharType=\"begin\" w:fldLock=\"1\" w:dirty=\"true\"/></w:r>"
-                             "<w:r><w:instrText>MERGEFIELD Jméno</w:instrText></w:r>" +
-                             FieldCharacter("separate") + R("staré") + FieldCharacter("end");
+  const std::string locked =
+      "<w:r><w:fldChar w:fldCharType=\"begin\" w:fldLock=\"1\" w:dirty=\"true\"/></w:r>"
+      "<w:r><w:instrText>MERGEFIELD Jméno</w:instrText></w:r>" +
+      FieldCharacter("separate") + R("staré") + FieldCharacter("end");
   EXPECT_EQ(ResultOf(bench, F("PAGE", "1")), "1");
   EXPECT_EQ(ResultOf(bench, locked), "staré");
   EXPECT_EQ(ResultOf(bench, F("= 1 + {Plat}", "9")), "9");
@@ -103,8 +104,9 @@ TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
   const auto merged = bench.Merge({.body = P(F("HYPERLINK \"http://x/?{Dlouhé_jméno}\"", "odkaz") + locked)}, kData,
                                   MainDocumentType::kCatalog);
   const std::string body = bench.SavedBody(*merged);
-  EXPECT_NE(body.find("HYPERLINK \"http://x/?</w:instrText></w:r><w:r><w:instrText xml:space=\"preserve\">x</w:instrText>"),
-            std::string::npos)
+  EXPECT_NE(
+      body.find("HYPERLINK \"http://x/?</w:instrText></w:r><w:r><w:instrText xml:space=\"preserve\">x</w:instrText>"),
+      std::string::npos)
       << body;
   EXPECT_EQ(body.find("w:dirty"), std::string::npos);
   EXPECT_NE(body.find("w:fldLock=\"1\""), std::string::npos);
@@ -120,7 +122,8 @@ TEST(WordFields, TakeTheirFormattingFromTheOldResultOrFromTheCode) {
   };
   WordBench bench;
   for (const auto& [switches, format] : {std::pair{"", "i"}, {" \\* MERGEFORMAT", "i"}, {" \\* CHARFORMAT", "b"}}) {
-    const auto merged = bench.Merge({.body = P(field(switches)) + P(R("konec"))}, "Plat\r\n5\r\n", MainDocumentType::kCatalog);
+    const auto merged =
+        bench.Merge({.body = P(field(switches)) + P(R("konec"))}, "Plat\r\n5\r\n", MainDocumentType::kCatalog);
     EXPECT_EQ(CountOf(bench.SavedBody(*merged), run(format, "<w:t xml:space=\"preserve\">5</w:t>")), 1u) << switches;
   }
 }
@@ -129,14 +132,13 @@ TEST(WordFields, SpliceWhatTheBranchesOfIfHold) {
   WordBench bench;
   const std::string begin = FieldCharacter("begin") + "<w:r><w:instrText>IF </w:instrText></w:r>" + F("MERGEFIELD A") +
                             "<w:r><w:instrText xml:space=\"preserve\"> = 1 \"prvá</w:instrText></w:r>";
-  const std::string finish = "<w:r><w:instrText>poslední\" \"jinak\"</w:instrText></w:r>" +
-                             FieldCharacter("separate") + R("old") + FieldCharacter("end");
+  const std::string finish = "<w:r><w:instrText>poslední\" \"jinak\"</w:instrText></w:r>" + FieldCharacter("separate") +
+                             R("old") + FieldCharacter("end");
   const std::string table = "<w:tbl><w:tr>" + Cell(P(F("MERGEFIELD B"))) + "</w:tr></w:tbl>";
   const std::string body = P(R("před ") + begin) + table + "<w:p><w:pPr><w:jc w:val=\"center\"/></w:pPr>" + finish +
                            R(" za") + "</w:p>" + P(R("."));
   const auto merged = bench.Merge({.body = body}, "A;B\r\n1;buňka\r\n2;nic\r\n", MainDocumentType::kCatalog);
-  EXPECT_EQ(Shown(merged->Content()->Text()),
-            "před prvá\\rbuňka\\r\a\\r\aposlední za\\r.\\rpřed jinak za\\r.\\r");
+  EXPECT_EQ(Shown(merged->Content()->Text()), "před prvá\\rbuňka\\r\a\\r\aposlední za\\r.\\rpřed jinak za\\r.\\r");
   EXPECT_EQ(CountOf(bench.SavedBody(*merged), "<w:jc"), 1u);
 }
 

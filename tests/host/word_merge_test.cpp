@@ -9,8 +9,8 @@ const char* const kThree = "A;B\r\n1;x\r\n2;\r\n3;y\r\n";
 TEST(WordMerge, GivesEachLetterASectionOfItsOwn) {
   WordBench bench;
   const std::string section = "<w:sectPr><w:type w:val=\"continuous\"/><w:pgSz w:w=\"100\"/></w:sectPr>";
-  const auto merged = bench.Merge({.body = P(R("Dopis ") + F("MERGEFIELD A")) + section}, kThree,
-                                  MainDocumentType::kFormLetters);
+  const auto merged =
+      bench.Merge({.body = P(R("Dopis ") + F("MERGEFIELD A")) + section}, kThree, MainDocumentType::kFormLetters);
   EXPECT_EQ(Shown(merged->Content()->Text()), "Dopis 1\fDopis 2\fDopis 3\\r");
   const std::string whole =
       "<w:sectPr><w:type w:val=\"nextPage\"/><w:pgSz w:w=\"100\"/><w:pgNumType w:start=\"1\"/></w:sectPr>";
@@ -45,8 +45,9 @@ TEST(WordMerge, FillsLabelsAndMovesThroughTheRecords) {
   EXPECT_EQ(CountOf(bench.SavedBody(*labels), "pgNumType"), 0u);
 
   const std::string skip = F("SKIPIF {A} = 2", "") + F("NEXTIF {A} = 1", "");
-  const auto skipped = bench.Merge({.body = P(skip + F("MERGEFIELD A") + R(" ") + F("MERGESEQ") + R(" ") + F("MERGEREC"))},
-                                   "A\r\n2\r\n1\r\n5\r\n2\r\n7\r\n", MainDocumentType::kCatalog);
+  const auto skipped =
+      bench.Merge({.body = P(skip + F("MERGEFIELD A") + R(" ") + F("MERGESEQ") + R(" ") + F("MERGEREC"))},
+                  "A\r\n2\r\n1\r\n5\r\n2\r\n7\r\n", MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(skipped->Content()->Text()), "5 1 3\\r7 2 5\\r");
 }
 
@@ -64,35 +65,43 @@ TEST(WordMerge, SharesHeadersThatAreEqual) {
   EXPECT_EQ(std::count_if(names.begin(), names.end(), [](const auto& n) { return n.starts_with("/word/header"); }), 2);
   const auto again = bench.Application()->OpenDocument({.FileName = bench.folder.TextPath("out.docx")});
   std::string headers;
-  for (int i = 1; i <= 4; ++i) headers += Shown(again->PrimaryHeader(i)->Text()) + Shown(again->PrimaryFooter(i)->Text());
+  for (int i = 1; i <= 4; ++i)
+    headers += Shown(again->PrimaryHeader(i)->Text()) + Shown(again->PrimaryFooter(i)->Text());
   EXPECT_EQ(headers, "za x\\rs.\\rpro y\\rs.\\rpro y\\rs.\\rza x\\rs.\\r");
   EXPECT_EQ(ErrorOf([&] { again->PrimaryHeader(5); }).number(), 5941);
 
   const auto catalog = bench.Merge(parts, kThree, MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(catalog->PrimaryHeader(1)->Text()), "pro old\\r");  // left for the headers' own pass
+  EXPECT_TRUE(
+      catalog->PrimaryHeader(1)->Find({.FindText = u"ol?", .MatchWildcards = true, .ReplaceWith = u"5", .Replace = 2}));
+  const std::string header = bench.Saved(*catalog).ReadPart("/word/header.xml");
+  EXPECT_EQ(CountOf(header, ">5</w:t>"), 1u) << header;
+  EXPECT_EQ(CountOf(header, "MERGEFIELD"), 0u) << header;  // an update would bring the name back
 }
 
 TEST(WordMerge, GivesCopiesNumbersOfTheirOwn) {
   const std::string list = "<w:pPr><w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"4\"/></w:numPr></w:pPr>";
-  const std::string picture = "<w:r><w:drawing><wp:inline><wp:docPr id=\"7\" name=\"p\"/></wp:inline></w:drawing></w:r>";
+  const std::string picture =
+      "<w:r><w:drawing><wp:inline><wp:docPr id=\"7\" name=\"p\"/></wp:inline></w:drawing></w:r>";
   const std::string body =
       "<w:p w14:paraId=\"00000001\">" + list + "<w:bookmarkStart w:id=\"3\" w:name=\"Zde\"/>" + F("MERGEFIELD A") +
       "<w:bookmarkEnd w:id=\"3\"/>" + picture + "<w:r><w:footnoteReference w:id=\"2\"/></w:r></w:p>" +
       P(F("PAGEREF Zde \\h", "1") + "<w:hyperlink w:anchor=\"Zde\">" + R("tam") + "</w:hyperlink>");
   const std::string numbering =
-      "<w:abstractNum w:abstractNumId=\"9\"><w:lvl w:ilvl=\"0\"><w:start w:val=\"5\"/><w:numFmt w:val=\"decimal\"/></w:lvl>"
+      "<w:abstractNum w:abstractNumId=\"9\"><w:lvl w:ilvl=\"0\"><w:start w:val=\"5\"/><w:numFmt "
+      "w:val=\"decimal\"/></w:lvl>"
       "</w:abstractNum><w:num w:numId=\"4\"><w:abstractNumId w:val=\"9\"/></w:num>";
   const std::string notes = "<w:footnote w:type=\"separator\" w:id=\"0\"><w:p/></w:footnote><w:footnote w:id=\"2\">" +
                             P(R("k ") + F("MERGEFIELD A")) + "</w:footnote>";
   WordBench bench;
-  const auto merged = bench.Merge({body, {{"footnotes", notes}, {"numbering", numbering}}}, kThree,
-                                  MainDocumentType::kFormLetters);
+  const auto merged =
+      bench.Merge({body, {{"footnotes", notes}, {"numbering", numbering}}}, kThree, MainDocumentType::kFormLetters);
   const std::string saved = bench.SavedBody(*merged);
   const Package package = bench.Saved(*merged);
-  for (const char* once : {"wp:docPr id=\"7\"", "wp:docPr id=\"8\"", "wp:docPr id=\"9\"", "w:name=\"Zde\"",
-                           "w:name=\"Zde_2\"", "w:name=\"Zde_3\"", "w:anchor=\"Zde_3\"", "PAGEREF Zde_2 \\h",
-                           "footnoteReference w:id=\"2\"", "footnoteReference w:id=\"4\"", "w:numId w:val=\"6\"",
-                           "bookmarkStart w:id=\"5\"", "bookmarkEnd w:id=\"5\""}) {
+  for (const char* once :
+       {"wp:docPr id=\"7\"", "wp:docPr id=\"8\"", "wp:docPr id=\"9\"", "w:name=\"Zde\"", "w:name=\"Zde_2\"",
+        "w:name=\"Zde_3\"", "w:anchor=\"Zde_3\"", "PAGEREF Zde_2 \\h", "footnoteReference w:id=\"2\"",
+        "footnoteReference w:id=\"4\"", "w:numId w:val=\"6\"", "bookmarkStart w:id=\"5\"", "bookmarkEnd w:id=\"5\""}) {
     EXPECT_EQ(CountOf(saved, once), 1u) << once << "\n" << saved;
   }
   EXPECT_EQ(CountOf(saved, "paraId"), 0u);
@@ -106,8 +115,8 @@ TEST(WordMerge, GivesCopiesNumbersOfTheirOwn) {
 
 TEST(WordMerge, DropsLinesWhoseFieldsAreAllEmpty) {
   const std::string b = F("MERGEFIELD B");
-  const std::string body = P(F("MERGEFIELD A")) + P(b) + P(b + b + "<w:proofErr w:type=\"x\"/>") + P(b + R(" ")) + P("") +
-                           P("<w:bookmarkStart w:id=\"1\" w:name=\"z\"/>" + b + "<w:bookmarkEnd w:id=\"1\"/>") +
+  const std::string body = P(F("MERGEFIELD A")) + P(b) + P(b + b + "<w:proofErr w:type=\"x\"/>") + P(b + R(" ")) +
+                           P("") + P("<w:bookmarkStart w:id=\"1\" w:name=\"z\"/>" + b + "<w:bookmarkEnd w:id=\"1\"/>") +
                            "<w:tbl><w:tr>" + Cell(P(b) + P(b)) + "</w:tr></w:tbl>" + P(R("konec"));
   WordBench bench;
   const auto merged = bench.Merge({.body = body}, "A;B\r\n1;\r\n2; \r\n", MainDocumentType::kCatalog);
@@ -124,8 +133,9 @@ TEST(WordMerge, DropsLinesWhoseFieldsAreAllEmpty) {
 
 TEST(WordMerge, FillsBothFormsOfATextBoxFromTheSameRecord) {
   const std::string box = "<w:txbxContent>" + P(F("NEXT", "") + F("MERGEFIELD A")) + "</w:txbxContent>";
-  const std::string body = P("<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\">" + box + "</mc:Choice><mc:Fallback>" +
-                             box + "</mc:Fallback></mc:AlternateContent></w:r>" + F("MERGEFIELD A"));
+  const std::string body =
+      P("<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\">" + box + "</mc:Choice><mc:Fallback>" + box +
+        "</mc:Fallback></mc:AlternateContent></w:r>" + F("MERGEFIELD A"));
   WordBench bench;
   const auto merged = bench.Merge({.body = body}, kThree, MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(merged->Content()->Text()), "2\\r\\r");  // text boxes are no part of the main text
@@ -133,8 +143,9 @@ TEST(WordMerge, FillsBothFormsOfATextBoxFromTheSameRecord) {
 }
 
 TEST(WordMerge, ObeysTheTemplatesSettingsAndLeavesNoneOfThem) {
-  const std::string settings = "<w:zoom/><w:mailMerge><w:mainDocumentType w:val=\"catalog\"/><w:dataSource r:id=\"rId1\"/>"
-                               "<w:doNotSuppressBlankLines/></w:mailMerge><w:compat/>";
+  const std::string settings =
+      "<w:zoom/><w:mailMerge><w:mainDocumentType w:val=\"catalog\"/><w:dataSource r:id=\"rId1\"/>"
+      "<w:doNotSuppressBlankLines/></w:mailMerge><w:compat/>";
   WordBench bench;
   WriteWordFile(bench.folder.Path("t.dotx"), {P(F("MERGEFIELD A")) + P(F("MERGEFIELD B")), {{"settings", settings}}});
   Package package = Package::Open(bench.folder.Path("t.dotx"));

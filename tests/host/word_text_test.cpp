@@ -43,13 +43,15 @@ void KeepFirstHeadingAndLastClosing(WordDocument& document) {
 
 TEST(WordText, CountsOnePositionForEachUnitAndMark) {
   WordBench bench;
-  const std::string body = P(R("a\xF0\x9F\x98\x80") + F("PAGE", "12") + "<w:r><w:tab/><w:br/><w:br w:type=\"page\"/></w:r>" +
-                             "<w:del w:id=\"1\">" + R("pryč") + "</w:del>") +
-                           "<w:tbl><w:tr>" + Cell(P(R("b")) + P("")) + "</w:tr></w:tbl>" +
-                           P("<w:pPr><w:sectPr/></w:pPr>") + P(R("c"));
+  const std::string body =
+      P(R("a\xF0\x9F\x98\x80") + F("PAGE", "12") + "<w:r><w:tab/><w:br/><w:br w:type=\"page\"/></w:r>" +
+        "<w:del w:id=\"1\">" + R("pryč") + "</w:del>") +
+      "<w:tbl><w:tr>" + Cell(P(R("b")) + P("")) + "</w:tr></w:tbl>" + P("<w:pPr><w:sectPr/></w:pPr>") + P(R("c"));
   const auto document = bench.Add({.body = body});
   const auto all = document->Content();
-  EXPECT_EQ(Shown(all->Text()), "a\xF0\x9F\x98\x80" "12\\t\v\f\\rb\\r\\r\a\\r\a\fc\\r");
+  EXPECT_EQ(Shown(all->Text()),
+            "a\xF0\x9F\x98\x80"
+            "12\\t\v\f\\rb\\r\\r\a\\r\a\fc\\r");
   EXPECT_EQ(all->End(), 16);
   EXPECT_EQ(Shown(document->Range(9, 13)->Text()), "b\\r\\r\a\\r\a");
   EXPECT_EQ(ErrorOf([&] { document->Range(3, 17); }).number(), 4608);
@@ -64,27 +66,29 @@ TEST(WordText, FindsAndDeletesMarkersSplitOverRuns) {
   EXPECT_EQ(FindAndDelete(*document, u"{<S>}", 0), -1);
   EXPECT_EQ(TextOf(*document), "ab\\rkonec\\r");
   EXPECT_EQ(bench.SavedBody(*document), P("<w:r><w:t xml:space=\"preserve\">a</w:t></w:r>"
-                                          "<w:proofErr w:type=\"x\"/>" + R("b")) + P(R("konec")));
+                                          "<w:proofErr w:type=\"x\"/>" +
+                                          R("b")) +
+                                            P(R("konec")));
 }
 
 TEST(WordText, DeletesWholeParagraphsRowsAndTablesButNoLoneCell) {
-  const std::string table = "<w:tbl><w:tr>" + Cell(P(R("ab"))) + Cell(P(R("cd"))) + "</w:tr><w:tr>" + Cell(P(R("e"))) +
-                            "</w:tr></w:tbl>";
+  const std::string table =
+      "<w:tbl><w:tr>" + Cell(P(R("ab"))) + Cell(P(R("cd"))) + "</w:tr><w:tr>" + Cell(P(R("e"))) + "</w:tr></w:tbl>";
   struct Row {
     std::int32_t start, end;
     const char* left;
   };
   // 0 "x" 1 mark, 2 "yz" 4 mark, 5 "ab" 7 cell, 8 "cd" 10 cell, 11 row, 12 "e" 13 cell, 14 row, 15 "k" 16 mark
   const Row rows[] = {
-      {0, 1, "yz\\rab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},           // all text of a paragraph
-      {1, 3, "xz\\rab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},           // joins two
-      {0, 4, "ab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},               // all text of two
-      {5, 7, "x\\ryz\\r\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},          // all text of a cell
-      {5, 15, "x\\ryz\\r\\r\a\\r\a\\r\a\\r\a\\r\ak\\r"},            // the table and nothing else: its cells are emptied
-      {4, 15, "x\\ryzk\\r"},                                    // the table and a mark before it
-      {3, 12, "x\\ry\\re\\r\a\\r\ak\\r"},                         // the first row, from before the table on
-      {6, 9, "x\\ryz\\ra\\r\ad\\r\a\\r\ae\\r\a\\r\ak\\r"},          // over the end of a cell
-      {0, 17, "\\r"},                                          // everything
+      {0, 1, "yz\\rab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},    // all text of a paragraph
+      {1, 3, "xz\\rab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},    // joins two
+      {0, 4, "ab\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},         // all text of two
+      {5, 7, "x\\ryz\\r\\r\acd\\r\a\\r\ae\\r\a\\r\ak\\r"},  // all text of a cell
+      {5, 15, "x\\ryz\\r\\r\a\\r\a\\r\a\\r\a\\r\ak\\r"},    // the table and nothing else: its cells are emptied
+      {4, 15, "x\\ryzk\\r"},                                // the table and a mark before it
+      {3, 12, "x\\ry\\re\\r\a\\r\ak\\r"},                   // the first row, from before the table on
+      {6, 9, "x\\ryz\\ra\\r\ad\\r\a\\r\ae\\r\a\\r\ak\\r"},  // over the end of a cell
+      {0, 17, "\\r"},                                       // everything
   };
   for (const Row& row : rows) {
     WordBench bench;
@@ -98,7 +102,8 @@ TEST(WordText, DeletesWholeParagraphsRowsAndTablesButNoLoneCell) {
 TEST(WordText, KeepsFieldsAndFloatingPicturesWhole) {
   WordBench bench;
   const std::string floating = "<w:r><w:drawing><wp:anchor><wp:docPr id=\"1\"/></wp:anchor></w:drawing></w:r>";
-  const auto document = bench.Add({.body = P(floating + R("{&lt;S&gt;}")) + P(R("a") + F("PAGE", "12") + R("b")) + P("")});
+  const auto document =
+      bench.Add({.body = P(floating + R("{&lt;S&gt;}")) + P(R("a") + F("PAGE", "12") + R("b")) + P("")});
   FindAndDelete(*document, u"{<S>}", 0);
   document->Range(1, 4)->Delete();
   EXPECT_EQ(TextOf(*document), "\\rb\\r\\r");
@@ -138,7 +143,8 @@ TEST(WordText, KeepsOneHeadingAndOneClosingOfACatalogue) {
       {P(R("{&lt;h}H{h&gt;}")) + line + P(R("{&lt;p}P{p&gt;}")), "H\\r1\\r2\\r3\\rP\\r"},
       {P(R("{&lt;h}")) + P(R("H")) + P(R("{h&gt;}")) + line + P(R("{&lt;p}")) + P(R("P")) + P(R("{p&gt;}")),
        "H\\r1\\r2\\r3\\rP\\r\\r"},  // the last paragraph stays
-      {P(R("{&lt;h}H")) + P(R("{h&gt;}") + F("MERGEFIELD A") + R("{&lt;p}")) + P(R("P{p&gt;}")), "H\\r1\\r2\\r3\\rP\\r"},
+      {P(R("{&lt;h}H")) + P(R("{h&gt;}") + F("MERGEFIELD A") + R("{&lt;p}")) + P(R("P{p&gt;}")),
+       "H\\r1\\r2\\r3\\rP\\r"},
       {P(R("{&lt;h}") + R("H")) + table + P(R("{h&gt;}")) + line, "H\\rT\\r\a\\r\a1\\r2\\r3\\r"},
       {line + "<w:tbl><w:tr>" + Cell(P(R("{&lt;p}"))) + Cell(P(R("P{p&gt;}"))) + "</w:tr></w:tbl>",
        "1\\r\\r\a\\r\a\\r\a2\\r\\r\a\\r\a\\r\a3\\r\\r\aP\\r\a\\r\a"},
@@ -154,8 +160,8 @@ TEST(WordText, KeepsOneHeadingAndOneClosingOfACatalogue) {
 
 // The overlay of a merged document against the tree of the same document: any deletions give the same.
 TEST(WordText, DeletesInMergedDocumentsAsInTrees) {
-  const std::string table = "<w:tbl><w:tr>" + Cell(P(F("MERGEFIELD A"))) + Cell(P(R("c")) + P(R("d"))) + "</w:tr><w:tr>" +
-                            Cell(P(R("e"))) + "</w:tr></w:tbl>";
+  const std::string table = "<w:tbl><w:tr>" + Cell(P(F("MERGEFIELD A"))) + Cell(P(R("c")) + P(R("d"))) +
+                            "</w:tr><w:tr>" + Cell(P(R("e"))) + "</w:tr></w:tbl>";
   const std::string body = P(R("ab") + F("MERGEFIELD B")) + P("") + table + P(R("cd")) + P(R("e") + F("PAGE", "9"));
   std::mt19937 random(20240301);
   for (int round = 0; round < 150; ++round) {
@@ -169,7 +175,8 @@ TEST(WordText, DeletesInMergedDocumentsAsInTrees) {
       const std::int32_t length = merged->Content()->End();
       ASSERT_EQ(TextOf(*merged), TextOf(*tree)) << round << history;
       std::int32_t start = static_cast<std::int32_t>(random() % static_cast<unsigned>(length));
-      std::int32_t end = std::min<std::int32_t>(length, start + static_cast<std::int32_t>(random() % (i == 3 ? 40 : 8)));
+      std::int32_t end =
+          std::min<std::int32_t>(length, start + static_cast<std::int32_t>(random() % (i == 3 ? 40 : 8)));
       history.append(" ").append(std::to_string(start)).append("-").append(std::to_string(end));
       merged->Range(start, end)->Delete();
       tree->Range(start, end)->Delete();

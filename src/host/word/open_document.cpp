@@ -29,17 +29,16 @@ OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, 
     : content_(std::move(content)),
       name_(std::move(name)),
       holder_(std::move(holder)),
-      mailMerge_(
-          {[this]() -> WordPackage& {
-             if (!Opened().Body()) RaiseUnsupportedWordMember(u"Document.MailMerge of a merged document");
-             return Opened().Parts();
-           },
-           [this](const MergeOrder& order) {
-             MergeOrder reporting = order;
-             reporting.warn = holder_.warn;
-             holder_.add(std::make_unique<MergedContent>(Opened().Parts(), reporting, holder_.locale));
-           }},
-          holder_.locale) {}
+      mailMerge_({[this]() -> WordPackage& {
+                    if (!Opened().Body()) RaiseUnsupportedWordMember(u"Document.MailMerge of a merged document");
+                    return Opened().Parts();
+                  },
+                  [this](const MergeOrder& order) {
+                    MergeOrder reporting = order;
+                    reporting.warn = holder_.warn;
+                    holder_.add(std::make_unique<MergedContent>(Opened().Parts(), reporting, holder_.locale));
+                  }},
+                 holder_.locale) {}
 
 DocumentContent& OpenDocument::Opened() const {
   if (!content_) RaiseWordError(WordError::kObjectDeleted, u"Object has been deleted.");

@@ -132,8 +132,7 @@ WordDocumentReference EngineApplication::Documents(std::int32_t index) {
 
 WordDocumentReference EngineApplication::ActiveDocument() {
   if (documents_.empty()) {
-    RaiseWordError(WordError::kNoOpenDocument,
-                   u"This command is not available because no document is open.");
+    RaiseWordError(WordError::kNoOpenDocument, u"This command is not available because no document is open.");
   }
   return documents_.front();
 }

@@ -1,5 +1,5 @@
-// Our own engine in Word's place: it opens, merges and writes real Word documents without Word. What it supports and how
-// it decided where Word's behaviour is in doubt stands in docs/formats/word.md.
+// Our own engine in Word's place: it opens, merges and writes real Word documents without Word. What it supports and
+// how it decided where Word's behaviour is in doubt stands in docs/formats/word.md.
 #pragma once
 
 #include <functional>

@@ -6,8 +6,7 @@
 namespace zorkanca::word {
 
 TreeContent::TreeContent(WordPackage package)
-    : package_(std::move(package)),
-      mainText_(package_.Body(), [this] { package_.Changed(package_.mainPart()); }) {}
+    : package_(std::move(package)), mainText_(package_.Body(), [this] { package_.Changed(package_.mainPart()); }) {}
 
 void TreeContent::BodyChanged() {
   mainText_.Forget();

@@ -16,13 +16,20 @@ using Renames = std::map<std::string, std::string>;
 
 std::string_view UsualPrefix(std::string_view uri) {
   switch (SpaceOf(uri)) {
-    case XmlSpace::kWord: return "w";
-    case XmlSpace::kRelationships: return "r";
-    case XmlSpace::kCompatibility: return "mc";
-    case XmlSpace::kWordDrawing: return "wp";
-    case XmlSpace::kWord2010: return "w14";
-    case XmlSpace::kVml: return "v";
-    default: return "";
+    case XmlSpace::kWord:
+      return "w";
+    case XmlSpace::kRelationships:
+      return "r";
+    case XmlSpace::kCompatibility:
+      return "mc";
+    case XmlSpace::kWordDrawing:
+      return "wp";
+    case XmlSpace::kWord2010:
+      return "w14";
+    case XmlSpace::kVml:
+      return "v";
+    default:
+      return "";
   }
 }
 

@@ -57,8 +57,7 @@ WordPackage WordPackage::Blank() {
 pugi::xml_document& WordPackage::Tree(const std::string& part) {
   PartTree& tree = trees_[part];
   if (!tree.document) {
-    auto document =
-        std::make_unique<pugi::xml_document>(ParseXml(package_.ReadPart(part), {package_.path(), part}));
+    auto document = std::make_unique<pugi::xml_document>(ParseXml(package_.ReadPart(part), {package_.path(), part}));
     UseUsualPrefixes(*document, package_.path());
     tree.document = std::move(document);
   }
@@ -69,7 +68,8 @@ pugi::xml_node WordPackage::Body() {
   pugi::xml_node body = Tree(mainPart_).document_element().child("w:body");
   if (!body) RaiseBadPart(file(), mainPart_, "it has no body");
   const pugi::xml_node first = body.first_child();
-  if (!first || (Is(first, "w:sectPr") && first == body.last_child())) body.prepend_child("w:p");  // Word has one always
+  if (!first || (Is(first, "w:sectPr") && first == body.last_child()))
+    body.prepend_child("w:p");  // Word has one always
   return body;
 }
 

@@ -8,32 +8,81 @@ namespace zorkanca::word {
 namespace {
 
 // ECMA-376 part 1, 17.3.1.26: children of w:pPr.
-constexpr std::array<std::string_view, 36> kParagraphProperties = {
-    "w:pStyle",        "w:keepNext",        "w:keepLines",     "w:pageBreakBefore", "w:framePr",
-    "w:widowControl",  "w:numPr",           "w:suppressLineNumbers", "w:pBdr",      "w:shd",
-    "w:tabs",          "w:suppressAutoHyphens", "w:kinsoku",   "w:wordWrap",        "w:overflowPunct",
-    "w:topLinePunct",  "w:autoSpaceDE",     "w:autoSpaceDN",   "w:bidi",            "w:adjustRightInd",
-    "w:snapToGrid",    "w:spacing",         "w:ind",           "w:contextualSpacing", "w:mirrorIndents",
-    "w:suppressOverlap", "w:jc",            "w:textDirection", "w:textAlignment",   "w:textboxTightWrap",
-    "w:outlineLvl",    "w:divId",           "w:cnfStyle",      "w:rPr",             "w:sectPr",
-    "w:pPrChange"};
+constexpr std::array<std::string_view, 36> kParagraphProperties = {"w:pStyle",
+                                                                   "w:keepNext",
+                                                                   "w:keepLines",
+                                                                   "w:pageBreakBefore",
+                                                                   "w:framePr",
+                                                                   "w:widowControl",
+                                                                   "w:numPr",
+                                                                   "w:suppressLineNumbers",
+                                                                   "w:pBdr",
+                                                                   "w:shd",
+                                                                   "w:tabs",
+                                                                   "w:suppressAutoHyphens",
+                                                                   "w:kinsoku",
+                                                                   "w:wordWrap",
+                                                                   "w:overflowPunct",
+                                                                   "w:topLinePunct",
+                                                                   "w:autoSpaceDE",
+                                                                   "w:autoSpaceDN",
+                                                                   "w:bidi",
+                                                                   "w:adjustRightInd",
+                                                                   "w:snapToGrid",
+                                                                   "w:spacing",
+                                                                   "w:ind",
+                                                                   "w:contextualSpacing",
+                                                                   "w:mirrorIndents",
+                                                                   "w:suppressOverlap",
+                                                                   "w:jc",
+                                                                   "w:textDirection",
+                                                                   "w:textAlignment",
+                                                                   "w:textboxTightWrap",
+                                                                   "w:outlineLvl",
+                                                                   "w:divId",
+                                                                   "w:cnfStyle",
+                                                                   "w:rPr",
+                                                                   "w:sectPr",
+                                                                   "w:pPrChange"};
 
 // 17.6.17: children of w:sectPr.
 constexpr std::array<std::string_view, 22> kSection = {
-    "w:headerReference", "w:footerReference", "w:footnotePr", "w:endnotePr", "w:type",      "w:pgSz",
-    "w:pgMar",           "w:paperSrc",        "w:pgBorders",  "w:lnNumType", "w:pgNumType", "w:cols",
-    "w:formProt",        "w:vAlign",          "w:noEndnote",  "w:titlePg",   "w:textDirection", "w:bidi",
+    "w:headerReference", "w:footerReference", "w:footnotePr",      "w:endnotePr",   "w:type",          "w:pgSz",
+    "w:pgMar",           "w:paperSrc",        "w:pgBorders",       "w:lnNumType",   "w:pgNumType",     "w:cols",
+    "w:formProt",        "w:vAlign",          "w:noEndnote",       "w:titlePg",     "w:textDirection", "w:bidi",
     "w:rtlGutter",       "w:docGrid",         "w:printerSettings", "w:sectPrChange"};
 
 // 17.15.1.78: children of w:settings up to the place of w:documentProtection, and what follows it.
-constexpr std::array<std::string_view, 30> kSettings = {
-    "w:writeProtection", "w:view", "w:zoom", "w:removePersonalInformation", "w:removeDateAndTime",
-    "w:doNotDisplayPageBoundaries", "w:displayBackgroundShape", "w:printPostScriptOverText",
-    "w:printFractionalCharacterWidth", "w:printFormsData", "w:embedTrueTypeFonts", "w:embedSystemFonts",
-    "w:saveSubsetFonts", "w:saveFormsData", "w:mirrorMargins", "w:alignBordersAndEdges",
-    "w:bordersDoNotSurroundHeader", "w:bordersDoNotSurroundFooter", "w:gutterAtTop", "w:hideSpellingErrors",
-    "w:hideGrammaticalErrors", "w:activeWritingStyle", "w:proofState", "w:formsDesign", "w:attachedTemplate",
-    "w:linkStyles", "w:stylePaneFormatFilter", "w:stylePaneSortMethod", "w:documentType", "w:mailMerge"};
+constexpr std::array<std::string_view, 30> kSettings = {"w:writeProtection",
+                                                        "w:view",
+                                                        "w:zoom",
+                                                        "w:removePersonalInformation",
+                                                        "w:removeDateAndTime",
+                                                        "w:doNotDisplayPageBoundaries",
+                                                        "w:displayBackgroundShape",
+                                                        "w:printPostScriptOverText",
+                                                        "w:printFractionalCharacterWidth",
+                                                        "w:printFormsData",
+                                                        "w:embedTrueTypeFonts",
+                                                        "w:embedSystemFonts",
+                                                        "w:saveSubsetFonts",
+                                                        "w:saveFormsData",
+                                                        "w:mirrorMargins",
+                                                        "w:alignBordersAndEdges",
+                                                        "w:bordersDoNotSurroundHeader",
+                                                        "w:bordersDoNotSurroundFooter",
+                                                        "w:gutterAtTop",
+                                                        "w:hideSpellingErrors",
+                                                        "w:hideGrammaticalErrors",
+                                                        "w:activeWritingStyle",
+                                                        "w:proofState",
+                                                        "w:formsDesign",
+                                                        "w:attachedTemplate",
+                                                        "w:linkStyles",
+                                                        "w:stylePaneFormatFilter",
+                                                        "w:stylePaneSortMethod",
+                                                        "w:documentType",
+                                                        "w:mailMerge"};
 constexpr std::array<std::string_view, 33> kSettingsWithProtection = [] {
   std::array<std::string_view, 33> order{};
   std::copy(kSettings.begin(), kSettings.end(), order.begin());
@@ -66,8 +115,8 @@ bool HasProperty(const pugi::xml_node& parent, const char* name) {
 }
 
 bool IsInlineWrapper(const pugi::xml_node& node) {
-  static constexpr std::array<std::string_view, 9> kNames = {"w:hyperlink", "w:ins", "w:smartTag",  "w:sdt", "w:customXml",
-                                                             "w:moveTo",    "w:dir", "w:fldSimple", "w:bdo"};
+  static constexpr std::array<std::string_view, 9> kNames = {
+      "w:hyperlink", "w:ins", "w:smartTag", "w:sdt", "w:customXml", "w:moveTo", "w:dir", "w:fldSimple", "w:bdo"};
   return IsOneOf(node, kNames);
 }
 
@@ -77,11 +126,20 @@ bool IsBlockWrapper(const pugi::xml_node& node) {
 }
 
 bool IsRangeMark(const pugi::xml_node& node) {
-  static constexpr std::array<std::string_view, 14> kNames = {
-      "w:bookmarkStart",       "w:bookmarkEnd",       "w:commentRangeStart",   "w:commentRangeEnd",
-      "w:permStart",           "w:permEnd",           "w:moveFromRangeStart",  "w:moveFromRangeEnd",
-      "w:moveToRangeStart",    "w:moveToRangeEnd",    "w:customXmlInsRangeStart", "w:customXmlInsRangeEnd",
-      "w:customXmlDelRangeStart", "w:customXmlDelRangeEnd"};
+  static constexpr std::array<std::string_view, 14> kNames = {"w:bookmarkStart",
+                                                              "w:bookmarkEnd",
+                                                              "w:commentRangeStart",
+                                                              "w:commentRangeEnd",
+                                                              "w:permStart",
+                                                              "w:permEnd",
+                                                              "w:moveFromRangeStart",
+                                                              "w:moveFromRangeEnd",
+                                                              "w:moveToRangeStart",
+                                                              "w:moveToRangeEnd",
+                                                              "w:customXmlInsRangeStart",
+                                                              "w:customXmlInsRangeEnd",
+                                                              "w:customXmlDelRangeStart",
+                                                              "w:customXmlDelRangeEnd"};
   return IsOneOf(node, kNames);
 }
 

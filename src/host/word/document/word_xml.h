@@ -1,5 +1,5 @@
-// Small helpers over the tree of a WordprocessingML part. Every part passes `UseUsualPrefixes` once, so that the rest of
-// the engine can compare names as they are usually written ("w:p").
+// Small helpers over the tree of a WordprocessingML part. Every part passes `UseUsualPrefixes` once, so that the rest
+// of the engine can compare names as they are usually written ("w:p").
 #pragma once
 
 #include <pugixml.hpp>

@@ -113,7 +113,8 @@ class Scanner {
       if (escape) ++i;
       if (units_[i] == kNode) {
         token.pieces.push_back({Text(), sources_[i]});
-      } else if (token.pieces.empty() || token.pieces.back().text.empty() || token.pieces.back().source != sources_[i]) {
+      } else if (token.pieces.empty() || token.pieces.back().text.empty() ||
+                 token.pieces.back().source != sources_[i]) {
         token.pieces.push_back({Text(1, units_[i]), sources_[i]});
       } else {
         token.pieces.back().text += units_[i];

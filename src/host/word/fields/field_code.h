@@ -17,7 +17,7 @@ namespace zorkanca::word {
 
 /// A piece of an argument: characters of one run, or something else that stands in the code.
 struct CodePiece {
-  Text text;             ///< empty for a node
+  Text text;              ///< empty for a node
   pugi::xml_node source;  ///< the run of the text; zk:field, zk:para, a drawing, ... for a node
 };
 

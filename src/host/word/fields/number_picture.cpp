@@ -29,8 +29,8 @@ struct Digits {
 Digits DigitsOf(double number, std::size_t decimals) {
   constexpr int kSignificant = 14;
   char buffer[64];
-  const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(number), std::chars_format::scientific,
-                                 kSignificant - 1);
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(number), std::chars_format::scientific, kSignificant - 1);
   const std::string text(buffer, end.ptr);
   const std::size_t mark = text.find('e');
   int exponent = 0;
@@ -142,7 +142,7 @@ Text NumberPicture::Show(const Section& section, double number, bool ownSign, co
   }
   Text result;
   if (ownSign && number < 0 && !section.showsSign && places > 0) result += u'-';
-  std::size_t place = places;     // digit items of the whole part still to come
+  std::size_t place = places;  // digit items of the whole part still to come
   std::size_t decimal = 0;
   bool behind = false;
   const auto appendDigit = [&](std::size_t fromRight) {

@@ -174,7 +174,8 @@ void WriteResult(const FormField& field, TextView text) {
     for (pugi::xml_node node : Between::Gather(field.separate, field.end)) {
       pugi::xml_node holder = node.parent();
       holder.remove_child(node);
-      const bool empty = !holder.first_child() || (Is(holder.first_child(), "w:rPr") && !holder.first_child().next_sibling());
+      const bool empty =
+          !holder.first_child() || (Is(holder.first_child(), "w:rPr") && !holder.first_child().next_sibling());
       if (empty && holder != run) holder.parent().remove_child(holder);
     }
   }

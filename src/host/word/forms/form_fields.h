@@ -15,8 +15,8 @@ namespace zorkanca::word {
 Text FormFieldResultOf(const pugi::xml_node& body, TextView name);
 
 /// Sets it. The text takes the format of the old result; an empty one is shown as five blanks, as Word does.
-/// Errors: 5941; 4609 for a text longer than the field takes; 5 for a list without that entry and for a check box that is
-/// given neither "1" nor "0".
+/// Errors: 5941; 4609 for a text longer than the field takes; 5 for a list without that entry and for a check box that
+/// is given neither "1" nor "0".
 void SetFormFieldResult(pugi::xml_node body, TextView name, TextView result, const Locale& locale);
 
 }  // namespace zorkanca::word

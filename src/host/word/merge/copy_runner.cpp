@@ -133,9 +133,7 @@ class StepVisitor {
     runner_.shown_ += value.size();
     output_.Value(step, value);
   }
-  void operator()(const IfStep& step) {
-    Run(runner_.IsTrue(step.condition) ? step.whenTrue : step.whenFalse);
-  }
+  void operator()(const IfStep& step) { Run(runner_.IsTrue(step.condition) ? step.whenTrue : step.whenFalse); }
   void operator()(const SuppressStep& step) {
     const std::size_t mark = output_.Mark();
     const std::size_t shown = runner_.shown_;

@@ -29,7 +29,7 @@ class HeaderIds {
 struct MergeInput {
   const DataSource& source;
   const Locale& locale;
-  std::size_t endRecord;              ///< behind the last record, from 0
+  std::size_t endRecord;               ///< behind the last record, from 0
   const HeaderIds* headers = nullptr;  ///< null while headers are not known: no ids are written
 };
 

@@ -5,8 +5,8 @@
 //   record   values with ";" between them, ended by CR LF or the end of the file; a short one leaves columns empty
 //   value    "..." with quotes doubled, holding anything, or plain text, in which a lone CR or LF is text
 //
-// A file whose header ends with a lone LF has records ended by LF. A quote inside a quoted value that no ";" and no line
-// end follows is text. Doubled quotes count as one in plain text too.
+// A file whose header ends with a lone LF has records ended by LF. A quote inside a quoted value that no ";" and no
+// line end follows is text. Doubled quotes count as one in plain text too.
 #pragma once
 
 #include <string>

@@ -16,8 +16,8 @@ constexpr TextView kMissingColumn = u"Error! MergeField was not found in header 
 
 // Fields whose old result says nothing about the merged records.
 bool ShouldWarn(TextView type) {
-  static constexpr std::array<TextView, 8> kTypes = {u"=",        u"ASK",          u"FILLIN",       u"DATABASE",
-                                                     u"COMPARE",  u"ADDRESSBLOCK", u"GREETINGLINE", u"INCLUDEPICTURE"};
+  static constexpr std::array<TextView, 8> kTypes = {u"=",       u"ASK",          u"FILLIN",       u"DATABASE",
+                                                     u"COMPARE", u"ADDRESSBLOCK", u"GREETINGLINE", u"INCLUDEPICTURE"};
   return std::any_of(kTypes.begin(), kTypes.end(), [&](TextView each) { return type == each; }) ||
          type.starts_with(u'=');
 }

@@ -122,7 +122,8 @@ void ListRestarts::Compile(WordPackage& package, const UniqueNumbers& numbers) {
     }
     const std::string xml = XmlBytes(copy);
     const std::size_t at = xml.find(kPlaceOfCopies);
-    lists_.push_back({numbers.StepFor(NumberKind::kList, id), xml.substr(0, at), xml.substr(at + kPlaceOfCopies.size())});
+    lists_.push_back(
+        {numbers.StepFor(NumberKind::kList, id), xml.substr(0, at), xml.substr(at + kPlaceOfCopies.size())});
   }
   numbering.insert_child_after(pugi::node_pcdata, last).set_value(std::string(kPlaceOfCopies).c_str());
   const std::string frame = XmlBytes(document);

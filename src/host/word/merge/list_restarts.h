@@ -11,8 +11,8 @@ namespace zorkanca::word {
 
 class ListRestarts {
  public:
-  /// Takes note of the numbered lists of a body; lists that come from a paragraph style are written into the paragraphs.
-  /// Bullets need no restart.
+  /// Takes note of the numbered lists of a body; lists that come from a paragraph style are written into the
+  /// paragraphs. Bullets need no restart.
   void Gather(WordPackage& package, pugi::xml_node body, UniqueNumbers& numbers);
   /// Gives the package the lists of all copies; produced while it is written.
   void AddTo(Package& package, std::size_t copies) const;

@@ -101,7 +101,7 @@ void MergedContent::CompileHeaders(CompileInput& input) {
     document.reset(parts_.Tree(*part));
     pugi::xml_node root = document.document_element();
     FoldFields(root);
-    const CompileInput own{input.source, input.locale,      kNoNumbers, input.suppressBlankLines,
+    const CompileInput own{input.source, input.locale,    kNoNumbers, input.suppressBlankLines,
                            {},           input.variables, input.warn};
     StoryCompiler compiler(own, root, false);
     compiler.AddXml("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
@@ -121,8 +121,8 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
     (block == section ? endCompiler : copyCompiler).Add(block);
   }
   finalSection_ = endCompiler.Take();
-  copies_ = std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord,
-                                           order.endRecord);
+  copies_ =
+      std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord, order.endRecord);
   if (copies_->count() == 0) {
     RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
   }

@@ -1,5 +1,5 @@
-// A merged document: the compiled template, the records, and what was changed since. Its text is made whenever it is asked
-// for, its file while it is written; nothing grows with the number of copies but a few bytes each.
+// A merged document: the compiled template, the records, and what was changed since. Its text is made whenever it is
+// asked for, its file while it is written; nothing grows with the number of copies but a few bytes each.
 #pragma once
 
 #include <functional>
@@ -47,7 +47,7 @@ class MergedContent final : public DocumentContent {
   void Produce(PartSink& sink) const;
 
   WordPackage parts_;
-  bool separate_;  // copies are sections of their own
+  bool separate_;                       // copies are sections of their own
   std::vector<std::string> headerIds_;  // of the sections of one copy, header and footer in turn
   std::string prologue_;
   std::string epilogue_;

@@ -112,8 +112,7 @@ void MergedStory::Delete(Interval range) {
   Position start = lengths.StartOf(last);
   for (std::size_t copy = last + 1; copy-- > first;) {
     if (copy != last) start -= lengths.LengthOf(copy);
-    const Interval own{std::max(range.start, start) - start,
-                       std::min(range.end - start, lengths.LengthOf(copy))};
+    const Interval own{std::max(range.start, start) - start, std::min(range.end - start, lengths.LengthOf(copy))};
     if (own.start >= own.end) continue;
     DeletionSurroundings around{before, copy != first, copy != last, copy + 1 == lengths.count()};
     if (firstMark >= start && firstMark < start + lengths.LengthOf(copy)) {

@@ -50,9 +50,9 @@ struct ValueStep {
   Operand before;  ///< \b, \f: only round a value that is not empty
   Operand after;
   FieldFormat format;
-  std::string open;   ///< XML round the value; not written for an empty one
+  std::string open;  ///< XML round the value; not written for an empty one
   std::string close;
-  bool inText = true;  ///< adds to the text of the story
+  bool inText = true;   ///< adds to the text of the story
   bool inCode = false;  ///< in the code of another field: line ends are blanks
 };
 

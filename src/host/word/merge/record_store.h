@@ -1,5 +1,5 @@
-// The records of a merge, kept for as long as a merged document may ask for them: the first megabytes in memory, what is
-// more in a private file without a name. A record costs its own text and eight bytes.
+// The records of a merge, kept for as long as a merged document may ask for them: the first megabytes in memory, what
+// is more in a private file without a name. A record costs its own text and eight bytes.
 #pragma once
 
 #include <cstdint>
@@ -43,8 +43,8 @@ class RecordStore {
   std::string_view Bytes(std::uint64_t start, std::size_t length) const;
 
   std::size_t memoryLimit_;
-  std::string tail_;            // what is not in the file
-  std::uint64_t inFile_ = 0;    // bytes in the file, before the tail
+  std::string tail_;          // what is not in the file
+  std::uint64_t inFile_ = 0;  // bytes in the file, before the tail
   std::vector<std::uint64_t> ends_;
   FileDescriptor file_;
   mutable std::string window_;  // a stretch of the file

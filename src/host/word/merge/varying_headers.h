@@ -1,5 +1,5 @@
-// Headers and footers with merge fields in form letters: each text that occurs makes one part, whatever number of copies
-// show it.
+// Headers and footers with merge fields in form letters: each text that occurs makes one part, whatever number of
+// copies show it.
 #pragma once
 
 #include <map>

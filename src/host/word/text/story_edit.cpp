@@ -5,6 +5,7 @@
 #include "host/opc/xml_document.h"
 #include "host/opc/xml_escape.h"
 #include "host/word/document/word_xml.h"
+#include "runtime/utf8.h"
 
 namespace zorkanca::word {
 
@@ -150,17 +151,42 @@ void InsertText(pugi::xml_node run, pugi::xml_node before, TextView text) {
 
 }  // namespace
 
+namespace {
+
+bool IsMergeFieldCode(std::string_view code) {
+  const std::size_t start = std::min(code.find_first_not_of(' '), code.size());
+  return EqualsIgnoringCase(FromUtf8(code.substr(start, 10)), u"MERGEFIELD");
+}
+
+// Makes a merge field plain text: an update would put its old name back.
+void Unlink(const FieldPlace& field) {
+  std::string code;
+  for (const pugi::xml_node& element : field.elements) {
+    if (Is(element, "w:instrText")) code += TextOf(element);
+  }
+  if (!IsMergeFieldCode(code)) return;
+  for (const pugi::xml_node& element : field.elements) RemoveWithHolders(element);
+}
+
+void UnlinkSimple(pugi::xml_node field) {
+  if (!Is(field, "w:fldSimple") || !IsMergeFieldCode(field.attribute("w:instr").value())) return;
+  while (const pugi::xml_node child = field.first_child()) field.parent().insert_move_before(child, field);
+  field.parent().remove_child(field);
+}
+
+}  // namespace
+
 void ReplaceRanges(const StoryMap& map, const std::vector<Interval>& ranges, TextView replacement) {
   auto range = ranges.begin();
   for (const TextPiece& piece : map.pieces()) {
-    if (range == ranges.end()) return;
+    if (range == ranges.end()) break;
     if (range->start >= piece.range.end) continue;
     const TextView old = TextView(map.text()).substr(static_cast<std::size_t>(piece.range.start));
     Text changed;
     Position kept = piece.range.start;  // what lies before is written or gone
     const auto keepUpTo = [&](Position end) {
-      if (end > kept) changed += old.substr(static_cast<std::size_t>(kept - piece.range.start),
-                                            static_cast<std::size_t>(end - kept));
+      if (end > kept)
+        changed += old.substr(static_cast<std::size_t>(kept - piece.range.start), static_cast<std::size_t>(end - kept));
     };
     while (range != ranges.end() && range->start < piece.range.end) {
       if (range->start >= piece.range.start) {
@@ -173,8 +199,15 @@ void ReplaceRanges(const StoryMap& map, const std::vector<Interval>& ranges, Tex
     }
     keepUpTo(piece.range.end);
     pugi::xml_node run = piece.node.parent();
+    UnlinkSimple(run.parent());
     InsertText(run, piece.node, changed);
     RemoveWithHolders(piece.node);
+  }
+  for (const FieldPlace& field : map.fields()) {
+    const auto inside = [&](const Interval& each) {
+      return field.result.start <= each.start && each.end <= field.result.end;
+    };
+    if (std::any_of(ranges.begin(), ranges.end(), inside)) Unlink(field);
   }
 }
 

@@ -7,8 +7,8 @@
 
 namespace zorkanca::word {
 
-/// What is left of a paragraph whose mark was deleted and that no paragraph follows in its tree: XML of its runs, for the
-/// start of the next paragraph.
+/// What is left of a paragraph whose mark was deleted and that no paragraph follows in its tree: XML of its runs, for
+/// the start of the next paragraph.
 using LeftOver = std::string;
 
 /// Takes positions out of the tree, as `PlanDeletion` gives them: runs, fields and wrappers that become empty go too;
@@ -16,8 +16,8 @@ using LeftOver = std::string;
 /// @param leftOver  gets what remains of the last paragraph when its mark is gone
 void RemovePositions(const StoryMap& map, const PositionSet& gone, LeftOver* leftOver = nullptr);
 
-/// Puts text in place of each range, in the format of the range's first unit. Line ends become line breaks. The map is
-/// void afterwards.
+/// Puts text in place of each range, in the format of the range's first unit. Line ends become line breaks; a merge
+/// field of whose result something is replaced becomes plain text. The map is void afterwards.
 /// @param ranges  in order, apart, each inside one paragraph and not empty
 void ReplaceRanges(const StoryMap& map, const std::vector<Interval>& ranges, TextView replacement);
 

@@ -126,8 +126,8 @@ namespace {
 // The ends of cells and rows that a deletion leaves standing.
 void KeepCells(const StoryMap& map, Interval range, const DeletionSurroundings& around, PositionSet& gone) {
   for (const TablePlace& table : map.tables()) {
-    const bool beyond = around.reachesBefore || around.reachesBehind || range.start < table.range.start ||
-                        range.end > table.range.end;
+    const bool beyond =
+        around.reachesBefore || around.reachesBehind || range.start < table.range.start || range.end > table.range.end;
     for (const RowPlace& row : table.rows) {
       const bool covered = range.start <= row.range.start && row.range.end <= range.end;
       if (covered && beyond) continue;
@@ -165,9 +165,8 @@ PositionSet PlanPlainDeletion(TextView text, Interval range, const DeletionSurro
   const auto unitAt = [&](Position position) { return text[static_cast<std::size_t>(position)]; };
   const char16_t before = range.start == 0 ? around.before : unitAt(range.start - 1);
   const Position length = static_cast<Position>(text.size()) - (around.endsStory ? 1 : 0);
-  const bool whole = range.start < range.end && range.end < length &&
-                     EndsParagraph(before) && unitAt(range.end) == kParagraphEnd &&
-                     !EndsParagraph(unitAt(range.end - 1));
+  const bool whole = range.start < range.end && range.end < length && EndsParagraph(before) &&
+                     unitAt(range.end) == kParagraphEnd && !EndsParagraph(unitAt(range.end - 1));
   return PositionSet({range.start, range.end + (whole ? 1 : 0)});
 }
 

@@ -1,5 +1,5 @@
-// Where the text of a story (main text, header, footer) stands in its tree: the text with one unit per position, and for
-// each stretch of it the node it comes from.
+// Where the text of a story (main text, header, footer) stands in its tree: the text with one unit per position, and
+// for each stretch of it the node it comes from.
 #pragma once
 
 #include <pugixml.hpp>
@@ -29,7 +29,7 @@ struct FieldPlace {
 };
 
 struct RowPlace {
-  Interval range;                 ///< with the row's end
+  Interval range;                  ///< with the row's end
   std::vector<Position> cellEnds;  ///< of its own cells
   pugi::xml_node node;
 };

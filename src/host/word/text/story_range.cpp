@@ -56,8 +56,8 @@ void StoryRange::Delete() {
   found_.clear();
 }
 
-// Where to look, in this order. A range that is a match of the same text, or that is empty, stands for a place: the search
-// goes on from there to the end of the story.
+// Where to look, in this order. A range that is a match of the same text, or that is empty, stands for a place: the
+// search goes on from there to the end of the story.
 std::vector<Interval> StoryRange::SearchAreas(const FindArguments& arguments, Position length) const {
   const bool fromPlace = range_.start == range_.end || (!found_.empty() && found_ == arguments.FindText);
   Interval first{range_.start, std::min(range_.end, length)};
@@ -112,8 +112,8 @@ void StoryRange::ReplaceMatches(StoryText& story, const TextPattern& pattern, co
   // Matches may differ in length where there are wildcards; the ends of the range follow the average.
   const Position growth = matches.empty() ? 0 : (story.Length() - before) / static_cast<Position>(matches.size());
   const auto moved = [&](Position position) {
-    const auto passed = std::count_if(matches.begin(), matches.end(),
-                                      [&](const Interval& match) { return match.end <= position; });
+    const auto passed =
+        std::count_if(matches.begin(), matches.end(), [&](const Interval& match) { return match.end <= position; });
     return std::clamp<Position>(position + growth * passed, 0, story.Length());
   };
   const Position start = moved(range_.start);

@@ -27,8 +27,7 @@ class StoryRange final : public WordRange {
 
  private:
   std::vector<Interval> SearchAreas(const FindArguments& arguments, Position length) const;
-  void ReplaceMatches(StoryText& story, const TextPattern& pattern, const FindArguments& arguments,
-                      Interval area);
+  void ReplaceMatches(StoryText& story, const TextPattern& pattern, const FindArguments& arguments, Interval area);
 
   StoryAccess story_;
   Interval range_;

@@ -10,8 +10,8 @@ namespace {
 TextChunk Cut(const TextChunk& chunk, Interval within) {
   const Position start = std::max(chunk.start, within.start);
   const Position end = std::min(chunk.start + static_cast<Position>(chunk.units.size()), within.end);
-  return {start, chunk.units.substr(static_cast<std::size_t>(start - chunk.start),
-                                    static_cast<std::size_t>(end - start))};
+  return {start,
+          chunk.units.substr(static_cast<std::size_t>(start - chunk.start), static_cast<std::size_t>(end - start))};
 }
 
 std::optional<Interval> Shifted(std::optional<Interval> match, Position by) {
@@ -21,8 +21,8 @@ std::optional<Interval> Shifted(std::optional<Interval> match, Position by) {
 
 }  // namespace
 
-// A match can pass from one chunk to the next only where a deletion joined their paragraphs; only then is the end of the
-// last paragraph kept and searched again with what follows.
+// A match can pass from one chunk to the next only where a deletion joined their paragraphs; only then is the end of
+// the last paragraph kept and searched again with what follows.
 std::optional<Interval> FindForward(StoryText& story, const TextPattern& pattern, Interval within) {
   Text open;
   for (Position position = within.start; position < within.end;) {

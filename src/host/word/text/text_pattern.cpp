@@ -65,8 +65,8 @@ std::optional<Interval> TextPattern::Last(TextView text) const {
   return last;
 }
 
-// The end of the shortest match that begins at a position, npos when none does. A "*" never passes a paragraph's end, so
-// the shortest continuation is the right one.
+// The end of the shortest match that begins at a position, npos when none does. A "*" never passes a paragraph's end,
+// so the shortest continuation is the right one.
 std::size_t TextPattern::EndOfMatchAt(TextView text, std::size_t position) const {
   std::size_t piece = 0;
   if (!PieceMatches(text, position, pieces_[piece])) return TextView::npos;

@@ -42,7 +42,8 @@ void AppendTextOf(Text& text, const pugi::xml_node& textElement);
 /// The mark of a paragraph: end of a cell, a section or just the paragraph.
 char16_t MarkOf(const pugi::xml_node& paragraph);
 
-/// Whether runs belong to the text while fields open and close: codes do not, results do. Fields that never end are none.
+/// Whether runs belong to the text while fields open and close: codes do not, results do. Fields that never end are
+/// none.
 class FieldState {
  public:
   FieldState() = default;
