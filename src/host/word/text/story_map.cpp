@@ -88,7 +88,7 @@ void StoryMap::VisitRun(const pugi::xml_node& run) {
     if (Is(child, "w:fldChar")) {
       VisitFieldCharacter(child);
     } else if (!state_.InText()) {
-      if (!open_.empty() && !Is(child, "w:rPr")) open_.back().elements.push_back(child);
+      if (!open_.empty() && !Is(child, "w:rPr")) open_.back().place.elements.push_back(child);
     } else if (Is(child, "w:t")) {
       const Position start = length();
       AppendTextOf(text_, child);
@@ -101,24 +101,19 @@ void StoryMap::VisitRun(const pugi::xml_node& run) {
   }
 }
 
+// A field in the code of another one is part of that.
 void StoryMap::VisitFieldCharacter(const pugi::xml_node& node) {
   const std::size_t depth = state_.depth();
+  const bool wasInText = state_.InText();
   state_.Pass(node);
-  if (state_.depth() > depth) {
-    open_.push_back({{length(), length()}, {node}});
-  } else if (!open_.empty()) {
-    open_.back().elements.push_back(node);
-    if (state_.depth() < depth) {
-      FieldPlace closed = std::move(open_.back());
-      open_.pop_back();
-      closed.result.end = length();
-      if (state_.InText()) {
-        fields_.push_back(std::move(closed));
-      } else {  // inside another field's code: part of that
-        open_.back().elements.insert(open_.back().elements.end(), closed.elements.begin(), closed.elements.end());
-      }
-    }
-  }
+  if (state_.depth() > depth && wasInText) open_.push_back({{{length(), length()}, {}}, state_.depth()});
+  if (open_.empty()) return;
+  OpenField& field = open_.back();
+  field.place.elements.push_back(node);
+  if (state_.depth() >= field.depth) return;
+  field.place.result.end = length();
+  fields_.push_back(std::move(field.place));
+  open_.pop_back();
 }
 
 namespace {
