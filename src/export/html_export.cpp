@@ -59,6 +59,10 @@ void HtmlExport::WriteTable(ColumnNameSource names) {
                      DecimalText(arguments_.riTblCellSpacing) + u">");
   WriteHeaderRow(names);
   WriteBlankRows();
+  for (std::int32_t index = 0; index < reader_.FieldCount(); ++index) {
+    Field& field = reader_.FieldAt(index);
+    columns_.push_back({.field = &field, .isMultiplier = reader_.IsMultiplier(field)});
+  }
   reader_.ForEachRecord(QueryReader::Reporting::kPercent, [&](std::int16_t copies) {
     for (; copies > 0; --copies) WriteRecord();
   });
@@ -91,9 +95,8 @@ void HtmlExport::WriteBlankRows() {
 void HtmlExport::WriteRecord() {
   row_.clear();
   html::BeginRow(row_);
-  for (std::int32_t index = 0; index < reader_.FieldCount(); ++index) {
-    Field& field = reader_.FieldAt(index);
-    html::AppendDataCell(row_, field, reader_.IsMultiplier(field), context_.platform.locale);
+  for (const Column& column : columns_) {
+    html::AppendDataCell(row_, *column.field, column.isMultiplier, context_.platform.locale);
   }
   html::EndRow(row_);
   output_->Write(row_);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "export/column_names.h"
 #include "export/export_session.h"
@@ -49,7 +50,13 @@ class HtmlExport {
   ExportSession session_;
   QueryReader reader_;
   TextStream* output_ = nullptr;
-  Text row_;  // lines of one row, kept for its room
+  struct Column {
+    Field* field;
+    bool isMultiplier;
+  };
+
+  std::vector<Column> columns_;  // looked up once: a cell costs some hundred nanoseconds in all
+  Text row_;                     // lines of one row, kept for its room
 };
 
 }  // namespace zorkanca
