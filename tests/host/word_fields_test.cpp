@@ -112,6 +112,18 @@ TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
   EXPECT_NE(body.find("w:fldLock=\"1\""), std::string::npos);
 }
 
+TEST(WordFields, MayNestAsDeepAsTheyLike) {
+  std::string nested = F("MERGEFIELD Plat");
+  for (int depth = 0; depth < 100; ++depth) {
+    nested = FieldCharacter("begin") + "<w:r><w:instrText>QUOTE </w:instrText></w:r>" + nested + FieldCharacter("end");
+  }
+  std::string hostile;
+  for (int i = 0; i < 50000; ++i) hostile += FieldCharacter("begin");
+  for (int i = 0; i < 50000; ++i) hostile += FieldCharacter("end");
+  WordBench bench;
+  EXPECT_EQ(ResultOf(bench, nested + R("x") + hostile + F("MERGEFIELD Plat")), "x1234,5");
+}
+
 TEST(WordFields, TakeTheirFormattingFromTheOldResultOrFromTheCode) {
   const auto run = [](const std::string& format, const std::string& content) {
     return "<w:r><w:rPr><w:" + format + "/></w:rPr>" + content + "</w:r>";

@@ -22,6 +22,7 @@ pugi::xml_node AddFieldCharacter(pugi::xml_node place, const char* type, const p
 void MakeComplex(pugi::xml_node simple) {
   const pugi::xml_node format = simple.child("w:r").child("w:rPr");
   pugi::xml_node begin = AddFieldCharacter(simple, "begin", format);
+  simple.remove_child("w:fldData");
   if (const auto locked = simple.attribute("w:fldLock")) begin.append_attribute("w:fldLock").set_value(locked.value());
   pugi::xml_node code = simple.parent().insert_child_before("w:r", simple);
   if (format) code.append_copy(format);
@@ -116,6 +117,9 @@ void Join(pugi::xml_node first, const pugi::xml_node& last) {
   }
 }
 
+// Fields may nest without elements nesting: a hostile document must not make our recursion deep.
+constexpr std::size_t kDeepest = 50;
+
 struct OpenField {
   pugi::xml_node begin;  // runs
   pugi::xml_node separate;
@@ -182,7 +186,7 @@ class ContainerFolder {
     } else if (type == "end" && !open_.empty()) {
       const OpenField field = std::move(open_.back());
       open_.pop_back();
-      Close(field, piece.parent());
+      if (open_.size() < kDeepest) Close(field, piece.parent());
     }
   }
 

@@ -67,7 +67,8 @@ std::optional<double> NumberOf(TextView text, const Locale& locale) {
     const bool between = i > 0 && i + 1 < text.size() && IsDigit(text[i - 1]) && IsDigit(text[i + 1]);
     if (!(between && IsSpace(text[i]))) digits += text[i];
   }
-  return ParseNumber(digits, locale);
+  const std::optional<double> number = ParseNumber(digits, locale);
+  return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
 NumberPicture::NumberPicture(TextView picture, const Locale& locale) {

@@ -78,9 +78,10 @@ void StoryCompiler::AddField(const pugi::xml_node& node, bool inCode) {
 
 // Fields inside its code give their results as part of the code.
 void StoryCompiler::AddUntouched(const FoldedField& field) {
-  const auto& code = field.code();
+  bool inCode = true;
   for (const pugi::xml_node child : field.node().children()) {
-    const bool inCode = std::find(code.begin(), code.end(), child) != code.end();
+    const std::string_view character = child.child("w:fldChar").attribute("w:fldCharType").value();
+    inCode = inCode && character != "separate";
     if (inCode && Is(child, "zk:field") && !field.locked()) {
       AddField(child, true);
     } else if (Is(child, "zk:field") && field.locked()) {

@@ -71,7 +71,12 @@ class StoryMap {
   std::vector<ParagraphPlace> paragraphs_;
   std::vector<FieldPlace> fields_;
   std::vector<TablePlace> tables_;
-  std::vector<FieldPlace> open_;  // fields that have not closed
+  struct OpenField {
+    FieldPlace place;
+    std::size_t depth = 0;  // fields open with it
+  };
+
+  std::vector<OpenField> open_;  // fields that have not closed, but for those in the code of another
   FieldState state_;
   std::size_t tableDepth_ = 0;
 };
