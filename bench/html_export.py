@@ -1,8 +1,5 @@
 #!/usr/bin/env python3
 """The HTML export beside `sqlite3 -html` on the same query: time, and memory that must not grow with the rows."""
-import argparse
-import pathlib
-
 import measure
 import sample_database
 
@@ -10,24 +7,16 @@ SELECT = "SELECT * FROM zasoby"
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--program", default="build/zorkanca")
-    parser.add_argument("--folder", default="build/bench")
-    parser.add_argument("--runs", type=int, default=5)
-    options = parser.parse_args()
-    folder = pathlib.Path(options.folder)
-    folder.mkdir(parents=True, exist_ok=True)
-
-    print(f"{'rows':>9}  {'ours s':>8} {'cpu s':>8} {'MB':>6}   {'sqlite3 s':>9} {'cpu s':>8} {'MB':>6}   {'ours/sqlite3':>12}")
+    options = measure.options(__doc__, "build/zorkanca")
+    folder = options.folder
+    print(measure.heading("sqlite3"))
     for rows in (1_000, 100_000, 1_000_000):
         database = str(sample_database.make(folder, rows))
         ours = [options.program, "--home", str(folder / "home"), "--quiet", "html", "--db", database, "--select", SELECT,
                 "-o", str(folder / "ours.htm"), "--no-open"]
         theirs = ["sqlite3", "-html", database, SELECT]
-        mine, other = measure.side_by_side(
-            [(ours, folder / "ours.txt"), (theirs, folder / "sqlite3.htm")], options.runs)
-        print(f"{rows:>9}  {mine.wall:8.3f} {mine.cpu:8.3f} {mine.peak_mb:6.1f}   {other.wall:9.3f} {other.cpu:8.3f} "
-              f"{other.peak_mb:6.1f}   {mine.wall / other.wall:12.2f}")
+        costs = measure.side_by_side([(ours, folder / "ours.txt"), (theirs, folder / "sqlite3.htm")], options.runs)
+        print(measure.row(rows, *costs))
 
 
 if __name__ == "__main__":

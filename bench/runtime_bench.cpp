@@ -53,7 +53,7 @@ void FormatAll(benchmark::State& state, const std::vector<Value>& values, TextVi
       benchmark::DoNotOptimize(text.data());
     }
   }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * values.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
 }
 
 void ConvertAll(benchmark::State& state, const std::vector<Value>& values) {
@@ -65,7 +65,7 @@ void ConvertAll(benchmark::State& state, const std::vector<Value>& values) {
       benchmark::DoNotOptimize(text.data());
     }
   }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * values.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
 }
 
 void FormatDouble(benchmark::State& state) {
@@ -96,7 +96,7 @@ void EncodeCzech(benchmark::State& state) {
     Czech().codePage->AppendEncoded(bytes, text);
     benchmark::DoNotOptimize(bytes.data());
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 
 BENCHMARK(FormatDouble);

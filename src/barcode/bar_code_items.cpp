@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/field_types.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -136,24 +137,6 @@ void MarkLetters(Text& text, std::size_t start, char16_t first) {
 
 std::size_t MissingTo(std::size_t width, std::size_t length) {
   return width > length ? width - length : 0;
-}
-
-bool IsNumericType(FieldType type) {
-  switch (type) {
-    case FieldType::kByte:
-    case FieldType::kInteger:
-    case FieldType::kLong:
-    case FieldType::kCurrency:
-    case FieldType::kSingle:
-    case FieldType::kDouble:
-    case FieldType::kBigInteger:
-    case FieldType::kNumeric:
-    case FieldType::kDecimal:
-    case FieldType::kFloat:
-      return true;
-    default:
-      return false;
-  }
 }
 
 void AppendExactWidth(Text& content, const BarCodeItem& item, const Value& value, FieldType type,

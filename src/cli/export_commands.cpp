@@ -53,9 +53,9 @@ Text OutputFile(const std::string& path, FileSystem& files) {
 // An export of this program: the office object, its events on the terminal, the database.
 class QueryExport {
  public:
-  QueryExport(const CommandContext& context, const QueryOptions& query, const Platform& platform)
+  QueryExport(const CommandContext& context, const QueryOptions& query, const Platform& platform, bool showsStates)
       : interrupted_(context.interrupted),
-        display_(context.options.events, !context.options.quiet, context.interrupted),
+        display_(context.options.events, !context.options.quiet, showsStates, context.interrupted),
         database_(query.database, &context.interrupted),
         office_(platform) {
     if (query.database.starts_with("ODBC;")) {
@@ -70,7 +70,7 @@ class QueryExport {
   cZorOffice& office() { return office_; }
   Database& database() { return database_; }
 
-  /// Exit status of an export with this result.
+  // Exit status of an export with this result.
   int StatusOf(bool done) const { return done ? kDone : interrupted_ ? kInterrupted : kFailed; }
 
  private:
@@ -102,7 +102,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
                                 .riTblBorder = options.border,
                                 .riTblCellPadding = options.padding,
                                 .riTblCellSpacing = options.spacing};
-  QueryExport run(context, options.query, platform);
+  QueryExport run(context, options.query, platform, opens);
   const bool done = run.office().HTMLExport(run.database(), StatementOf(options.query), arguments);
   if (done) PrintLine(arguments.rsSourceFile);
   return run.StatusOf(done);

@@ -1,5 +1,6 @@
 #include "cli/host_platform.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "runtime/date.h"
@@ -32,6 +33,10 @@ ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
   return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
 }
 
+void Warn(TextView warning) {
+  std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+}
+
 }  // namespace
 
 HostPlatform::HostPlatform(const GlobalOptions& options)
@@ -40,6 +45,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
       registry_(HomeFolder(options)),
       userInterface_(AnswersOf(options)),
       environment_(HomeFolder(options), ZORKANCA_VERSION),
+      word_(locale_, {}, Warn),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,
@@ -47,7 +53,8 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
                 .clock = clock_,
                 .locale = locale_,
                 .eventLog = eventLog_,
-                .environment = environment_} {}
+                .environment = environment_,
+                .office = word_} {}
 
 std::string HomeFolder(const GlobalOptions& options) {
   if (!options.home.empty()) return options.home;

@@ -13,6 +13,7 @@
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
+#include "host/word/word_engine.h"
 
 namespace zorkanca::cli {
 
@@ -25,14 +26,15 @@ class HostPlatform {
   const Platform& platform() const { return platform_; }
 
  private:
-  Locale locale_;
   SystemClock clock_;
+  Locale locale_;  // reads the clock when it is made
   LinuxFileSystem files_;
   FileRegistry registry_;
   ConsoleUserInterface userInterface_;
   DesktopShell shell_;
   SyslogEventLog eventLog_;
   LinuxSuiteEnvironment environment_;
+  WordEngine word_;
   Platform platform_;
 };
 

@@ -57,6 +57,7 @@ int Main(const std::vector<std::string>& arguments) {
   Command command;
   AddGlobalOptions(app, options);
   AddExportCommands(app, command);
+  AddMergeCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddBarcodeCommands(app, command);

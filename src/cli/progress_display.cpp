@@ -35,8 +35,11 @@ std::string TimeLeft(double seconds) {
 
 }  // namespace
 
-ProgressDisplay::ProgressDisplay(bool eventLines, bool bar, const std::atomic<bool>& interrupted)
-    : eventLines_(eventLines), bar_(bar && !eventLines && isatty(STDERR_FILENO) == 1), interrupted_(interrupted) {
+ProgressDisplay::ProgressDisplay(bool eventLines, bool bar, bool states, const std::atomic<bool>& interrupted)
+    : eventLines_(eventLines),
+      bar_(bar && !eventLines && isatty(STDERR_FILENO) == 1),
+      states_(states),
+      interrupted_(interrupted) {
   const char* noColour = std::getenv("NO_COLOR");
   colours_ = !noColour || !*noColour;
 }
@@ -48,7 +51,7 @@ ProgressDisplay::~ProgressDisplay() {
 void ProgressDisplay::ExportState(ExportStateValue state, TextView DefaultMessage) {
   const std::string message = ToUtf8(DefaultMessage);
   if (eventLines_) std::fprintf(stderr, "ExportState %d %s\n", static_cast<int>(state), message.c_str());
-  if (!bar_) return;
+  if (!bar_ || !states_) return;
   Erase();
   std::fprintf(stderr, "%s\n", message.c_str());
 }

@@ -12,9 +12,10 @@ namespace zorkanca::cli {
 class ProgressDisplay final : public ZorOfficeEvents {
  public:
   /// @param eventLines  write every event as a line on standard error
-  /// @param bar         draw a bar and the states, when standard error is a terminal
+  /// @param bar         draw a bar, when standard error is a terminal
+  /// @param states      show there what the export waits for, too
   /// @param interrupted once true, the next event cancels the export
-  ProgressDisplay(bool eventLines, bool bar, const std::atomic<bool>& interrupted);
+  ProgressDisplay(bool eventLines, bool bar, bool states, const std::atomic<bool>& interrupted);
   ~ProgressDisplay() override;
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override;
@@ -28,6 +29,7 @@ class ProgressDisplay final : public ZorOfficeEvents {
 
   bool eventLines_;
   bool bar_;
+  bool states_;
   bool colours_;
   const std::atomic<bool>& interrupted_;
   Clock::time_point start_ = Clock::now();

@@ -1,10 +1,11 @@
-// Commands that show how a single value is read and written: number, date, text.
+// Commands that show how a single value is read and written: format, number, date, text.
 #include <charconv>
 #include <cmath>
 #include <memory>
 #include <optional>
 
 #include "cli/command_line.h"
+#include "office/format.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/format.h"
@@ -77,6 +78,29 @@ void SetFormatCallback(CLI::App& command, Command& chosen, const std::shared_ptr
   });
 }
 
+struct ColumnFormatOptions {
+  std::string format;
+  std::string value;
+  bool isNull = false;
+};
+
+void AddFormat(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("format", "Format a value as a column of a Word export");
+  const auto options = std::make_shared<ColumnFormatOptions>();
+  command->add_option("FORMAT", options->format, "column format, for example 'case 1: ano case else: ne'")->required();
+  CLI::Option* value = command->add_option("VALUE", options->value, "the value, a text");
+  CLI::Option* null = command->add_flag("--null", options->isNull, "the value is Null")->excludes(value);
+  command->callback([&chosen, options, value, null] {
+    if (value->empty() && null->empty()) throw CLI::RequiredError("VALUE or --null");
+    chosen = [options](const CommandContext& context) {
+      cFormat format(context.platform.locale);
+      format.format(FromUtf8(options->format));
+      PrintLine(format.Apply(options->isNull ? Value(Null()) : Value(FromUtf8(options->value))));
+      return kDone;
+    };
+  });
+}
+
 void AddNumber(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("number", "Format a number by a pattern");
   const auto options = std::make_shared<ValueOptions>();
@@ -113,6 +137,7 @@ void AddText(CLI::App& app, Command& chosen) {
 }  // namespace
 
 void AddValueCommands(CLI::App& app, Command& chosen) {
+  AddFormat(app, chosen);
   AddNumber(app, chosen);
   AddDate(app, chosen);
   AddText(app, chosen);

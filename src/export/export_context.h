@@ -18,10 +18,11 @@ struct ExportContext {
   NumberSeparators separators{};
   OfficeSettings settings{};
 
-  float percentInterval = 1.0f;         ///< step of PercentDone in percent
-  Text multiplier{};                    ///< query column that tells how often a record is written; empty: once
-  std::int16_t blankRecordsBefore = 0;  ///< empty records before the data of the next export
-  bool withinDataProcess = false;       ///< an export itself drives Word, document after document
+  float percentInterval = 1.0f;           ///< step of PercentDone in percent
+  Text multiplier{};                      ///< query column that tells how often a record is written; empty: once
+  std::int16_t blankRecordsBefore = 0;    ///< empty records before the data of the next export
+  Recordset* currentRecordset = nullptr;  ///< of the running export; null when none runs over a query
+  bool withinDataProcess = false;         ///< an export itself drives Word, document after document
 
   /// Raises ExportState when somebody listens.
   void RaiseExportState(ExportStateValue state, TextView message) const {

@@ -12,7 +12,7 @@ constexpr std::int32_t kStopNumber = -1;
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
 Text MessageOf(const Error& error) {
-  if (error.number() == kStopNumber) return error.description();
+  if (IsStop(error)) return error.description();
   if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
   Text message(kUnexpectedError);
   message.append(kCrLf);
@@ -24,6 +24,10 @@ Text MessageOf(const Error& error) {
 
 void StopExport(TextView message) {
   throw Error(kStopNumber, Text(), Text(message));
+}
+
+bool IsStop(const Error& error) {
+  return error.number() == kStopNumber;
 }
 
 bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body) {

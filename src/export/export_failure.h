@@ -25,6 +25,9 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// Stops the export with a message for the user.
 [[noreturn]] void StopExport(TextView message);
 
+/// True for the error by which `StopExport` travels: its description is the message, whole.
+bool IsStop(const Error& error);
+
 /// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
 /// @param session  the export's session; its ending follows when the caller lets go of it
 /// @return         true when the body ran to its end

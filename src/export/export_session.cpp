@@ -13,6 +13,11 @@ ExportSession::~ExportSession() {
   context_.blankRecordsBefore = 0;
 }
 
+void ExportSession::Hold(std::unique_ptr<Recordset> recordset) {
+  recordset_ = std::move(recordset);
+  context_.currentRecordset = recordset_.get();
+}
+
 Recordset& ExportSession::recordset() {
   if (!recordset_) Raise(RuntimeError::kObjectNotSet);
   return *recordset_;
@@ -20,6 +25,7 @@ Recordset& ExportSession::recordset() {
 
 void ExportSession::CloseRecordset() {
   if (!recordset_) return;
+  context_.currentRecordset = nullptr;
   const std::unique_ptr<Recordset> closing = std::move(recordset_);
   closing->Close();
 }

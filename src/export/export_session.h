@@ -23,7 +23,7 @@ class ExportSession {
   void ShowPointer(MousePointer pointer) { context_.platform.userInterface.SetMousePointer(pointer); }
 
   /// Takes the recordset over for the duration of the export.
-  void Hold(std::unique_ptr<Recordset> recordset) { recordset_ = std::move(recordset); }
+  void Hold(std::unique_ptr<Recordset> recordset);
   /// The recordset taken over last. Errors: 91 when there is none.
   Recordset& recordset();
   void CloseRecordset();

@@ -1,6 +1,7 @@
 #include "export/html_cells.h"
 
-#include "export/field_kinds.h"
+#include "export/number_columns.h"
+#include "platform/field_types.h"
 #include "runtime/convert.h"
 
 namespace zorkanca::html {
@@ -15,18 +16,7 @@ constexpr TextView kCellEnd = u"</TD>\r\n";
 
 // Which alignment a type has; texts decide for themselves.
 bool AlignsRight(FieldType type) {
-  switch (type) {
-    case FieldType::kByte:
-    case FieldType::kInteger:
-    case FieldType::kLong:
-    case FieldType::kBigInteger:
-    case FieldType::kDate:
-    case FieldType::kTime:
-    case FieldType::kTimeStamp:
-      return true;
-    default:
-      return IsDecimalType(type);
-  }
+  return IsNumericType(type) || IsDateType(type);
 }
 
 void AppendCell(Text& row, bool right, TextView text) {

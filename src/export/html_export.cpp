@@ -34,6 +34,7 @@ void HtmlExport::Export() {
   output_ = &session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi);
   WriteTable(names);
   session_.CloseOutput();
+  session_.CloseRecordset();
   OpenViewer();
 }
 
@@ -58,7 +59,7 @@ void HtmlExport::WriteTable(ColumnNameSource names) {
                      DecimalText(arguments_.riTblCellSpacing) + u">");
   WriteHeaderRow(names);
   WriteBlankRows();
-  reader_.ForEachRecord([&](std::int16_t copies) {
+  reader_.ForEachRecord(QueryReader::Reporting::kPercent, [&](std::int16_t copies) {
     for (; copies > 0; --copies) WriteRecord();
   });
   output_->WriteLine(u"</TABLE>");

@@ -53,15 +53,14 @@ std::int16_t QueryReader::Copies() {
   return ToInteger(session_.recordset().FieldNamed(context.multiplier).Value(), context.platform.locale);
 }
 
-void QueryReader::ForEachRecord(const std::function<void(std::int16_t copies)>& write) {
+void QueryReader::ForEachRecord(Reporting reporting, const std::function<void(std::int16_t copies)>& write) {
   Progress progress(session_.context(), recordCount_);
   Recordset& recordset = session_.recordset();
   for (; !recordset.Eof(); recordset.MoveNext()) {
     write(Copies());
-    progress.RecordDone();
+    if (reporting == Reporting::kPercent) progress.RecordDone();
   }
-  progress.Finish();
-  session_.CloseRecordset();
+  if (reporting == Reporting::kPercent) progress.Finish();
 }
 
 }  // namespace zorkanca

@@ -28,10 +28,13 @@ class QueryReader {
   /// Clears a multiplier that the current record cannot give as a 16-bit number, for this and later exports.
   void ValidateMultiplier();
 
+  /// Whether the caller hears of the progress.
+  enum class Reporting { kPercent, kSilent };
+
   /// Calls `write` for each record with the number of copies it is to be written (0 or less: not at all), followed by
-  /// the progress step; reports 100 per cent and closes the recordset at the end. Errors: stops the export when the
-  /// caller cancels; 3265, 13, 6 or 94 when the multiplier gives no number.
-  void ForEachRecord(const std::function<void(std::int16_t copies)>& write);
+  /// the progress step; reports 100 per cent at the end. Errors: stops the export when the caller cancels; 3265, 13, 6
+  /// or 94 when the multiplier gives no number.
+  void ForEachRecord(Reporting reporting, const std::function<void(std::int16_t copies)>& write);
 
  private:
   std::int16_t Copies();

@@ -7,6 +7,8 @@
 
 #include "export/export_context.h"
 #include "export/html_export.h"
+#include "export/mail_merge.h"
+#include "export/word_opening.h"
 #include "platform/database.h"
 #include "platform/platform.h"
 
@@ -39,6 +41,11 @@ class cZorOffice {
   /// Writes the rows of the SELECT as an HTML table and opens the file; see `HtmlExport`.
   /// @return true when done; failures are shown to the user, nothing is raised
   bool HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments);
+
+  /// Merges a template with a data file; see `MailMergeRun`. Failures are told by ExportState.
+  bool MakeMailDocument(MakeMailDocumentArguments& arguments) { return MailMergeRun(context_, arguments).Run(); }
+  /// Opens a document in Word; see `OpenWordDocument`.
+  bool GetOpenDoc(GetOpenDocArguments& arguments) { return OpenWordDocument(context_, arguments); }
 
  private:
   ExportContext context_;

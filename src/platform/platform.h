@@ -5,6 +5,7 @@
 #include "platform/database.h"
 #include "platform/event_log.h"
 #include "platform/file_system.h"
+#include "platform/office_applications.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/suite_environment.h"
@@ -23,10 +24,11 @@ struct Platform {
   const Locale& locale;
   EventLog& eventLog;
   SuiteEnvironment& environment;
+  OfficeApplications& office;
 
   /// The same computer with another desktop.
   Platform With(Shell& otherShell) const {
-    return {files, registry, userInterface, otherShell, clock, locale, eventLog, environment};
+    return {files, registry, userInterface, otherShell, clock, locale, eventLog, environment, office};
   }
 };
 

@@ -61,7 +61,20 @@ void CodePage::AppendEncoded(std::string& bytes, TextView text) const {
   const std::size_t start = bytes.size();
   bytes.resize(start + text.size());
   char* out = bytes.data() + start;
-  for (const char16_t unit : text) *out++ = static_cast<char>(bytes_[unit]);
+  const char16_t* next = text.data();
+  const char16_t* const end = next + text.size();
+  // Most of every file is ASCII, the same in all pages: the compiler turns the two inner loops into a few instructions.
+  constexpr std::ptrdiff_t kBlock = 16;
+  for (; end - next >= kBlock; next += kBlock, out += kBlock) {
+    char16_t bits = 0;
+    for (std::ptrdiff_t index = 0; index < kBlock; ++index) bits |= next[index];
+    if (bits < 0x80) {
+      for (std::ptrdiff_t index = 0; index < kBlock; ++index) out[index] = static_cast<char>(next[index]);
+    } else {
+      for (std::ptrdiff_t index = 0; index < kBlock; ++index) out[index] = static_cast<char>(bytes_[next[index]]);
+    }
+  }
+  for (; next != end; ++next, ++out) *out = static_cast<char>(bytes_[*next]);
 }
 
 }  // namespace zorkanca

@@ -18,7 +18,8 @@ Text ToText(const Value& value, const Locale& locale);
 /// Appends what `ToText` gives; allocates nothing of its own but the room in `text`.
 void AppendText(Text& text, const Value& value, const Locale& locale);
 
-/// Str: as `ToText` of a number, but always with "." and a leading blank where there is no minus sign.
+/// Str: as `ToText` of a number, but always with ".", no zero before it, and a leading blank where there is no minus
+/// sign. Errors: 94 for Null, 13 for texts, binary values and objects.
 Text ToStrText(const Value& value);
 
 /// The value as Integer (CInt), Long (CLng), Byte (CByte): halves are rounded to even.
@@ -39,18 +40,19 @@ bool IsNumeric(const Value& value, const Locale& locale);
 /// IsDate: Date values and texts of dates.
 bool IsDate(const Value& value, const Locale& locale);
 
-/// The number that a whole text spells in the locale; nothing when it is none.
+/// The number that a whole text spells in the locale, infinite when no Double holds it; nothing when it is none.
 std::optional<double> ParseNumber(TextView text, const Locale& locale);
 /// The date, the time or both that a whole text spells in the locale; nothing when it spells none.
 std::optional<Date> ParseDate(TextView text, const Locale& locale);
 /// The full year of a year written with one or two digits, by the locale's limit; other years unchanged.
 std::int32_t ExpandYear(std::int32_t year, const Locale& locale);
 
-/// Val: the leading number of a text, independent of the locale; 0 when there is none.
+/// Val: the leading number of a text, independent of the locale; 0 when there is none. Errors: 6 when it is too large.
 double Val(TextView text);
 
-/// A Decimal of a plain decimal text ("-12.50", "." as decimal point). Digits beyond the 28th decimal are rounded.
-/// Errors: 13 for other text, 6 when it does not fit.
+/// A Decimal of a plain decimal text ("-12.50", "." as decimal point), with the decimals as written. Decimals beyond
+/// the 28th, and those for which 96 bits leave no room, are rounded, halves to even. Errors: 13 for other text, 6 when
+/// it does not fit.
 Decimal ToDecimal(TextView plainText);
 
 }  // namespace zorkanca

@@ -95,13 +95,10 @@ class DateWriter {
     return 1;
   }
 
-  void PutDigit(std::int32_t digit) { sink_.Put(static_cast<char16_t>(u'0' + digit)); }
-
-  // A number below 1000 without leading zeros, or in two digits for two letters.
+  // A number below 1000 without leading zeros, or in two digits at least for two letters.
   std::size_t WriteNumber(std::int32_t number, std::size_t letters) {
-    if (number >= 100) PutDigit(number / 100);
-    if (number >= 10 || letters == 2) PutDigit(number / 10 % 10);
-    PutDigit(number % 10);
+    if (number >= 100) sink_.Put(static_cast<char16_t>(u'0' + number / 100));
+    sink_.PutBelow100(number % 100, number >= 100 || letters == 2);
     return letters;
   }
 

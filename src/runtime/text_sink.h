@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "runtime/text.h"
 
@@ -31,6 +32,15 @@ class TextSink {
     }
     std::copy(piece.begin(), piece.end(), units_ + size_);
     size_ += piece.size();
+  }
+
+  /// Puts a number below 100, in two digits or, below 10, without the leading zero. Lengths of days and months change
+  /// without a pattern that a processor could foresee: no branch depends on them.
+  void PutBelow100(std::int32_t number, bool twoDigits) {
+    if (kCapacity - size_ < 2) Flush();
+    units_[size_] = static_cast<char16_t>(u'0' + number / 10);
+    size_ += twoDigits || number >= 10 ? 1 : 0;
+    units_[size_++] = static_cast<char16_t>(u'0' + number % 10);
   }
 
   void Flush() {

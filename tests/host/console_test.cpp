@@ -64,7 +64,7 @@ TEST(Console, TheTerminalIsAskedUntilItAnswers) {
   ASSERT_EQ(tcsetattr(terminal.get(), TCSANOW, &settings), 0);
   ConsoleUserInterface console(Answers::kAsk, terminal.get(), terminal.get());
 
-  const std::string shown = "T: Řádek 1\nline 2?\n[a/n] ";
+  const std::string shown = "\r\x1b[KT: Řádek 1\nline 2?\n[a/n] ";
   struct Row {
     std::string typed;
     MessageAnswer answer;

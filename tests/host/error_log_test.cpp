@@ -51,8 +51,8 @@ TEST(ErrorLogOnDisk, TwoProcessesNeverMixTheirEntries) {
   MemoryPlatform rest;
   LinuxFileSystem files(*rest.locale.codePage);
   LinuxSuiteEnvironment environment(folder.Path("home"), "4.1.0");
-  const Platform platform{files,      rest.registry, rest.userInterface, rest.shell,
-                          rest.clock, rest.locale,   rest.eventLog,      environment};
+  const Platform platform{files,       rest.registry, rest.userInterface, rest.shell, rest.clock,
+                          rest.locale, rest.eventLog, environment,        rest.word};
   const auto write = [&](int writer) {
     ErrorLogWriter log(platform);
     for (int number = 0; number < kEntries; ++number) log.WriteMessage(MessageOf(writer, number), kErrorEvent);

@@ -55,6 +55,10 @@ TEST(OpcXml, OnlySoundXmlPasses) {
     EXPECT_THAT(ToUtf8(error.description()), HasSubstr(reason)) << xml;
   }
   EXPECT_NO_THROW(ParseXml(Nested(256), kSource));
+  const std::string crowded = "<a b='1' xmlns:c='u'><d/><e f='1' g='2'/><h i='1' j='2' k='3'/></a>";
+  EXPECT_NO_THROW(ParseXml(crowded, kSource, {.attributes = 5}));
+  EXPECT_THAT(ToUtf8(ErrorOf([&] { ParseXml(crowded, kSource, {.attributes = 4}); }).description()),
+              HasSubstr("too many attributes"));
   for (const char* flood : {"<a><b/><b/><b/><b/></a>", "<a b='' c='' d='' e='' f='' g=''/>", "<a><!----><!----></a>",
                             "<a><?b?><?b?><?b?></a>", "<a><![CDATA[]]>x<![CDATA[]]></a>"}) {
     EXPECT_THAT(ToUtf8(ErrorOf([&] { ParseXml(flood, kSource, {.nodes = 5}); }).description()),

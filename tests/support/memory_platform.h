@@ -9,13 +9,11 @@
 #include "platform/platform.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "support/fake_word.h"
 #include "support/memory_file_system.h"
 #include "support/memory_registry.h"
 
 namespace zorkanca::testing {
-
-/// Lines like "message 48 [title] text", "pointer 11", "open C:\x.htm".
-using Journal = std::vector<std::string>;
 
 class JournalUserInterface final : public UserInterface {
  public:
@@ -98,7 +96,8 @@ class MemoryPlatform {
   FixedClock clock;
   JournalEventLog eventLog{journal};
   FixedSuiteEnvironment environment;
-  Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment};
+  FakeWord word{journal};
+  Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment, word};
 };
 
 }  // namespace zorkanca::testing

@@ -34,7 +34,7 @@ inline std::uint32_t PlainCrc(std::string_view bytes) {
 
 inline std::string LittleEndian(std::uint64_t value, int width) {
   std::string bytes;
-  for (int i = 0; i < width; ++i) bytes.push_back(static_cast<char>(value >> (8 * i) & 0xFF));
+  for (int i = 0; i < width; ++i) bytes.push_back(static_cast<char>(i < 8 ? value >> (8 * i) & 0xFF : 0));
   return bytes;
 }
 

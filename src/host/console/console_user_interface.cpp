@@ -27,6 +27,7 @@ MessageAnswer ConsoleUserInterface::Show(const Message& message) {
   Text line = message.title;
   if (!line.empty()) line.append(u": ");
   line.append(Replace(message.text, kCrLf, u"\n")).append(u"\n");
+  if (isatty(output_)) Print("\r\x1b[K");  // a progress bar may stand in the line
   Print(ToUtf8(line));
   switch (message.buttons) {
     case MessageButtons::kOk:

@@ -15,6 +15,7 @@
 
 #include "host/files/file_descriptor.h"
 #include "host/files/native_path.h"
+#include "host/process/spawn_settings.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
@@ -24,43 +25,10 @@ namespace {
 
 constexpr const char* kOpener = "xdg-open";
 
-// How the opener is started: apart from our terminal, so that it outlives us, and without our streams, so that whoever
-// reads what we print does not wait for its end.
-class SpawnSettings {
- public:
-  SpawnSettings() {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
-    posix_spawnattr_init(&attributes_);
-    sigset_t none;
-    sigemptyset(&none);
-    sigset_t usual = none;  // an ignored signal would stay ignored in the opener and all that it starts
-    for (const int number : {SIGPIPE, SIGINT, SIGQUIT, SIGHUP, SIGTERM, SIGCHLD, SIGXFSZ}) sigaddset(&usual, number);
-    posix_spawnattr_setsigdefault(&attributes_, &usual);
-    posix_spawnattr_setsigmask(&attributes_, &none);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  }
-  ~SpawnSettings() {
-    posix_spawnattr_destroy(&attributes_);
-    posix_spawn_file_actions_destroy(&actions_);
-  }
-  SpawnSettings(const SpawnSettings&) = delete;
-  SpawnSettings& operator=(const SpawnSettings&) = delete;
-
-  const posix_spawn_file_actions_t* actions() const { return &actions_; }
-  const posix_spawnattr_t* attributes() const { return &attributes_; }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-  posix_spawnattr_t attributes_{};
-};
-
 pid_t StartOpener(std::string path) {
   std::string program = kOpener;
   char* const arguments[] = {program.data(), path.data(), nullptr};
-  const SpawnSettings settings;
+  const SpawnSettings settings("/dev/null", SpawnSettings::Group::kOwnSession);
   pid_t process = 0;
   const int failure = posix_spawnp(&process, kOpener, settings.actions(), settings.attributes(), arguments, environ);
   if (failure == ENOENT) {

@@ -15,6 +15,7 @@
 
 #include "host/files/file_descriptor.h"
 #include "host/files/system_error.h"
+#include "host/process/spawn_settings.h"
 
 namespace zorkanca {
 
@@ -26,38 +27,6 @@ constexpr std::chrono::seconds kTimeToEnd(2);
 constexpr std::chrono::milliseconds kBetweenQuestions(100);
 // Twenty times what five thousand pages need; what wants more is a document made to hurt.
 constexpr rlim_t kAddressSpace = 8ULL << 30;
-
-class SpawnSettings {
- public:
-  explicit SpawnSettings(const std::string& outputFile) {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, outputFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-    posix_spawn_file_actions_adddup2(&actions_, STDOUT_FILENO, STDERR_FILENO);
-    posix_spawnattr_init(&attributes_);
-    sigset_t none;
-    sigemptyset(&none);
-    sigset_t usual = none;  // what this process ignores or holds back must reach the program
-    for (const int number : {SIGPIPE, SIGINT, SIGQUIT, SIGHUP, SIGTERM, SIGCHLD, SIGXFSZ}) sigaddset(&usual, number);
-    posix_spawnattr_setsigdefault(&attributes_, &usual);
-    posix_spawnattr_setsigmask(&attributes_, &none);
-    posix_spawnattr_setpgroup(&attributes_, 0);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-  }
-  ~SpawnSettings() {
-    posix_spawnattr_destroy(&attributes_);
-    posix_spawn_file_actions_destroy(&actions_);
-  }
-  SpawnSettings(const SpawnSettings&) = delete;
-  SpawnSettings& operator=(const SpawnSettings&) = delete;
-
-  const posix_spawn_file_actions_t* actions() const { return &actions_; }
-  const posix_spawnattr_t* attributes() const { return &attributes_; }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-  posix_spawnattr_t attributes_{};
-};
 
 // This process's environment with some values of others.
 std::vector<std::string> EnvironmentWith(const std::vector<std::string>& own) {
@@ -84,7 +53,7 @@ class Group {
   explicit Group(const ChildCommand& command) {
     std::vector<std::string> arguments = command.arguments;
     std::vector<std::string> environment = EnvironmentWith(command.environment);
-    const SpawnSettings settings(command.outputFile);
+    const SpawnSettings settings(command.outputFile, SpawnSettings::Group::kOwnGroup);
     const int failure = posix_spawn(&leader_, arguments.front().c_str(), settings.actions(), settings.attributes(),
                                     PointersTo(arguments).data(), PointersTo(environment).data());
     if (failure != 0) RaisePathError(failure, arguments.front());

@@ -6,6 +6,8 @@
 #include <memory>
 #include <new>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include "host/opc/ascii_case.h"
 #include "host/opc/office_error.h"
@@ -25,8 +27,7 @@ class Gate {
     if (!parser_) throw std::bad_alloc();
     XML_SetUserData(parser_.get(), this);
     XML_SetElementHandler(parser_.get(), &Gate::OnStart, &Gate::OnEnd);
-    XML_SetStartNamespaceDeclHandler(parser_.get(),
-                                     [](void* gate, const XML_Char*, const XML_Char*) { Self(gate).Count(1); });
+    XML_SetStartNamespaceDeclHandler(parser_.get(), &Gate::OnDeclaration);
     XML_SetCommentHandler(parser_.get(), [](void* gate, const XML_Char*) { Self(gate).Count(2); });
     XML_SetProcessingInstructionHandler(parser_.get(),
                                         [](void* gate, const XML_Char*, const XML_Char*) { Self(gate).Count(2); });
@@ -55,15 +56,27 @@ class Gate {
 
   static Gate& Self(void* gate) { return *static_cast<Gate*>(gate); }
 
+  static void XMLCALL OnDeclaration(void* gate, const XML_Char*, const XML_Char*) {
+    ++Self(gate).declarations_;
+    Self(gate).Count(1);
+  }
   static void XMLCALL OnStart(void* gate, const XML_Char*, const XML_Char** attributes) {
-    std::uint64_t nodes = 2;  // the element and the text behind its start
-    for (; *attributes; attributes += 2) ++nodes;
-    Self(gate).Count(nodes);
-    if (++Self(gate).depth_ > Self(gate).limits_.depth) Self(gate).Stop("its elements are nested too deeply");
+    std::uint64_t count = 0;
+    for (; *attributes; attributes += 2) ++count;
+    Self(gate).Enter(count);
   }
   static void XMLCALL OnEnd(void* gate, const XML_Char*) {
-    --Self(gate).depth_;
+    Self(gate).openAttributes_.pop_back();
     Self(gate).Count(1);  // the text behind the end
+  }
+
+  // The declarations of an element are told before it.
+  void Enter(std::uint64_t attributes) {
+    Count(2 + attributes);  // with the element and the text behind its start
+    const std::uint64_t around = openAttributes_.empty() ? 0 : openAttributes_.back();
+    openAttributes_.push_back(around + attributes + std::exchange(declarations_, 0));
+    if (openAttributes_.size() > limits_.depth) Stop("its elements are nested too deeply");
+    if (openAttributes_.back() > limits_.attributes) Stop("its elements have too many attributes");
   }
 
   void Count(std::uint64_t nodes) {
@@ -94,7 +107,8 @@ class Gate {
   const XmlSource& source_;
   const XmlLimits& limits_;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser_;
-  std::uint32_t depth_ = 0;
+  std::vector<std::uint64_t> openAttributes_;  // of each open element, with those around it
+  std::uint64_t declarations_ = 0;             // of the element that comes next
   std::uint64_t nodes_ = 0;
   std::string reason_;
 };

@@ -19,6 +19,7 @@ struct XmlSource {
 /// What a part may ask of us.
 struct XmlLimits {
   std::uint32_t depth = 256;        ///< elements inside each other
+  std::uint64_t attributes = 4096;  ///< of an element and of all around it: what resolving a prefix may have to look at
   std::uint64_t nodes = 4'000'000;  ///< elements, attributes and texts of a tree: some 60 bytes each
 };
 

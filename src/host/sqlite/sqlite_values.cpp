@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "host/sqlite/sqlite_conversions.h"
+#include "platform/field_types.h"
 #include "runtime/error.h"
 #include "runtime/iso_date.h"
 #include "runtime/utf8.h"
@@ -14,10 +15,6 @@
 namespace zorkanca {
 
 namespace {
-
-bool IsDateType(FieldType type) {
-  return type == FieldType::kDate || type == FieldType::kTime || type == FieldType::kTimeStamp;
-}
 
 template <typename Type>
 bool SetIfSome(Value& value, const std::optional<Type>& converted) {

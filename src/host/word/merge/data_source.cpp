@@ -8,6 +8,7 @@
 #include "host/files/system_error.h"
 #include "host/word/merge/delimited_parser.h"
 #include "host/word/word_errors.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::word {
@@ -98,6 +99,10 @@ DataSource::DataSource(const std::string& path, const CodePage& codePage) {
     last = count == 0;
     units.clear();
     decoder.Decode(std::string_view(piece).substr(0, static_cast<std::size_t>(count)), last, units);
+    // No text has one: this is a file of another kind, or UTF-16 that does not say so.
+    if (units.find(u'\0') != Text::npos) {
+      Raise(RuntimeError::kInvalidCall, u"The data source " + FromUtf8(path) + u" is no text file.");
+    }
     parser.Feed(units);
   }
   parser.Finish();

@@ -1,4 +1,4 @@
-#include "export/field_kinds.h"
+#include "export/number_columns.h"
 
 namespace zorkanca {
 

@@ -1,0 +1,178 @@
+#!/usr/bin/env python3
+"""Makes the sample Word templates beside this file, with Debian's python3-docx:  /usr/bin/python3 examples/make_templates.py
+
+The templates are kept as files, as a user would have them; this script is how they came about.
+"""
+import pathlib
+import zipfile
+
+from docx import Document
+from docx.enum.table import WD_ROW_HEIGHT_RULE
+from docx.enum.text import WD_ALIGN_PARAGRAPH, WD_TAB_ALIGNMENT, WD_TAB_LEADER
+from docx.oxml import OxmlElement
+from docx.oxml.ns import qn
+from docx.shared import Cm, Pt, RGBColor
+
+FOLDER = pathlib.Path(__file__).resolve().parent
+FIRM = "Železářství Na Růžku, Dlouhá 14, 586 01 Jihlava"
+
+
+def add_field(paragraph, code, shown="", bold=False, size=None):
+    """A field as Word writes it: begin, code, separator, the old result, end, each in a run of its own."""
+    def run_with(tag, **attributes):
+        run = paragraph.add_run()
+        run.bold = bold
+        run.font.size = size
+        element = OxmlElement(tag)
+        for name, value in attributes.items():
+            element.set(qn(f"w:{name}"), value)
+        run._r.append(element)
+        return element
+
+    run_with("w:fldChar", fldCharType="begin")
+    instruction = run_with("w:instrText")
+    instruction.set(qn("xml:space"), "preserve")
+    instruction.text = f" {code} "
+    run_with("w:fldChar", fldCharType="separate")
+    result = paragraph.add_run(shown)
+    result.bold = bold
+    result.font.size = size
+    run_with("w:fldChar", fldCharType="end")
+
+
+def add_merge_field(paragraph, name, switches="", bold=False, size=None):
+    add_field(paragraph, f"MERGEFIELD {name} {switches}".rstrip(), f"«{name}»", bold, size)
+
+
+def new_document(margins=2.0):
+    document = Document()
+    style = document.styles["Normal"]
+    style.font.name = "Liberation Sans"
+    style.font.size = Pt(10.5)
+    section = document.sections[0]
+    section.page_width, section.page_height = Cm(21), Cm(29.7)
+    section.left_margin = section.right_margin = section.top_margin = section.bottom_margin = Cm(margins)
+    return document
+
+
+def lines(document, *names):
+    """A paragraph for each line of an address; a line of empty fields is dropped by the merge."""
+    for line in names:
+        paragraph = document.add_paragraph()
+        paragraph.paragraph_format.space_after = Pt(0)
+        for index, name in enumerate(line.split()):
+            if index:
+                paragraph.add_run(" ")
+            add_merge_field(paragraph, name, bold=name == "nazev")
+
+
+def make_letter():
+    document = new_document(2.5)
+    header = document.sections[0].header.paragraphs[0]
+    header.add_run(FIRM).font.color.rgb = RGBColor(0x40, 0x40, 0x40)
+    header.add_run("\tFaktura ")
+    add_merge_field(header, "cislo")
+    footer = document.sections[0].footer.paragraphs[0]
+    footer.alignment = WD_ALIGN_PARAGRAPH.CENTER
+    footer.add_run("Strana ")
+    add_field(footer, "PAGE", "1")
+
+    document.add_paragraph()
+    lines(document, "nazev", "ulice", "psc mesto")
+    subject = document.add_paragraph()
+    subject.paragraph_format.space_before = Pt(48)
+    run = subject.add_run("Upomínka faktury č. ")
+    run.bold = True
+    run.font.size = Pt(14)
+    add_merge_field(subject, "cislo", bold=True, size=Pt(14))
+    document.add_paragraph("Dobrý den,")
+    body = document.add_paragraph("dovolujeme si Vás upozornit, že faktura vystavená dne ")
+    add_merge_field(body, "vystavena", '\\@ "d. MMMM yyyy"')
+    body.add_run(" na částku ")
+    add_merge_field(body, "celkem", '\\# "# ##0,00 Kč"', bold=True)
+    body.add_run(" byla splatná ")
+    add_merge_field(body, "splatna", '\\@ "d. MMMM yyyy"')
+    body.add_run(" a dosud jsme neobdrželi její úhradu.")
+    table = document.add_table(rows=0, cols=2)
+    table.style = "Light Grid Accent 1"
+    for caption, name, switches in [("Faktura", "cislo", ""), ("Variabilní symbol", "cislo", ""), ("IČO", "ico", ""),
+                                    ("K úhradě", "celkem", '\\# "# ##0,00 Kč"')]:
+        cells = table.add_row().cells
+        cells[0].text = caption
+        add_merge_field(cells[1].paragraphs[0], name, switches)
+    closing = document.add_paragraph()
+    closing.paragraph_format.space_before = Pt(18)
+    closing.add_run("Pokud jste již zaplatili, považujte prosím tento dopis za bezpředmětný.")
+    document.add_paragraph("S pozdravem")
+    document.add_paragraph(FIRM.split(",")[0])
+    save_as_template(document, FOLDER / "upominka.dotx")
+
+
+def make_price_list():
+    document = new_document()
+
+    def row(*texts, bold=False):
+        paragraph = document.add_paragraph()
+        paragraph.paragraph_format.space_after = Pt(2)
+        stops = paragraph.paragraph_format.tab_stops
+        stops.add_tab_stop(Cm(2.5))
+        stops.add_tab_stop(Cm(17), WD_TAB_ALIGNMENT.RIGHT, WD_TAB_LEADER.DOTS if not bold else WD_TAB_LEADER.SPACES)
+        for index, text in enumerate(texts):
+            if index:
+                paragraph.add_run("\t")
+            if callable(text):
+                text(paragraph)
+            else:
+                paragraph.add_run(text).bold = bold
+        return paragraph
+
+    document.add_paragraph("{<h}Ceník zboží", style="Title")
+    document.add_paragraph(FIRM)
+    row("Kód", "Zboží", "Cena bez DPH{h>}", bold=True)
+    row(lambda p: add_merge_field(p, "kod"), lambda p: add_merge_field(p, "nazev"),
+        lambda p: add_merge_field(p, "cena", '\\# "# ##0,00 Kč"'))
+    closing = document.add_paragraph("{<p}Ceny platí do vyprodání zásob, k cenám připočítáváme DPH.{p>}")
+    closing.paragraph_format.space_before = Pt(12)
+    document.save(FOLDER / "cenik.docx")
+
+
+def make_labels():
+    document = new_document(1.0)
+    columns, rows = 3, 8
+    table = document.add_table(rows=rows, cols=columns)
+    for index, cell in enumerate(cell for row in table.rows for cell in row.cells):
+        first = cell.paragraphs[0]
+        if index == 0:
+            first.add_run("{<S>}")
+        else:
+            add_field(first, "NEXT")
+        for position, line in enumerate((("nazev",), ("ulice",), ("psc", "mesto"))):
+            paragraph = first if position == 0 else cell.add_paragraph()
+            paragraph.paragraph_format.space_after = Pt(0)
+            for number, name in enumerate(line):
+                if number:
+                    paragraph.add_run(" ")
+                add_merge_field(paragraph, name, bold=name == "nazev")
+    for row in table.rows:
+        row.height = Cm(3.3)
+        row.height_rule = WD_ROW_HEIGHT_RULE.EXACTLY
+    document.save(FOLDER / "stitky.docx")
+
+
+def save_as_template(document, path):
+    """Saves under the content type of a template, which is all that makes one."""
+    plain = path.with_suffix(".docx")
+    document.save(plain)
+    with zipfile.ZipFile(plain) as source, zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as target:
+        for entry in source.infolist():
+            data = source.read(entry)
+            if entry.filename == "[Content_Types].xml":
+                data = data.replace(b"wordprocessingml.document.main+xml", b"wordprocessingml.template.main+xml")
+            target.writestr(entry, data)
+    plain.unlink()
+
+
+if __name__ == "__main__":
+    make_letter()
+    make_price_list()
+    make_labels()

@@ -1,0 +1,4 @@
+SELECT cislo, nazev, ico, vystavena, splatna, celkem
+FROM prehled_faktur
+WHERE zaplacena IS NULL
+ORDER BY splatna, cislo

@@ -1,0 +1,3 @@
+SELECT nazev, ulice, psc, mesto
+FROM odberatele
+ORDER BY nazev

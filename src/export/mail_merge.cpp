@@ -1,0 +1,224 @@
+#include "export/mail_merge.h"
+
+#include <array>
+
+#include "export/export_failure.h"
+#include "export/merge_data_file.h"
+#include "export/progress.h"
+#include "export/text_markup.h"
+#include "export/word_opening.h"
+#include "foundation/error_log_writer.h"
+#include "foundation/ignore_errors.h"
+#include "platform/paths.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr TextView kMerging = u"Hromadná korespondence zpracovává přijatá data ...";
+constexpr TextView kMerged = u"Dokončeno zpracování dat nástrojem hromadné korespondence";
+constexpr TextView kWordNotOpened = u"Nepodařilo se otevřít aplikaci MS Word !";
+constexpr TextView kDocumentNotOpened = u"Nepodařilo se otevřít dokument v aplikaci MS Word !";
+constexpr TextView kMergeFailed = u"Chyba ve zpracování dat nástrojem hromadné korespondence: ";
+
+constexpr std::int32_t kFirstVersionWithLanguageCheck = 9;
+// From this version on the kind of the main document is lost when its data source is opened.
+constexpr std::int32_t kFirstVersionThatForgetsTheKind = 10;
+constexpr std::int32_t kToggleFieldCodes = 9999998;
+
+struct MergeKind {
+  TextView marker;
+  MainDocumentType type;
+};
+
+// In the order in which they are looked for.
+constexpr std::array<MergeKind, 5> kMergeKinds = {{
+    {u"{<A>}", MainDocumentType::kCatalog},
+    {u"{<S>}", MainDocumentType::kMailingLabels},
+    {u"{<D>}", MainDocumentType::kFormLetters},
+    {u"{<O>}", MainDocumentType::kEnvelopes},
+    {kHeadingStart, MainDocumentType::kCatalog},
+}};
+
+std::optional<MainDocumentType> FindMergeKind(WordDocument& document, WordApplication& word) {
+  const bool updating = word.ScreenUpdating();
+  word.ScreenUpdating(false);
+  std::optional<MainDocumentType> type;
+  for (const MergeKind& kind : kMergeKinds) {
+    if (!FindMarker(document, kind.marker)) continue;
+    type = kind.type;
+    break;
+  }
+  word.ScreenUpdating(updating);
+  return type;
+}
+
+void SetMainDocumentType(const ExportContext& context, WordMailMerge& merge, MainDocumentType type) {
+  try {
+    merge.MainDocumentType(type);
+  } catch (...) {
+    Text details = u"type = ";
+    AppendDecimal(details, static_cast<std::int32_t>(type));
+    ErrorLogWriter(context.platform).WriteCurrentError(u"setMainDocumentTypeIfNotMergeModule", details);
+  }
+}
+
+void ChooseSource(WordMailMerge& merge, const Text& dataFile) {
+  merge.OpenDataSource({.Name = dataFile, .ConfirmConversions = false, .AddToRecentFiles = false});
+  merge.Destination(0);
+  merge.MailAsAttachment(false);
+  merge.MailAddressFieldName({});
+  merge.MailSubject({});
+  merge.SuppressBlankLines(true);
+  merge.FirstRecord(1);
+  merge.LastRecord(kLastRecordOfSource);
+  IgnoreErrors([&] { merge.ViewMailMergeFieldCodes(kToggleFieldCodes); });
+}
+
+// A file of one record, locked while it is needed and gone afterwards.
+class RecordFile {
+ public:
+  RecordFile(const ExportContext& context, TextView header, TextView record) : files_(context.platform.files) {
+    path_ = BuildPath(files_, context.workFolder, files_.GetTempName());
+    const auto stream = files_.OpenTextFile(path_, IoMode::kForWriting, /*create=*/true, TextFormat::kUnicode);
+    stream->WriteLine(header);
+    stream->WriteLine(record);
+    stream->Close();
+    lock_ = files_.LockFile(path_);
+  }
+  ~RecordFile() {
+    lock_.reset();
+    IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });
+  }
+  RecordFile(const RecordFile&) = delete;
+  RecordFile& operator=(const RecordFile&) = delete;
+
+  const Text& path() const { return path_; }
+
+ private:
+  FileSystem& files_;
+  Text path_;
+  std::unique_ptr<FileLock> lock_;
+};
+
+std::int32_t CountLines(FileSystem& files, const Text& path) {
+  const auto stream = files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kUnicode);
+  std::int32_t count = 0;
+  for (; !stream->AtEndOfStream(); ++count) stream->ReadLine();
+  return count;
+}
+
+Text FailureText(const Error& error) {
+  if (IsStop(error)) return error.description();
+  if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
+  return Text(kMergeFailed).append(error.description());
+}
+
+}  // namespace
+
+WordDocumentReference RunMailMerge(const ExportContext& context, WordDocument& document, const Text& dataFile,
+                                   WordApplication& word) {
+  const std::optional<MainDocumentType> type = FindMergeKind(document, word);
+  const bool forgetsKind = MajorVersion(word) >= kFirstVersionThatForgetsTheKind;
+  WordMailMerge& merge = document.MailMerge();
+  if (type && !forgetsKind) SetMainDocumentType(context, merge, *type);
+  ChooseSource(merge, dataFile);
+  if (type && forgetsKind) SetMainDocumentType(context, merge, *type);
+  merge.Execute(/*Pause=*/false);
+  document.Close(/*SaveChanges=*/false);
+
+  word.Documents(1)->Activate();
+  WordDocumentReference merged = word.ActiveDocument();
+  ApplyBlockMarkup(*merged);
+  FillHeaderFooterPlaceholders(context, *merged);
+  word.ActiveWindowState(WordWindowState::kMaximize);
+  return merged;
+}
+
+bool MailMergeRun::Run() {
+  std::optional<Text> failure;
+  context_.withinDataProcess = arguments_.MultiDocument;
+  try {
+    Make();
+  } catch (...) {
+    failure = FailureText(*ErrorBeingHandled());
+  }
+  Finish(failure);
+  return !failure;
+}
+
+void MailMergeRun::Make() {
+  // The clean-up of another program leaves a locked file alone.
+  std::unique_ptr<FileLock> lock;
+  IgnoreErrors([&] { lock = context_.platform.files.LockFile(arguments_.rsDataSourceFile); });
+
+  OpenTemplate(kWordNotOpened);
+  word_ = document_->Application();
+  if (MajorVersion(*word_) >= kFirstVersionWithLanguageCheck) {
+    checkLanguage_ = word_->CheckLanguage();
+    word_->CheckLanguage(false);
+  }
+  context_.RaiseExportState(ExportStateValue::esWaitForApp, kMerging);
+  if (arguments_.MultiDocument) return MakeOneDocumentPerRecord();
+  context_.platform.userInterface.SetMousePointer(MousePointer::kHourglass);
+  MergeInto(arguments_.rsDataSourceFile);
+}
+
+void MailMergeRun::OpenTemplate(TextView failure) {
+  GetOpenDocArguments opening{
+      .rsTemplate = arguments_.rsTemplate, .rAppVisible = AppVisible::avFalse, .rbScreenUpdating = false};
+  if (!OpenWordDocument(context_, opening)) StopExport(failure);
+  document_ = opening.roRetDoc;
+}
+
+void MailMergeRun::MergeInto(const Text& dataFile) {
+  document_ = RunMailMerge(context_, *document_, dataFile, *word_);
+  arguments_.roRetDoc = document_;
+}
+
+void MailMergeRun::MakeOneDocumentPerRecord() {
+  FileSystem& files = context_.platform.files;
+  const std::int32_t records = CountLines(files, arguments_.rsDataSourceFile) - 1;
+  const auto stream =
+      files.OpenTextFile(arguments_.rsDataSourceFile, IoMode::kForReading, /*create=*/false, TextFormat::kUnicode);
+  const Text header = stream->ReadLine();
+  Progress progress(context_, records);
+  for (std::int32_t record = 1; !stream->AtEndOfStream(); ++record) {
+    const Text line = stream->ReadLine();
+    if (record > 1) OpenTemplate(kDocumentNotOpened);
+    MakeDocumentOf(header, line);
+    progress.RecordDone();
+  }
+  progress.Finish();
+}
+
+void MailMergeRun::MakeDocumentOf(TextView header, TextView record) {
+  const Text placeholder = LineBreakPlaceholder(*context_.platform.locale.codePage);
+  const RecordFile file(context_, header, Replace(record, placeholder, kCrLf));
+  MergeInto(file.path());
+}
+
+void MailMergeRun::Finish(const std::optional<Text>& failure) {
+  if (failure) {
+    IgnoreErrors([&] {
+      if (!word_) return;
+      word_->ScreenUpdating(true);
+      word_->Visible(true);
+    });
+    context_.RaiseExportState(ExportStateValue::esStill, *failure);
+  }
+  IgnoreErrors([&] {
+    if (!word_) return;
+    word_->ScreenUpdating(true);
+    if (arguments_.rbSetAppVisible) {
+      word_->Visible(true);
+      word_->WindowState(WordWindowState::kMaximize);
+    }
+    if (checkLanguage_) word_->CheckLanguage(*checkLanguage_);
+  });
+  if (!failure) context_.RaiseExportState(ExportStateValue::esStill, kMerged);
+  context_.withinDataProcess = false;
+  context_.platform.userInterface.SetMousePointer(MousePointer::kDefault);
+}
+
+}  // namespace zorkanca

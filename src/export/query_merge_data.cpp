@@ -1,0 +1,70 @@
+#include "export/query_merge_data.h"
+
+#include "runtime/convert.h"
+
+namespace zorkanca {
+
+namespace {
+
+// Writes the values of the current record; the texts in between are kept for their room.
+class RecordWriter {
+ public:
+  RecordWriter(QueryReader& reader, MergeDataFile& file, const ColumnFormats& formats, const Locale& locale)
+      : reader_(reader), file_(file), formats_(formats), locale_(locale) {}
+
+  void Write() {
+    for (std::int32_t column = 0; column < reader_.FieldCount(); ++column) AppendValue(column);
+  }
+
+ private:
+  void AppendValue(std::int32_t column) {
+    Field& field = reader_.FieldAt(column);
+    const Value& value = field.Value();
+    if (IsNull(value)) return file_.AppendValue({});
+    const cFormat* format = formats_.Of(column);
+    static const Value kOne = Text(u"1");
+    const Value& shown = reader_.IsMultiplier(field) ? kOne : value;
+    if (format) return file_.AppendValue(format->Apply(shown));
+    if (const Text* text = std::get_if<Text>(&shown)) return file_.AppendValue(*text);
+    text_.clear();
+    AppendText(text_, shown, locale_);
+    file_.AppendValue(text_);
+  }
+
+  QueryReader& reader_;
+  MergeDataFile& file_;
+  const ColumnFormats& formats_;
+  const Locale& locale_;
+  Text text_;
+};
+
+}  // namespace
+
+void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnNameSource names, Text& rsFieldNames,
+                         Text& rsSourceFile, const QueryMergeDataOptions& options) {
+  const ExportContext& context = session.context();
+  const Locale& locale = context.platform.locale;
+  rsSourceFile = OutputPathInWorkFolder(context, rsSourceFile);
+  MergeDataFile file(
+      session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
+      options.multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
+      *locale.codePage);
+  const TextView separator(&kExportSeparator, 1);
+  if (names == ColumnNameSource::kFieldNames) rsFieldNames = Join(FieldNames(session.recordset()), separator);
+  if (options.barCode) rsFieldNames.append(separator).append(options.barCode->BarCodeField());
+  file.WriteHeader(rsFieldNames);
+  file.WriteBlankRecords(context.blankRecordsBefore, reader.FieldCount() + (options.barCode ? 1 : 0));
+
+  const ColumnFormats formats(options.formats, reader.FieldCount(), locale);
+  reader.ValidateMultiplier();
+  RecordWriter record(reader, file, formats, locale);
+  reader.ForEachRecord(options.multiDocument ? QueryReader::Reporting::kSilent : QueryReader::Reporting::kPercent,
+                       [&](std::int16_t copies) {
+                         record.Write();
+                         if (options.barCode) file.AppendBarCode(options.barCode->EncodeRecord());
+                         file.EndRecord(copies);
+                       });
+  session.CloseOutput();
+}
+
+}  // namespace zorkanca

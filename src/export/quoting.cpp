@@ -1,0 +1,43 @@
+#include "export/quoting.h"
+
+#include "export/column_names.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr char16_t kQuote = u'"';
+
+// Nearly every value holds none of these; the loop has no early end, so that the compiler can take many units at once.
+bool HoldsSpecialUnits(TextView value) {
+  bool special = false;
+  for (const char16_t unit : value) special |= unit == kQuote || unit == kExportSeparator || unit == u'\r';
+  return special;
+}
+
+void AppendDoubled(Text& line, TextView value) {
+  for (const char16_t unit : value) {
+    if (unit == kQuote) line.push_back(kQuote);
+    line.push_back(unit);
+  }
+}
+
+}  // namespace
+
+void AppendQuotedValue(Text& line, TextView value) {
+  if (!HoldsSpecialUnits(value)) {
+    line.append(value);
+    return;
+  }
+  const bool quotes = value.find(kQuote) != TextView::npos;
+  const bool encloses = quotes || value.find(kExportSeparator) != TextView::npos || value.find(kCrLf) != TextView::npos;
+  if (encloses) line.push_back(kQuote);
+  if (quotes) {
+    AppendDoubled(line, value);
+  } else {
+    line.append(value);
+  }
+  if (encloses) line.push_back(kQuote);
+}
+
+}  // namespace zorkanca

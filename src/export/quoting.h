@@ -1,0 +1,12 @@
+// Quoting of values in the ";"-separated data files that the office applications read.
+#pragma once
+
+#include "runtime/text.h"
+
+namespace zorkanca {
+
+/// Appends a value as it stands in a data file: with a double quote in it, every double quote is doubled and the whole
+/// enclosed in double quotes; else enclosed when it holds ";" or CR LF. A lone CR or LF needs no quotes.
+void AppendQuotedValue(Text& line, TextView value);
+
+}  // namespace zorkanca

@@ -1,0 +1,125 @@
+#include "export/text_markup.h"
+
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "foundation/ignore_errors.h"
+#include "platform/word/word_application.h"
+#include "runtime/convert.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr TextView kHeadingEnd = u"{h>}";
+constexpr TextView kClosingStart = u"{<p}";
+constexpr TextView kClosingEnd = u"{p>}";
+constexpr TextView kPlaceholderPattern = u"«*»";
+
+// A found marker, in positions of the main text.
+struct Place {
+  std::int32_t start = 0;
+  std::int32_t end = 0;
+};
+
+std::optional<Place> Find(WordDocument& document, std::int32_t start, std::int32_t end, TextView marker, bool forward) {
+  if (start >= end) return std::nullopt;
+  const std::unique_ptr<WordRange> range = document.Range(start, end);
+  if (!range->Find({.FindText = Text(marker), .MatchCase = true, .Forward = forward})) return std::nullopt;
+  return Place{.start = range->Start(), .end = range->End()};
+}
+
+std::optional<Place> FindAfter(WordDocument& document, std::int32_t start, TextView marker) {
+  return Find(document, start, document.Content()->End(), marker, true);
+}
+
+std::optional<Place> FindBefore(WordDocument& document, std::int32_t end, TextView marker) {
+  return Find(document, 0, end, marker, false);
+}
+
+void Delete(WordDocument& document, std::int32_t start, std::int32_t end) {
+  document.Range(start, end)->Delete();
+}
+
+// Before the place where a search ended nothing is left to be found, so that the next one goes on from there.
+void KeepFirstHeading(WordDocument& document) {
+  std::optional<Place> start = FindAfter(document, 0, kHeadingStart);
+  if (!start) return;
+  Delete(document, start->start, start->end);
+  std::int32_t position = start->start;
+  if (const std::optional<Place> end = FindAfter(document, position, kHeadingEnd)) {
+    Delete(document, end->start, end->end);
+    position = end->start;
+  }
+  while ((start = FindAfter(document, position, kHeadingStart))) {
+    const std::optional<Place> end = FindAfter(document, start->end, kHeadingEnd);
+    if (!end) return;
+    Delete(document, start->start, end->end);
+    position = start->start;
+  }
+}
+
+void KeepLastClosing(WordDocument& document) {
+  std::optional<Place> end = FindBefore(document, document.Content()->End(), kClosingEnd);
+  if (!end) return;
+  Delete(document, end->start, end->end);
+  std::int32_t position = end->start;
+  if (const std::optional<Place> start = FindBefore(document, position, kClosingStart)) {
+    Delete(document, start->start, start->end);
+    position = start->start;
+  }
+  while ((end = FindBefore(document, position, kClosingEnd))) {
+    const std::optional<Place> start = FindBefore(document, end->start, kClosingStart);
+    if (!start) return;
+    Delete(document, start->start, end->end);
+    position = start->start;
+  }
+}
+
+// Whatever the record gives for a name; nothing when it has no such column.
+std::optional<Text> ValueOf(const ExportContext& context, TextView name) {
+  std::optional<Text> value;
+  IgnoreErrors([&] { value = ToText(context.currentRecordset->FieldNamed(name).Value(), context.platform.locale); });
+  return value;
+}
+
+void FillPlaceholders(const ExportContext& context, WordRange& story) {
+  std::set<Text> filled;  // a value may hold a placeholder, even its own
+  const std::int32_t start = story.Start();
+  for (;;) {
+    if (!story.Find({.FindText = Text(kPlaceholderPattern), .MatchWildcards = true, .Wrap = 1})) return;
+    const Text placeholder = story.Text();
+    const std::optional<Text> value = ValueOf(context, TextView(placeholder).substr(1, placeholder.size() - 2));
+    if (!value || !filled.insert(placeholder).second) return;
+    story.Find({.FindText = placeholder, .Wrap = 1, .ReplaceWith = *value, .Replace = 2});
+    story.SetRange(start, start);
+  }
+}
+
+}  // namespace
+
+bool FindMarker(WordDocument& document, TextView marker) {
+  const std::optional<Place> place = FindAfter(document, 0, marker);
+  if (!place) return false;
+  if (marker != kHeadingStart) Delete(document, place->start, place->end);
+  return true;
+}
+
+void ApplyBlockMarkup(WordDocument& document) {
+  const std::shared_ptr<WordApplication> word = document.Application();
+  const bool updating = word->ScreenUpdating();
+  word->ScreenUpdating(false);
+  KeepFirstHeading(document);
+  KeepLastClosing(document);
+  word->ScreenUpdating(updating);
+}
+
+void FillHeaderFooterPlaceholders(const ExportContext& context, WordDocument& document) {
+  if (!context.currentRecordset) return;
+  context.currentRecordset->MoveFirst();
+  FillPlaceholders(context, *document.PrimaryHeader(1));
+  FillPlaceholders(context, *document.PrimaryFooter(1));
+}
+
+}  // namespace zorkanca

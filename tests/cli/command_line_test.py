@@ -1,0 +1,269 @@
+#!/usr/bin/env python3
+"""Runs the program as a user would: results on standard output, messages on standard error, exit status, files.
+
+    command_line_test.py PROGRAM SAMPLE_SQL
+"""
+import os
+import pathlib
+import pty
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+import zipfile
+
+PROGRAM = pathlib.Path(sys.argv[1]).resolve()
+SAMPLE = pathlib.Path(sys.argv[2]).resolve()
+TITLE = "Export dat do formátu HTML: "
+UNEXPECTED = TITLE + "Neočekávaná chyba: \n"
+
+
+class CommandLineTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.holder = tempfile.TemporaryDirectory()
+        cls.folder = pathlib.Path(cls.holder.name)
+        cls.database = cls.folder / "sklad.db"
+        subprocess.run(["sqlite3", cls.database], input=SAMPLE.read_bytes(), check=True)
+        with sqlite3.connect(cls.folder / "odd.db") as odd:
+            odd.executescript(
+                "CREATE TABLE t(a INTEGER, b BLOB, c TEXT, d TEXT);"
+                "INSERT INTO t VALUES(1, x'00FF', CAST(x'41FF' AS TEXT), 'a' || char(0) || 'b');")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.holder.cleanup()
+
+    def environment(self, **changes):
+        clean = {"PATH": os.environ["PATH"], "HOME": str(self.folder), "TMPDIR": str(self.folder / "tmp")}
+        (self.folder / "tmp").mkdir(mode=0o700, exist_ok=True)
+        return clean | changes
+
+    def run_program(self, *arguments, status=0, stdin="", **changes):
+        """Runs it; returns (standard output, standard error)."""
+        done = subprocess.run([PROGRAM, *map(str, arguments)], input=stdin.encode(), capture_output=True,
+                              cwd=self.folder, env=self.environment(**changes), timeout=60)
+        shown = (done.stdout.decode(), done.stderr.decode())
+        self.assertEqual(done.returncode, status, f"{arguments}: {shown}")
+        return shown
+
+    def output(self, *arguments, **options):
+        return self.run_program(*arguments, **options)[0]
+
+    def html(self, select, *more, database="sklad.db", status=0, before=(), **options):
+        return self.run_program(*before, "html", "--db", database, "--select", select, "--no-open", *more,
+                                status=status, **options)
+
+    # --- single values -------------------------------------------------------------------------------------------
+
+    def test_values(self):
+        for arguments, expected in [
+            (["number", "#,##0.00", "1234.5"], "1\u00a0234,50"),
+            (["number", "0.00", "-5"], "-5,00"),
+            (["number", "0", "2.5"], "3"),
+            (["number", "0.00", "1,5", "--type", "text"], "1,50"),
+            (["number", "0.0000", "922337203685477.5807", "--type", "currency"], "922337203685477,5807"),
+            (["date", "d.m.yyyy", "2026-11-06"], "6.11.2026"),
+            (["date", "hh:nn", "2026-11-06 14:05:09"], "14:05"),
+            (["text", "0.5"], "0,5"),
+            (["text", "1e-7"], "0,0000001"),
+            (["text", "2.5", "--type", "integer"], "2"),
+            (["text", "true", "--type", "boolean"], "True"),
+            (["text", "2026-11-16", "--type", "date"], "16.11.2026"),
+            (["text", "-1.50", "--type", "decimal"], "-1,5"),
+            (["text", "", "--type", "text"], ""),
+            (["--locale", "en-US", "text", "1234.5"], "1234.5"),
+            (["format", "shoda", "-1"], "U"),
+            (["format", "case null: nic case else: @", "--null"], "nic"),
+            (["format", "trim", "--", "--null"], "--null"),
+            (["barcode", "Code39;'A',;OUT;1", "--value", "x"], "*AA*"),
+            (["names", "SELECT a.kod, b.kod, nazev AS jmeno FROM a, b"], "a_kod;b_kod;jmeno"),
+        ]:
+            self.assertEqual(self.output(*arguments), expected + "\n", arguments)
+        self.assertEqual(self.output("text", "0.5", ZORKANCA_LOCALE="de-DE"), "0,5\n")
+
+    def test_wrong_usage(self):
+        for arguments in [[], ["nic"], ["html"], ["text"], ["text", "abc"], ["text", "1", "--type", "guid"],
+                          ["number", "0", "1", "2"], ["--locale", "xx-XX", "text", "1"], ["registry", "get", "HKXX\\a"],
+                          ["--yes", "--no", "text", "1"], ["format", "trim"], ["text", "1", "--bogus"]]:
+            shown = self.run_program(*arguments, status=2)
+            self.assertEqual(shown[0], "", arguments)
+            self.assertNotEqual(shown[1], "", arguments)
+        self.run_program("names", "SELECT 1", status=1)
+        self.run_program("text", "99999", "--type", "integer", status=1)
+        self.assertIn("Usage", self.output("--help"))
+        self.assertRegex(self.output("--version"), r"^zorkanca \d+\.\d+\.\d+\n$")
+
+    # --- the HTML export -----------------------------------------------------------------------------------------
+
+    def test_export_and_events(self):
+        stdout, stderr = self.html("SELECT kod, cena FROM zbozi WHERE kod IN (SELECT kod FROM zbozi ORDER BY kod LIMIT 4)",
+                                   "-o", "zbozi.TXT", "--step", "37.5", before=["--events"])
+        self.assertEqual(stdout, f"{self.folder}/zbozi.htm\n")
+        self.assertEqual(stderr, "PercentDone 37.5\nPercentDone 75\nPercentDone 75\nPercentDone 100\n"
+                                 "ExportState 1 Otvírá se prohlížeč formátu HTML ...\n"
+                                 "ExportState 0 Dokončeno otvírání prohlížeče formátu HTML\n")
+        page = (self.folder / "zbozi.htm").read_bytes()
+        self.assertTrue(page.startswith(b"<HTML>\r\n<HEAD>\r\n<TITLE></TITLE>\r\n"))
+        self.assertEqual(page.count(b"    <TR>\r\n"), 5)
+
+    def test_other_sources_of_select_names_and_path(self):
+        stdout, stderr = self.html("-", "--names", "Číslo;", "--blank-records", "2", "--border", "0",
+                                   stdin="select cislo, nazev from odberatele")
+        self.assertEqual(stderr, "")
+        path = pathlib.Path(stdout.rstrip("\n"))
+        self.assertEqual(path.parent, self.folder / "tmp" / "Zorix")
+        page = path.read_text(encoding="cp1250")
+        self.assertIn("<TABLE border=0 ", page)
+        self.assertIn("&nbsp;Číslo&nbsp;", page)
+        self.assertEqual(page.count("<FONT"), 2)
+        self.assertEqual(page.count("    <TR>"), 43)
+
+    def test_failures_leave_nothing(self):
+        kept = self.folder / "kept.htm"
+        (self.folder / "out").mkdir(exist_ok=True)
+        (self.folder / "garbage.db").write_bytes(b"no database at all" * 100)
+        access = TITLE + "Chyba při přístupu k datům !\n"
+        for select, database, output, message in [
+            ("SELECT a FROM t", "missing.db", "kept.htm", access),
+            ("SELECT a FROM t", "garbage.db", "kept.htm", access),
+            ("SELECT a FROM neni", "odd.db", "kept.htm", access),
+            ("SELECT a FROM t; SELECT a FROM t", "odd.db", "kept.htm", access),
+            ("DELETE FROM t", "odd.db", "kept.htm", access),
+            ("SELECT a FROM t WHERE a = 2", "odd.db", "kept.htm", TITLE + "Nebyly nalezeny žádné záznamy !\n"),
+            ("SELECT FROM t", "odd.db", "kept.htm", TITLE + "Chyba při sestavování hlavičky souboru !\n"),
+            ("SELECT b FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch.\n"),
+            ("SELECT c FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch"),
+            ("SELECT d FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch"),
+            ("SELECT a FROM t", "odd.db", "none/new.htm", UNEXPECTED + "76 - Path not found.\n"),
+        ]:
+            kept.write_text("old")
+            before = set(self.folder.iterdir())
+            stdout, stderr = self.html(select, "-o", output, database=database, status=1)
+            self.assertEqual(stdout, "")
+            self.assertTrue(stderr.startswith(message), (select, stderr))
+            self.assertEqual(kept.read_text(), "old")
+            self.assertEqual(set(self.folder.iterdir()), before, select)
+        self.html("SELECT a FROM t", "-o", "out", database="odd.db", status=2)
+
+    def test_interruption_ends_soon_and_leaves_nothing(self):
+        # A query that would run for minutes, and one whose rows take long to write.
+        endless = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c) SELECT count(*) AS n FROM c"
+        long = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c LIMIT 30000000) SELECT i FROM c"
+        for select in (endless, long):
+            command = [PROGRAM, "--quiet", "html", "--db", "sklad.db", "--select", select, "--step", "50", "-o", "cut.htm",
+                       "--names", "n", "--no-open"]
+            process = subprocess.Popen(command, cwd=self.folder, env=self.environment(), stdout=subprocess.PIPE,
+                                       stderr=subprocess.PIPE)
+            time.sleep(0.5)
+            process.send_signal(signal.SIGINT)
+            stdout, stderr = process.communicate(timeout=10)
+            self.assertEqual((process.returncode, stdout), (130, b""))
+            self.assertEqual(stderr.decode(), TITLE + "Výstup byl přerušen uživatelem !\n")
+            self.assertEqual([path for path in self.folder.iterdir() if "cut" in path.name], [])
+
+    def test_bar_on_a_terminal(self):
+        master, slave = pty.openpty()
+        shown = bytearray()
+
+        def collect():
+            try:
+                while chunk := os.read(master, 4096):
+                    shown.extend(chunk)
+            except OSError:
+                pass  # the terminal is gone once the program has ended
+
+        reader = threading.Thread(target=collect)
+        reader.start()
+        process = subprocess.run([PROGRAM, "html", "--db", "sklad.db", "--select", "SELECT * FROM polozky", "-o", "bar.htm",
+                                  "--no-open"], cwd=self.folder, env=self.environment(NO_COLOR="1"), stderr=slave,
+                                 stdout=subprocess.DEVNULL)
+        os.close(slave)
+        reader.join(timeout=10)
+        os.close(master)
+        self.assertEqual(process.returncode, 0)
+        self.assertIn("############################## 100.0 %", shown.decode())
+        self.assertNotIn("\x1b[3", shown.decode(), "NO_COLOR takes the colour away")
+        self.assertNotIn("Otvírá se", shown.decode(), "nothing is opened")
+
+    # --- mail merges ---------------------------------------------------------------------------------------------
+
+    def data_file(self, text):
+        path = self.folder / "data.txt"
+        path.write_bytes(text.replace("\n", "\r\n").encode("utf-16"))
+        return path
+
+    @staticmethod
+    def part(path, name):
+        with zipfile.ZipFile(path) as package:
+            return package.read(name).decode()
+
+    def test_letters_from_the_sample_template(self):
+        data = self.data_file("cislo;nazev;celkem\n1;Řehoř & syn;1234,5\n2;\"a;b\";7\n")
+        stdout, stderr = self.run_program("merge", "--template", SAMPLE.parent / "upominka.dotx", "--data-file", data,
+                                          "-o", "letters.docx")
+        self.assertEqual(stdout, f"{self.folder}/letters.docx\n")
+        self.assertIn("zorkanca: warning: There is no column for the merge field ulice", stderr)
+        text = self.part(self.folder / "letters.docx", "word/document.xml")
+        self.assertIn("Řehoř &amp; syn", text)
+        self.assertIn("1 234,50 Kč", text.replace("\u00a0", " "))
+        self.assertEqual(text.count("<w:sectPr"), 2)
+        self.assertIn("wordprocessingml.document.main+xml", self.part(self.folder / "letters.docx", "[Content_Types].xml"))
+
+    def test_one_document_each(self):
+        data = self.data_file("nazev;cislo\n\"a×¶b\";1\nc;2\n")
+        stdout, _ = self.run_program("merge", "--template", SAMPLE.parent / "upominka.dotx", "--data-file", data, "--multi",
+                                     "-o", "each/")
+        self.assertEqual(stdout, f"{self.folder}/each/0001.docx\n{self.folder}/each/0002.docx\n")
+        self.assertRegex(self.part(self.folder / "each/0001.docx", "word/document.xml"), r"(?s)>a<.*<w:br/>.*>b<")
+        self.assertEqual(list((self.folder / "tmp" / "Zorix").glob("*.tmp")), [])
+
+    def test_merges_that_fail(self):
+        data = self.data_file("a;b\n1;2\n")
+        (self.folder / "garbage.docx").write_bytes(b"PK\x03\x04 no document")
+        template = SAMPLE.parent / "cenik.docx"
+        for arguments, message in [
+            (["--template", "missing.dotx", "--data-file", data, "-o", "no.docx"], "Nepodařilo se otevřít aplikaci MS Word !"),
+            (["--template", "garbage.docx", "--data-file", data, "-o", "no.docx"], "Chyba při otvírání dokumentu"),
+            (["--template", template, "--data-file", "missing.txt", "-o", "no.docx"], "Chyba ve zpracování dat"),
+            (["--template", template, "--data-file", self.folder / "odd.db", "-o", "no.docx"], "is no text file."),
+            (["--template", template, "--data-file", data, "-o", "none/no.docx"], "Path not found"),
+        ]:
+            stdout, stderr = self.run_program("merge", *arguments, status=1)
+            self.assertEqual(stdout, "")
+            self.assertIn(message, stderr, arguments)
+            self.assertFalse((self.folder / "no.docx").exists())
+        self.run_program("merge", "--template", template, "--data-file", data, "-o", "no.txt", status=2)
+        self.run_program("merge", "--template", template, "--data-file", data, "--multi", "-o", "no.docx", status=2)
+
+    # --- the registry --------------------------------------------------------------------------------------------
+
+    def test_registry(self):
+        home = ["--home", "home"]
+        key = "HKCU\\Software\\Zkouška"
+        self.run_program(*home, "registry", "set", key, "Text", "žluť;\"x\"\\")
+        self.run_program(*home, "registry", "set", key, "Počet", "-5", "--type", "number")
+        self.run_program(*home, "registry", "set", key + "\\Pod", "", "výchozí")
+        self.assertEqual(self.output(*home, "registry", "get", key, "text"), "žluť;\"x\"\\\n")
+        self.assertEqual(self.output(*home, "registry", "get", key + "\\pod"), "výchozí\n")
+        self.assertEqual(self.output(*home, "registry", "list", key),
+                         "Pod\\\nText\tstring\tžluť;\"x\"\\\nPočet\tnumber\t-5\n")
+        self.run_program(*home, "registry", "get", key, "chybí", status=1)
+        self.run_program(*home, "registry", "set", key, "n", "4294967296", "--type", "number", status=2)
+
+        self.assertEqual(self.output(*home, "registry", "export", "all.reg"), f"{self.folder}/all.reg\n")
+        self.run_program("--home", "other", "registry", "import", "all.reg")
+        self.assertEqual(self.output("--home", "other", "registry", "list", key),
+                         self.output(*home, "registry", "list", key))
+        self.run_program(*home, "registry", "delete", key)
+        self.run_program(*home, "registry", "list", key, status=1)
+        (self.folder / "bad.reg").write_text("Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\x]\nnonsense\n")
+        self.assertIn("4", self.run_program(*home, "registry", "import", "bad.reg", status=1)[1])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,234 @@
+#include "export/mail_merge.h"
+
+#include "export/text_markup.h"
+#include "export/zor_office.h"
+#include "support/memory_database.h"
+#include "support/memory_platform.h"
+#include "support/text_support.h"
+
+namespace zorkanca::testing {
+namespace {
+
+class StateEvents final : public ZorOfficeEvents {
+ public:
+  explicit StateEvents(Journal& journal) : journal_(journal) {}
+
+  int cancelAfter = 1000;  // percent events
+
+  void ExportState(ExportStateValue state, TextView DefaultMessage) override {
+    journal_.push_back("state " + std::to_string(static_cast<int>(state)) + " " + ToUtf8(DefaultMessage));
+  }
+  void PercentDone(float Percent, bool& Cancel) override {
+    journal_.push_back("percent " + std::to_string(static_cast<int>(Percent)));
+    Cancel = --cancelAfter <= 0;
+  }
+
+ private:
+  Journal& journal_;
+};
+
+class MailMergeTest : public ::testing::Test {
+ protected:
+  MailMergeTest() {
+    office.Advise(&events);
+    const auto data =
+        computer.files.OpenTextFile(u"C:\\Temp\\data.txt", IoMode::kForWriting, true, TextFormat::kUnicode);
+    data->Write(u"kod;text\r\n1;\"a×¶b\"\r\n2;b\r\n3;c\r\n");
+    data->Close();
+    arguments = {.rsTemplate = u"C:\\Temp\\t.dotx", .rsDataSourceFile = u"C:\\Temp\\data.txt"};
+    computer.word.templateText = u"Dopis";
+  }
+
+  MemoryPlatform computer;
+  cZorOffice office{computer.platform};
+  StateEvents events{computer.journal};
+  MakeMailDocumentArguments arguments;
+};
+
+TEST_F(MailMergeTest, OneDocument) {
+  computer.word.templateText = u"Ahoj {<S>}«kod»";
+  ASSERT_TRUE(office.MakeMailDocument(arguments));
+  EXPECT_EQ(computer.journal, (Journal{"state 1 Otvírá se nový dokument v aplikaci MS Word ...",
+                                       "pointer 11",
+                                       "word start",
+                                       "word updating off",
+                                       "word add C:\\Temp\\t.dotx",
+                                       "state 0 Dokončeno otvírání nového dokumentu aplikaci MS Word",
+                                       "pointer 0",
+                                       "word checks off",
+                                       "state 2 Hromadná korespondence zpracovává přijatá data ...",
+                                       "pointer 11",
+                                       "word source C:\\Temp\\data.txt",
+                                       "word kind 1",
+                                       "word execute",
+                                       "word close C:\\Temp\\t.dotx",
+                                       "word activate merged",
+                                       "word updating on",
+                                       "word visible on",
+                                       "word maximised",
+                                       "word checks on",
+                                       "state 0 Dokončeno zpracování dat nástrojem hromadné korespondence",
+                                       "pointer 0"}));
+  EXPECT_EQ(arguments.roRetDoc->Content()->Text(), u"Ahoj «kod»");
+}
+
+TEST_F(MailMergeTest, KindOfMerge) {
+  const struct {
+    TextView text;
+    const char* kind;
+    TextView merged;
+  } kRows[] = {
+      {u"{<A>}x", "word kind 3", u"x"},           {u"x{<D>}", "word kind 0", u"x"},
+      {u"{<O>}x{<A>}", "word kind 3", u"{<O>}x"}, {u"{<O>}", "word kind 2", u""},
+      {u"a{<h}b{h>}", "word kind 3", u"ab"},      {u"x{<a>}", "", u"x{<a>}"},
+  };
+  for (const auto& row : kRows) {
+    computer.word.templateText = row.text;
+    computer.journal.clear();
+    ASSERT_TRUE(office.MakeMailDocument(arguments));
+    const bool set = std::count(computer.journal.begin(), computer.journal.end(), row.kind) == 1;
+    EXPECT_EQ(set, *row.kind != 0) << Shown(row.text);
+    EXPECT_EQ(Shown(arguments.roRetDoc->Content()->Text()), Shown(row.merged));
+  }
+
+  // An older Word is told the kind before it opens the data; a refusal is logged and the merge goes on.
+  computer.word.version = u" 9.0";
+  computer.word.templateText = u"{<D>}x";
+  computer.journal.clear();
+  ASSERT_TRUE(office.MakeMailDocument(arguments));
+  const auto at = [&](const char* line) { return std::find(computer.journal.begin(), computer.journal.end(), line); };
+  EXPECT_LT(at("word kind 0"), at("word source C:\\Temp\\data.txt"));
+  computer.word.refusesKind = true;
+  EXPECT_TRUE(office.MakeMailDocument(arguments));
+  const std::string log = computer.files.Bytes(u"C:\\Temp\\Suite\\Log\\ZorixLog_2026-11-16.txt").value_or("");
+  EXPECT_NE(log.find("[setMainDocumentTypeIfNotMergeModule]"), std::string::npos);
+  EXPECT_NE(log.find("type = 0"), std::string::npos);
+}
+
+TEST_F(MailMergeTest, OneDocumentForEachRecord) {
+  arguments.MultiDocument = true;
+  arguments.rbSetAppVisible = false;
+  std::vector<std::string> records;
+  computer.word.merge = [&](const Text& text) {
+    // The file of the record is the one in the work folder.
+    for (const Text& path : computer.files.Paths()) {
+      if (!path.ends_with(u".tmp")) continue;
+      records.push_back(
+          Shown(computer.files.OpenTextFile(path, IoMode::kForReading, false, TextFormat::kUnicode)->ReadAll()));
+    }
+    return text;
+  };
+  ASSERT_TRUE(office.MakeMailDocument(arguments));
+  EXPECT_EQ(records, (std::vector<std::string>{"kod;text\\r\\n1;\"a\\r\\nb\"\\r\\n", "kod;text\\r\\n2;b\\r\\n",
+                                               "kod;text\\r\\n3;c\\r\\n"}));
+  EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "word add C:\\Temp\\t.dotx"), 3);
+  EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "pointer 11"), 0)
+      << "no hourglass of each opening";
+  EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "percent 100"), 1);
+  EXPECT_EQ(computer.word.documents.size(), 3u);
+  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+
+  events.cancelAfter = 2;
+  office.PercentInterval(30);
+  computer.journal.clear();
+  EXPECT_FALSE(office.MakeMailDocument(arguments));
+  EXPECT_THAT(computer.journal, ::testing::Contains("state 0 Výstup byl přerušen uživatelem !"));
+  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+  EXPECT_EQ(computer.word.documents.size(), 5u) << "documents that are merged stay open";
+}
+
+TEST_F(MailMergeTest, FailuresAreToldByStates) {
+  const auto lastState = [&] {
+    EXPECT_FALSE(office.MakeMailDocument(arguments));
+    std::string last;
+    for (const std::string& line : computer.journal) {
+      if (line.starts_with("state ")) last = line;
+      EXPECT_FALSE(line.starts_with("message "));
+    }
+    EXPECT_EQ(computer.journal.back(), "pointer 0");
+    EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+    computer.journal.clear();
+    return last;
+  };
+  computer.word.attachError = 70;
+  EXPECT_EQ(lastState(), "state 0 Nepodařilo se otevřít aplikaci MS Word !");
+  computer.word.attachError = 0;
+  computer.word.refusesToOpen = true;
+  EXPECT_EQ(lastState(), "state 0 Nepodařilo se otevřít aplikaci MS Word !");
+  computer.word.refusesToOpen = false;
+  computer.word.merge = [](const Text&) -> Text { throw Error(5631, Text(), u"no records"); };
+  EXPECT_EQ(lastState(), "state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: no records");
+  arguments.MultiDocument = true;
+  EXPECT_EQ(lastState(), "state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: no records");
+}
+
+TEST_F(MailMergeTest, OpeningADocument) {
+  const auto opened = [&](GetOpenDocArguments opening) {
+    computer.journal.clear();
+    EXPECT_TRUE(office.GetOpenDoc(opening));
+    std::string lines;
+    for (const std::string& line : computer.journal) {
+      if (line.starts_with("word ")) lines += line.substr(5) + "|";
+    }
+    return lines;
+  };
+  EXPECT_EQ(opened({.rsTemplate = u"a.doc"}), "start|open a.doc|visible on|");
+  EXPECT_EQ(opened({.rsTemplate = u" A.DOTX "}), "updating off|add  A.DOTX |updating on|")
+      << "a Word that is seen is not redrawn";
+  EXPECT_EQ(opened({.rsTemplate = u" ", .rbScreenUpdating = false}), "updating off|add |");
+  EXPECT_EQ(opened({.rAppVisible = AppVisible::avFalse}), "visible off|updating on|add |");
+  EXPECT_EQ(opened({.rAppVisible = AppVisible::avLeave}), "add |");
+
+  computer.word.refusesToOpen = true;
+  computer.journal.clear();
+  GetOpenDocArguments failing{.rsTemplate = u"x.docx"};
+  EXPECT_FALSE(office.GetOpenDoc(failing));
+  EXPECT_EQ(failing.roRetDoc, nullptr);
+  EXPECT_THAT(computer.journal,
+              ::testing::Contains("state 0 Chyba při otvírání dokumentu v aplikaci MS Word: no such file"));
+}
+
+TEST_F(MailMergeTest, BlocksAreKeptOnce) {
+  const struct {
+    TextView text;
+    TextView left;
+  } kRows[] = {
+      {u"{<h}H{h>}1{<p}P{p>}{<h}H{h>}2{<p}P{p>}{<h}H{h>}3{<p}P{p>}", u"H123P"},
+      {u"a{<h}H{h>}b", u"aHb"},
+      {u"a{<p}P{p>}b", u"aPb"},
+      {u"{<h}H", u"H"},
+      {u"P{p>}", u"P"},
+      {u"h>} p>} plain {h>}", u"h>} p>} plain {h>}"},
+      {u"", u""},
+  };
+  GetOpenDocArguments opening;
+  for (const auto& row : kRows) {
+    computer.word.templateText = row.text;
+    ASSERT_TRUE(office.GetOpenDoc(opening));
+    ApplyBlockMarkup(*opening.roRetDoc);
+    EXPECT_EQ(Shown(opening.roRetDoc->Content()->Text()), Shown(row.left)) << Shown(row.text);
+  }
+}
+
+TEST_F(MailMergeTest, HeaderAndFooterTakeTheFirstRecord) {
+  MemoryDatabase database;
+  database.columns = {{u"kod", FieldType::kText}, {u"nazev", FieldType::kText}};
+  database.rows = {{Text(u"K1"), Text(u"«kod» «nazev»")}, {Text(u"K2"), Text(u"x")}};
+  computer.word.headerText = u"«kod» «NAZEV» «kod»";
+  computer.word.footerText = u"«chybi» «kod»";
+  ExportContext context{.platform = computer.platform};
+  GetOpenDocArguments opening;
+  ASSERT_TRUE(office.GetOpenDoc(opening));
+  FillHeaderFooterPlaceholders(context, *opening.roRetDoc);
+  EXPECT_EQ(Shown(computer.word.headerText), "«kod» «NAZEV» «kod»") << "no export runs";
+
+  ExportSession session(context);
+  session.Hold(database.OpenRecordset(u"", RecordsetType::kDynaset, 0));
+  session.recordset().MoveNext();
+  FillHeaderFooterPlaceholders(context, *opening.roRetDoc);
+  EXPECT_EQ(Shown(computer.word.headerText), "K1 «kod» «nazev» K1") << "a value that holds a placeholder ends it";
+  EXPECT_EQ(Shown(computer.word.footerText), "«chybi» «kod»") << "the first that names no column ends it";
+}
+
+}  // namespace
+}  // namespace zorkanca::testing

@@ -1,0 +1,185 @@
+#include "support/fake_word.h"
+
+#include <algorithm>
+
+#include "runtime/error.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::testing {
+
+namespace {
+
+class FakeRange final : public WordRange {
+ public:
+  FakeRange(zorkanca::Text& story, std::int32_t start, std::int32_t end) : story_(story), start_(start), end_(end) {}
+
+  std::int32_t Start() const override { return start_; }
+  std::int32_t End() const override { return end_; }
+  zorkanca::Text Text() override { return story_.substr(At(start_), At(end_ - start_)); }
+  void SetRange(std::int32_t start, std::int32_t end) override {
+    start_ = start;
+    end_ = end;
+  }
+  void Delete() override {
+    story_.erase(At(start_), At(end_ - start_));
+    end_ = start_;
+  }
+  bool Find(const FindArguments& arguments) override {
+    if (arguments.Replace == 2) return ReplaceAll(arguments.FindText, *arguments.ReplaceWith);
+    const zorkanca::Text within = arguments.Wrap == 1 ? story_ : story_.substr(0, At(end_));
+    const std::size_t from = arguments.Wrap == 1 ? 0 : At(start_);
+    if (arguments.MatchWildcards) return FindPlaceholder(within);
+    std::size_t hit = arguments.Forward ? within.find(arguments.FindText, from) : within.rfind(arguments.FindText);
+    if (hit == zorkanca::Text::npos || hit < from) return false;
+    SetRange(static_cast<std::int32_t>(hit), static_cast<std::int32_t>(hit + arguments.FindText.size()));
+    return true;
+  }
+
+ private:
+  static std::size_t At(std::int32_t position) { return static_cast<std::size_t>(position); }
+
+  bool ReplaceAll(TextView from, TextView to) {
+    story_ = Replace(story_, from, to);
+    return true;
+  }
+  bool FindPlaceholder(TextView within) {
+    const std::size_t open = within.find(u'«');
+    const std::size_t close = within.find(u'»', open);
+    if (close == TextView::npos) return false;
+    SetRange(static_cast<std::int32_t>(open), static_cast<std::int32_t>(close + 1));
+    return true;
+  }
+
+  zorkanca::Text& story_;
+  std::int32_t start_;
+  std::int32_t end_;
+};
+
+}  // namespace
+
+class FakeDocument final : public WordDocument, public WordMailMerge {
+ public:
+  FakeDocument(FakeWord& word, Text name, Text content)
+      : word_(word), name_(std::move(name)), text(std::move(content)) {}
+
+  std::shared_ptr<WordApplication> Application() override { return word_.application; }
+  Text FullName() const override { return name_; }
+  std::unique_ptr<WordRange> Range(std::int32_t start, std::int32_t end) override {
+    return std::make_unique<FakeRange>(text, start, end);
+  }
+  std::unique_ptr<WordRange> Content() override { return Range(0, static_cast<std::int32_t>(text.size())); }
+  std::unique_ptr<WordRange> PrimaryHeader(std::int32_t) override {
+    return std::make_unique<FakeRange>(word_.headerText, 0, 0);
+  }
+  std::unique_ptr<WordRange> PrimaryFooter(std::int32_t) override {
+    return std::make_unique<FakeRange>(word_.footerText, 0, 0);
+  }
+  WordMailMerge& MailMerge() override { return *this; }
+
+  Text FormFieldResult(TextView) override { Raise(RuntimeError::kNotSupported); }
+  void FormFieldResult(TextView, TextView) override { Raise(RuntimeError::kNotSupported); }
+  void Unprotect() override { Raise(RuntimeError::kNotSupported); }
+  void Protect(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
+  std::unique_ptr<WordPageSetup> PageSetup() override { Raise(RuntimeError::kNotSupported); }
+  std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
+  void SaveAs(TextView, WordSaveFormat) override { Raise(RuntimeError::kNotSupported); }
+  void ExportAsFixedFormat(const ExportDocumentArguments&) override { Raise(RuntimeError::kNotSupported); }
+
+  void Activate() override { Note("activate " + ToUtf8(name_)); }
+  void Close(bool) override {
+    Note("close " + ToUtf8(name_));
+    std::erase_if(word_.documents, [&](const auto& each) { return each.get() == this; });
+  }
+
+  void OpenDataSource(const OpenDataSourceArguments& arguments) override { Note("source " + ToUtf8(arguments.Name)); }
+  zorkanca::MainDocumentType MainDocumentType() const override { return type_; }
+  void MainDocumentType(zorkanca::MainDocumentType type) override {
+    if (word_.refusesKind) throw Error(4605, Text(), u"not available");
+    type_ = type;
+    Note("kind " + std::to_string(static_cast<int>(type)));
+  }
+  void Destination(std::int32_t) override {}
+  void MailAsAttachment(bool) override {}
+  void MailAddressFieldName(TextView) override {}
+  void MailSubject(TextView) override {}
+  void SuppressBlankLines(bool) override {}
+  void FirstRecord(std::int32_t) override {}
+  void LastRecord(std::int32_t) override {}
+  void ViewMailMergeFieldCodes(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
+  void Execute(bool) override {
+    Note("execute");
+    const Text merged = word_.merge ? word_.merge(text) : text;
+    word_.documents.push_back(std::make_shared<FakeDocument>(word_, u"merged", merged));
+  }
+
+ private:
+  void Note(std::string line) { word_.journal.push_back("word " + std::move(line)); }
+
+  FakeWord& word_;
+  Text name_;
+  zorkanca::MainDocumentType type_ = zorkanca::MainDocumentType::kNotAMergeDocument;
+
+ public:
+  Text text;
+};
+
+namespace {
+
+class FakeApplication final : public WordApplication {
+ public:
+  explicit FakeApplication(FakeWord& word) : word_(word) {}
+
+  WordDocumentReference AddDocument(TextView Template, bool) override { return Make("add ", Template); }
+  WordDocumentReference OpenDocument(const OpenDocumentArguments& arguments) override {
+    return Make("open ", arguments.FileName);
+  }
+  WordDocumentReference Documents(std::int32_t index) override {
+    return word_.documents.at(word_.documents.size() - static_cast<std::size_t>(index));
+  }
+  std::int32_t DocumentCount() const override { return static_cast<std::int32_t>(word_.documents.size()); }
+  WordDocumentReference ActiveDocument() override { return Documents(1); }
+  Text Version() const override { return word_.version; }
+  bool Visible() const override { return visible_; }
+  void Visible(bool visible) override { Set("visible ", visible_, visible); }
+  bool ScreenUpdating() const override { return updating_; }
+  void ScreenUpdating(bool updating) override { Set("updating ", updating_, updating); }
+  bool CheckLanguage() const override { return checks_; }
+  void CheckLanguage(bool check) override { Set("checks ", checks_, check); }
+  WordWindowState WindowState() const override { return WordWindowState::kNormal; }
+  void WindowState(WordWindowState) override { word_.journal.push_back("word maximised"); }
+  void ActiveWindowState(WordWindowState) override {}
+
+ private:
+  WordDocumentReference Make(const char* how, TextView path) {
+    word_.journal.push_back("word " + std::string(how) + ToUtf8(path));
+    if (word_.refusesToOpen) throw Error(5174, Text(), u"no such file");
+    word_.documents.push_back(std::make_shared<FakeDocument>(word_, Text(path), word_.templateText));
+    return word_.documents.back();
+  }
+  // Only changes are of interest.
+  void Set(const char* what, bool& property, bool value) {
+    if (property != value) word_.journal.push_back("word " + std::string(what) + (value ? "on" : "off"));
+    property = value;
+  }
+
+  FakeWord& word_;
+  bool visible_ = false;
+  bool updating_ = true;
+  bool checks_ = true;
+};
+
+}  // namespace
+
+WordApplicationReference FakeWord::AttachWord() {
+  if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
+  return application;
+}
+
+WordApplicationReference FakeWord::StartWord() {
+  journal.push_back("word start");
+  running = true;
+  application = std::make_shared<FakeApplication>(*this);
+  return application;
+}
+
+}  // namespace zorkanca::testing

@@ -1,0 +1,39 @@
+// A Word for tests: one plain text a document, every call that matters written into a journal.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/office_applications.h"
+
+namespace zorkanca::testing {
+
+/// Lines like "message 48 [title] text", "pointer 11", "open C:\x.htm".
+using Journal = std::vector<std::string>;
+
+class FakeDocument;
+
+/// Files and merges are what a test says they are.
+class FakeWord final : public OfficeApplications {
+ public:
+  explicit FakeWord(Journal& lines) : journal(lines) {}
+
+  bool running = false;
+  std::int32_t attachError = 0;  ///< raised instead of 429 when Word does not run
+  Text version = u"16.0";
+  Text templateText;                       ///< main text of every document that is opened
+  Text headerText, footerText;             ///< of every merged document
+  std::function<Text(const Text&)> merge;  ///< text of the merged document from the main document's; may raise
+  bool refusesKind = false;                ///< setting the kind of the main document raises 4605
+  bool refusesToOpen = false;              ///< opening raises 5174
+  Journal& journal;
+  std::vector<std::shared_ptr<FakeDocument>> documents;  ///< open ones, in order of creation
+  std::shared_ptr<WordApplication> application;          ///< once started
+
+  WordApplicationReference AttachWord() override;
+  WordApplicationReference StartWord() override;
+};
+
+}  // namespace zorkanca::testing
