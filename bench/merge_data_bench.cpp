@@ -30,7 +30,8 @@ int main(int count, char** arguments) {
   SyslogEventLog eventLog;
   LinuxSuiteEnvironment environment("/nonexistent", "0");
   WordEngine word(locale);
-  ExportContext context{.platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, word}};
+  ExportContext context{
+      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, word}};
 
   SqliteDatabase database(arguments[1]);
   const Text select = FromUtf8(arguments[2]);

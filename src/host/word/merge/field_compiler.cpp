@@ -78,10 +78,11 @@ void StoryCompiler::AddField(const pugi::xml_node& node, bool inCode) {
 
 // Fields inside its code give their results as part of the code.
 void StoryCompiler::AddUntouched(const FoldedField& field) {
-  bool inCode = true;
+  const auto& code = field.code();
+  auto nextOfCode = code.begin();  // the code's nodes come in the order of the children
   for (const pugi::xml_node child : field.node().children()) {
-    const std::string_view character = child.child("w:fldChar").attribute("w:fldCharType").value();
-    inCode = inCode && character != "separate";
+    const bool inCode = nextOfCode != code.end() && *nextOfCode == child;
+    if (inCode) ++nextOfCode;
     if (inCode && Is(child, "zk:field") && !field.locked()) {
       AddField(child, true);
     } else if (Is(child, "zk:field") && field.locked()) {
