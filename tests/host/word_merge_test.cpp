@@ -113,6 +113,59 @@ TEST(WordMerge, GivesCopiesNumbersOfTheirOwn) {
   EXPECT_EQ(CountOf(footnotes, "<w:t xml:space=\"preserve\">3</w:t>"), 1u) << footnotes;
 }
 
+TEST(WordMerge, RestartsListsOfStylesAndLeavesBullets) {
+  const auto level = [](const std::string& format, const std::string& rest) {
+    return "<w:lvl w:ilvl=\"0\"><w:numFmt w:val=\"" + format + "\"/>" + rest + "</w:lvl>";
+  };
+  const std::string numbering = "<w:abstractNum w:abstractNumId=\"1\">" + level("decimal", "") +
+                                "</w:abstractNum><w:abstractNum w:abstractNumId=\"2\">" + level("bullet", "") +
+                                "</w:abstractNum><w:num w:numId=\"1\"><w:abstractNumId w:val=\"1\"/></w:num>"
+                                "<w:num w:numId=\"2\"><w:abstractNumId w:val=\"2\"/></w:num>";
+  const std::string styles =
+      "<w:style w:styleId=\"Bod\"><w:pPr><w:numPr><w:numId w:val=\"1\"/></w:numPr></w:pPr></w:style>"
+      "<w:style w:styleId=\"Podbod\"><w:basedOn w:val=\"Bod\"/></w:style>";
+  const std::string body = P("<w:pPr><w:pStyle w:val=\"Podbod\"/><w:jc w:val=\"left\"/></w:pPr>" + F("MERGEFIELD A")) +
+                           P("<w:pPr><w:numPr><w:numId w:val=\"2\"/></w:numPr></w:pPr>" + R("x"));
+  WordBench bench;
+  const WordParts parts{body, {{"numbering", numbering}, {"styles", styles}}};
+  const std::string saved = bench.SavedBody(*bench.Merge(parts, kThree, MainDocumentType::kFormLetters));
+  EXPECT_EQ(
+      CountOf(saved, "<w:pStyle w:val=\"Podbod\"/><w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"4\"/></w:numPr><w:jc"),
+      1u)
+      << saved;
+  EXPECT_EQ(CountOf(saved, "<w:numId w:val=\"2\"/>"), 3u);
+  const std::string catalog = bench.SavedBody(*bench.Merge(parts, kThree, MainDocumentType::kCatalog));
+  EXPECT_EQ(CountOf(catalog, "<w:numId w:val=\"1\"/>"), 0u);  // one list through all records, as the style has it
+}
+
+TEST(WordMerge, NamesTheHeadersThatASectionWouldInherit) {
+  const std::string reference = "<w:headerReference w:type=\"default\" r:id=\"rId1\"/>";
+  const std::string body =
+      P("<w:pPr><w:sectPr>" + reference + "</w:sectPr></w:pPr>") + P(F("MERGEFIELD A")) + "<w:sectPr/>";
+  WordBench bench;
+  const WordParts parts{body, {{"header", P(F("IF {A} = 2 \"druhý\" \"jiný\""))}}};
+  const auto merged = bench.Merge(parts, kThree, MainDocumentType::kFormLetters);
+  std::string headers;
+  for (int section = 1; section <= 6; ++section) headers += Shown(merged->PrimaryHeader(section)->Text());
+  EXPECT_EQ(headers, "jiný\\rjiný\\rdruhý\\rdruhý\\rjiný\\rjiný\\r");
+  EXPECT_EQ(CountOf(bench.SavedBody(*merged), "<w:headerReference"), 6u);
+}
+
+TEST(WordMerge, RefusesWhatGivesNoCopy) {
+  WordBench bench;
+  const auto main = bench.Add({.body = P(F("SKIPIF {A} > 0") + F("MERGEFIELD A"))});
+  auto& merge = main->MailMerge();
+  merge.OpenDataSource({.Name = bench.WriteData(kThree)});
+  EXPECT_EQ(ErrorOf([&] { merge.Execute(false); }).number(), 5631);
+  merge.OpenDataSource({.Name = bench.WriteData("A\r\n")});
+  EXPECT_EQ(ErrorOf([&] { merge.Execute(false); }).number(), 5631);
+  EXPECT_EQ(ErrorOf([&] { merge.OpenDataSource({.Name = bench.folder.TextPath("chybí")}); }).number(), 5174);
+  EXPECT_EQ(ErrorOf([&] { merge.OpenDataSource({.Name = u"x", .SQLStatement = u"SELECT"}); }).number(), 438);
+  EXPECT_EQ(ErrorOf([&] { merge.Destination(1); }).number(), 438);
+  EXPECT_EQ(ErrorOf([&] { merge.Execute(true); }).number(), 438);
+  EXPECT_EQ(bench.Application()->DocumentCount(), 1);
+}
+
 TEST(WordMerge, DropsLinesWhoseFieldsAreAllEmpty) {
   const std::string b = F("MERGEFIELD B");
   const std::string body = P(F("MERGEFIELD A")) + P(b) + P(b + b + "<w:proofErr w:type=\"x\"/>") + P(b + R(" ")) +

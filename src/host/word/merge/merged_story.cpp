@@ -155,7 +155,7 @@ PositionSet MergedStory::Plan(std::size_t copy, Interval range, const DeletionSu
   DeletionSurroundings own = around;
   own.endsStory = own.endsStory || range.end < closing;
   PositionSet gone = PlanDeletion(map, range, own);
-  gone.Remove(closing);
+  gone.Remove({closing});
   return gone;
 }
 

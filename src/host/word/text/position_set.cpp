@@ -1,6 +1,7 @@
 #include "host/word/text/position_set.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace zorkanca::word {
 
@@ -27,23 +28,39 @@ void PositionSet::Add(const PositionSet& other) {
   for (const Interval& interval : other.intervals_) Add(interval);
 }
 
-void PositionSet::Remove(Position position) {
-  for (std::size_t i = 0; i < intervals_.size(); ++i) {
-    const Interval whole = intervals_[i];
-    if (position < whole.start || position >= whole.end) continue;
-    intervals_.erase(intervals_.begin() + static_cast<std::ptrdiff_t>(i));
-    Add({whole.start, position});
-    Add({position + 1, whole.end});
-    return;
+void PositionSet::Remove(std::vector<Position> positions) {
+  std::sort(positions.begin(), positions.end());
+  std::vector<Interval> left;
+  auto position = positions.begin();
+  for (Interval interval : intervals_) {
+    position = std::lower_bound(position, positions.end(), interval.start);
+    for (; position != positions.end() && *position < interval.end; ++position) {
+      if (interval.start < *position) left.push_back({interval.start, *position});
+      interval.start = *position + 1;
+    }
+    if (interval.start < interval.end) left.push_back(interval);
   }
+  intervals_ = std::move(left);
 }
 
 bool PositionSet::Covers(Interval wanted) const {
+  const auto behind = std::upper_bound(intervals_.begin(), intervals_.end(), wanted.start,
+                                       [](Position start, const Interval& each) { return start < each.start; });
+  if (behind == intervals_.begin()) return false;
+  const Interval& interval = *std::prev(behind);
   const bool empty = wanted.start == wanted.end;
-  return std::any_of(intervals_.begin(), intervals_.end(), [&](const Interval& interval) {
-    return empty ? interval.start < wanted.start && wanted.end < interval.end
-                 : interval.start <= wanted.start && wanted.end <= interval.end;
-  });
+  return empty ? interval.start < wanted.start && wanted.end < interval.end : wanted.end <= interval.end;
+}
+
+PositionSet PositionSet::Within(Interval part) const {
+  PositionSet within;
+  auto interval = std::lower_bound(intervals_.begin(), intervals_.end(), part.start,
+                                   [](const Interval& each, Position start) { return each.end <= start; });
+  for (; interval != intervals_.end() && interval->start < part.end; ++interval) {
+    within.intervals_.push_back(
+        {std::max(interval->start, part.start) - part.start, std::min(interval->end, part.end) - part.start});
+  }
+  return within;
 }
 
 Text PositionSet::Without(TextView text) const {

@@ -25,11 +25,13 @@ class PositionSet {
 
   void Add(Interval interval);
   void Add(const PositionSet& other);
-  void Remove(Position position);
+  void Remove(std::vector<Position> positions);
 
   bool Contains(Position position) const { return Covers({position, position + 1}); }
   /// True when one interval covers all of this one; an empty one must lie strictly inside.
   bool Covers(Interval interval) const;
+  /// The positions of the set in an interval, counted from its start.
+  PositionSet Within(Interval part) const;
   /// The text without the positions.
   Text Without(TextView text) const;
 

@@ -33,11 +33,7 @@ void RemoveWithHolders(pugi::xml_node node) {
 }
 
 void RemoveText(const TextPiece& piece, const PositionSet& gone) {
-  PositionSet own;
-  for (const Interval& interval : gone.intervals()) {
-    own.Add({std::max(interval.start, piece.range.start) - piece.range.start,
-             std::min(interval.end, piece.range.end) - piece.range.start});
-  }
+  const PositionSet own = gone.Within(piece.range);
   if (own.empty()) return;
   Text text;
   if (Is(piece.node, "w:t")) {

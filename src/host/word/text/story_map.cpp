@@ -1,6 +1,7 @@
 #include "host/word/text/story_map.h"
 
 #include <algorithm>
+#include <set>
 
 #include "host/word/document/word_xml.h"
 
@@ -119,17 +120,19 @@ void StoryMap::VisitFieldCharacter(const pugi::xml_node& node) {
 namespace {
 
 // The ends of cells and rows that a deletion leaves standing.
-void KeepCells(const StoryMap& map, Interval range, const DeletionSurroundings& around, PositionSet& gone) {
+std::vector<Position> KeptCells(const StoryMap& map, Interval range, const DeletionSurroundings& around) {
+  std::vector<Position> kept;
   for (const TablePlace& table : map.tables()) {
     const bool beyond =
         around.reachesBefore || around.reachesBehind || range.start < table.range.start || range.end > table.range.end;
     for (const RowPlace& row : table.rows) {
       const bool covered = range.start <= row.range.start && row.range.end <= range.end;
       if (covered && beyond) continue;
-      for (const Position end : row.cellEnds) gone.Remove(end);
-      gone.Remove(row.range.end - 1);
+      kept.insert(kept.end(), row.cellEnds.begin(), row.cellEnds.end());
+      kept.push_back(row.range.end - 1);
     }
   }
+  return kept;
 }
 
 bool Remains(const ParagraphPlace& place, const PositionSet& gone) {
@@ -137,21 +140,24 @@ bool Remains(const ParagraphPlace& place, const PositionSet& gone) {
 }
 
 // The marks of paragraphs that would have to join a table.
-void KeepMarksBeforeTables(const StoryMap& map, const DeletionSurroundings& around, PositionSet& gone) {
-  const auto vanishes = [&](const pugi::xml_node& block) {
-    const auto isBlock = [&](const auto& place) { return place.node == block; };
-    const auto paragraph = std::find_if(map.paragraphs().begin(), map.paragraphs().end(), isBlock);
-    if (paragraph != map.paragraphs().end()) return gone.Contains(paragraph->range.end - 1);
-    const auto table = std::find_if(map.tables().begin(), map.tables().end(), isBlock);
-    return table != map.tables().end() && gone.Covers(table->range);
-  };
+std::vector<Position> MarksBeforeTables(const StoryMap& map, const DeletionSurroundings& around,
+                                        const PositionSet& gone) {
+  std::vector<Position> kept;
+  std::set<pugi::xml_node> vanishing;
+  for (const ParagraphPlace& place : map.paragraphs()) {
+    if (place.range.start < place.range.end && gone.Contains(place.range.end - 1)) vanishing.insert(place.node);
+  }
+  for (const TablePlace& table : map.tables()) {
+    if (gone.Covers(table.range)) vanishing.insert(table.node);
+  }
   for (const ParagraphPlace& place : map.paragraphs()) {
     const bool remains = Remains(place, gone) || (around.continues && place.range.start == 0);
-    if (!gone.Contains(place.range.end - 1) || !remains) continue;
+    if (!remains || vanishing.count(place.node) == 0) continue;
     pugi::xml_node next = NextBlock(place.node);
-    while (next && vanishes(next)) next = NextBlock(next);
-    if (Is(next, "w:tbl") || (!next && around.tableFollows)) gone.Remove(place.range.end - 1);
+    while (next && vanishing.count(next) != 0) next = NextBlock(next);
+    if (Is(next, "w:tbl") || (!next && around.tableFollows)) kept.push_back(place.range.end - 1);
   }
+  return kept;
 }
 
 }  // namespace
@@ -171,9 +177,9 @@ PositionSet PlanDeletion(const StoryMap& map, Interval range, const DeletionSurr
   const auto anchored = [&](const ParagraphPlace& place) {
     return place.anchors && place.range.start <= range.end && range.end < place.range.end;
   };
-  if (extended && std::any_of(map.paragraphs().begin(), map.paragraphs().end(), anchored)) gone.Remove(range.end);
-  KeepCells(map, range, around, gone);
-  KeepMarksBeforeTables(map, around, gone);
+  if (extended && std::any_of(map.paragraphs().begin(), map.paragraphs().end(), anchored)) gone.Remove({range.end});
+  gone.Remove(KeptCells(map, range, around));
+  gone.Remove(MarksBeforeTables(map, around, gone));
   return gone;
 }
 
