@@ -94,7 +94,8 @@ int RunMerge(const CommandContext& context, const MergeOptions& options) {
       .rbSetAppVisible = false,
   };
   if (!office.MakeMailDocument(arguments)) {
-    for (const Text& failure : events.failures()) std::fprintf(stderr, "zorkanca: %s\n", ToUtf8(failure).c_str());
+    for (const Text& failure : events.failures())
+      std::fprintf(stderr, "MakeMailDocument: %s\n", ToUtf8(failure).c_str());
     return context.interrupted ? kInterrupted : kFailed;
   }
   if (folder) {

@@ -1,6 +1,7 @@
 #include "export/mail_merge.h"
 
 #include <array>
+#include <utility>
 
 #include "export/export_failure.h"
 #include "export/merge_data_file.h"
@@ -59,7 +60,9 @@ void SetMainDocumentType(const ExportContext& context, WordMailMerge& merge, Mai
   } catch (...) {
     Text details = u"type = ";
     AppendDecimal(details, static_cast<std::int32_t>(type));
-    ErrorLogWriter(context.platform).WriteCurrentError(u"setMainDocumentTypeIfNotMergeModule", details);
+    IgnoreErrors([&] {  // a log writer of the client may fail
+      ErrorLogWriter(context.platform).WriteCurrentError(u"setMainDocumentTypeIfNotMergeModule", details);
+    });
   }
 }
 
@@ -75,7 +78,7 @@ void ChooseSource(WordMailMerge& merge, const Text& dataFile) {
   IgnoreErrors([&] { merge.ViewMailMergeFieldCodes(kToggleFieldCodes); });
 }
 
-// A file of one record, locked while it is needed and gone afterwards.
+// A file of one record, locked while it is needed and gone afterwards, however the merge ends.
 class RecordFile {
  public:
   RecordFile(const ExportContext& context, TextView header, TextView record) : files_(context.platform.files) {
@@ -84,16 +87,21 @@ class RecordFile {
     stream->WriteLine(header);
     stream->WriteLine(record);
     stream->Close();
-    lock_ = files_.LockFile(path_);
+    IgnoreErrors([&] { lock_ = files_.LockFile(path_); });
   }
   ~RecordFile() {
-    lock_.reset();
-    IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });
+    if (!path_.empty()) IgnoreErrors([&] { Delete(); });
   }
   RecordFile(const RecordFile&) = delete;
   RecordFile& operator=(const RecordFile&) = delete;
 
   const Text& path() const { return path_; }
+  /// Errors: 70 when it cannot be deleted.
+  void Delete() {
+    lock_.reset();
+    const Text path = std::exchange(path_, Text());
+    files_.DeleteFile(path, /*force=*/true);
+  }
 
  private:
   FileSystem& files_;
@@ -137,6 +145,7 @@ WordDocumentReference RunMailMerge(const ExportContext& context, WordDocument& d
 
 bool MailMergeRun::Run() {
   std::optional<Text> failure;
+  arguments_.roRetDoc = nullptr;
   context_.withinDataProcess = arguments_.MultiDocument;
   try {
     Make();
@@ -189,19 +198,23 @@ void MailMergeRun::MakeOneDocumentPerRecord() {
     MakeDocumentOf(header, line);
     progress.RecordDone();
   }
+  // Without records the document of the template is no result.
+  if (!arguments_.roRetDoc) document_->Close(/*SaveChanges=*/false);
   progress.Finish();
 }
 
 void MailMergeRun::MakeDocumentOf(TextView header, TextView record) {
   const Text placeholder = LineBreakPlaceholder(*context_.platform.locale.codePage);
-  const RecordFile file(context_, header, Replace(record, placeholder, kCrLf));
+  RecordFile file(context_, header, Replace(record, placeholder, kCrLf));
   MergeInto(file.path());
+  file.Delete();
 }
 
 void MailMergeRun::Finish(const std::optional<Text>& failure) {
   if (failure) {
     IgnoreErrors([&] {
-      if (!word_) return;
+      // An opening that failed may have hidden a Word that somebody works in.
+      if (!word_) word_ = context_.platform.office.AttachWord();
       word_->ScreenUpdating(true);
       word_->Visible(true);
     });

@@ -84,16 +84,36 @@ std::optional<Text> ValueOf(const ExportContext& context, TextView name) {
   return value;
 }
 
-void FillPlaceholders(const ExportContext& context, WordRange& story) {
-  std::set<Text> filled;  // a value may hold a placeholder, even its own
+// The placeholders that the template's author wrote, lower-cased as replacing ignores case.
+std::set<Text> PlaceholdersOf(WordRange& story) {
+  std::set<Text> placeholders;
   const std::int32_t start = story.Start();
-  for (;;) {
+  story.SetRange(start, start);
+  while (story.Find({.FindText = Text(kPlaceholderPattern), .MatchWildcards = true})) {
+    placeholders.insert(LowerCase(story.Text()));
+    story.SetRange(story.End(), story.End());
+  }
+  story.SetRange(start, start);
+  return placeholders;
+}
+
+// A value may hold placeholders, even its own: only the author's are filled, each once, and what values brought in is
+// passed over, so that neither the number of rounds nor the text can grow without end.
+void FillPlaceholders(const ExportContext& context, WordRange& story) {
+  std::set<Text> unfilled = PlaceholdersOf(story);
+  std::int32_t passed = story.Start();
+  while (!unfilled.empty()) {
     if (!story.Find({.FindText = Text(kPlaceholderPattern), .MatchWildcards = true, .Wrap = 1})) return;
+    if (story.Start() < passed) return;  // the search came round
     const Text placeholder = story.Text();
-    const std::optional<Text> value = ValueOf(context, TextView(placeholder).substr(1, placeholder.size() - 2));
-    if (!value || !filled.insert(placeholder).second) return;
-    story.Find({.FindText = placeholder, .Wrap = 1, .ReplaceWith = *value, .Replace = 2});
-    story.SetRange(start, start);
+    if (unfilled.erase(LowerCase(placeholder)) == 0) {
+      passed = story.End();
+    } else {
+      const std::optional<Text> value = ValueOf(context, TextView(placeholder).substr(1, placeholder.size() - 2));
+      if (!value) return;
+      story.Find({.FindText = placeholder, .Wrap = 1, .ReplaceWith = *value, .Replace = 2});
+    }
+    story.SetRange(passed, passed);
   }
 }
 

@@ -1,5 +1,8 @@
 #include "export/word_opening.h"
 
+#include <optional>
+
+#include "foundation/ignore_errors.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -26,6 +29,20 @@ AttachedWord Attach(OfficeApplications& office) {
   return {.word = office.AttachWord(), .startedHere = true};
 }
 
+// Lets Word draw again when the opening has ended, well or not.
+class SuspendedScreen {
+ public:
+  explicit SuspendedScreen(WordApplication& word) : word_(word) { word_.ScreenUpdating(false); }
+  ~SuspendedScreen() {
+    IgnoreErrors([&] { word_.ScreenUpdating(true); });
+  }
+  SuspendedScreen(const SuspendedScreen&) = delete;
+  SuspendedScreen& operator=(const SuspendedScreen&) = delete;
+
+ private:
+  WordApplication& word_;
+};
+
 bool IsTemplate(TextView path) {
   const Text lower = LowerCase(Trim(path));
   return lower.ends_with(u".dot") || lower.ends_with(u".dotx");
@@ -41,10 +58,14 @@ void Open(const ExportContext& context, GetOpenDocArguments& arguments) {
   const auto [word, startedHere] = Attach(context.platform.office);
   if (arguments.rAppVisible == AppVisible::avFalse) word->Visible(context.settings.WordVisibleWithinDataProcess);
   // A Word that the user sees would be redrawn while the document builds up.
-  const bool suspended = !startedHere && arguments.rbScreenUpdating && word->Visible();
-  word->ScreenUpdating(suspended ? false : arguments.rbScreenUpdating);
+  std::optional<SuspendedScreen> suspended;
+  if (!startedHere && arguments.rbScreenUpdating && word->Visible()) {
+    suspended.emplace(*word);
+  } else {
+    word->ScreenUpdating(arguments.rbScreenUpdating);
+  }
   arguments.roRetDoc = OpenIn(*word, arguments.rsTemplate);
-  if (suspended) word->ScreenUpdating(true);
+  suspended.reset();
   if (arguments.rAppVisible == AppVisible::avTrue) word->Visible(true);
 }
 

@@ -1,8 +1,6 @@
 #include "export/mail_merge.h"
 
-#include "export/text_markup.h"
 #include "export/zor_office.h"
-#include "support/memory_database.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 
@@ -160,6 +158,39 @@ TEST_F(MailMergeTest, FailuresAreToldByStates) {
   EXPECT_EQ(lastState(), "state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: no records");
   arguments.MultiDocument = true;
   EXPECT_EQ(lastState(), "state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: no records");
+
+  arguments.MultiDocument = false;
+  computer.word.merge = nullptr;
+  ASSERT_TRUE(office.MakeMailDocument(arguments));
+  computer.word.application->Visible(true);
+  computer.word.refusesToOpen = true;
+  EXPECT_EQ(lastState(), "state 0 Nepodařilo se otevřít aplikaci MS Word !");
+  EXPECT_EQ(arguments.roRetDoc, nullptr) << "the document of an earlier merge is no result of this one";
+  EXPECT_TRUE(computer.word.application->Visible() && computer.word.application->ScreenUpdating());
+}
+
+TEST_F(MailMergeTest, NoRecordsGiveNoDocuments) {
+  const auto data = computer.files.OpenTextFile(u"C:\\Temp\\data.txt", IoMode::kForWriting, true, TextFormat::kUnicode);
+  data->WriteLine(u"kod;text");
+  data->Close();
+  arguments.MultiDocument = true;
+  EXPECT_TRUE(office.MakeMailDocument(arguments));
+  EXPECT_EQ(arguments.roRetDoc, nullptr);
+  EXPECT_TRUE(computer.word.documents.empty()) << "the template's document is closed";
+}
+
+TEST_F(MailMergeTest, RecordFileThatStaysIsAFailure) {
+  arguments.MultiDocument = true;
+  computer.word.merge = [&](const Text& text) {
+    for (const Text& path : computer.files.Paths()) {
+      if (path.ends_with(u".tmp")) computer.files.MakeUndeletable(path);
+    }
+    return text;
+  };
+  EXPECT_FALSE(office.MakeMailDocument(arguments));
+  EXPECT_THAT(
+      computer.journal,
+      ::testing::Contains("state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: Permission denied"));
 }
 
 TEST_F(MailMergeTest, OpeningADocument) {
@@ -186,48 +217,10 @@ TEST_F(MailMergeTest, OpeningADocument) {
   EXPECT_EQ(failing.roRetDoc, nullptr);
   EXPECT_THAT(computer.journal,
               ::testing::Contains("state 0 Chyba při otvírání dokumentu v aplikaci MS Word: no such file"));
-}
 
-TEST_F(MailMergeTest, BlocksAreKeptOnce) {
-  const struct {
-    TextView text;
-    TextView left;
-  } kRows[] = {
-      {u"{<h}H{h>}1{<p}P{p>}{<h}H{h>}2{<p}P{p>}{<h}H{h>}3{<p}P{p>}", u"H123P"},
-      {u"a{<h}H{h>}b", u"aHb"},
-      {u"a{<p}P{p>}b", u"aPb"},
-      {u"{<h}H", u"H"},
-      {u"P{p>}", u"P"},
-      {u"h>} p>} plain {h>}", u"h>} p>} plain {h>}"},
-      {u"", u""},
-  };
-  GetOpenDocArguments opening;
-  for (const auto& row : kRows) {
-    computer.word.templateText = row.text;
-    ASSERT_TRUE(office.GetOpenDoc(opening));
-    ApplyBlockMarkup(*opening.roRetDoc);
-    EXPECT_EQ(Shown(opening.roRetDoc->Content()->Text()), Shown(row.left)) << Shown(row.text);
-  }
-}
-
-TEST_F(MailMergeTest, HeaderAndFooterTakeTheFirstRecord) {
-  MemoryDatabase database;
-  database.columns = {{u"kod", FieldType::kText}, {u"nazev", FieldType::kText}};
-  database.rows = {{Text(u"K1"), Text(u"«kod» «nazev»")}, {Text(u"K2"), Text(u"x")}};
-  computer.word.headerText = u"«kod» «NAZEV» «kod»";
-  computer.word.footerText = u"«chybi» «kod»";
-  ExportContext context{.platform = computer.platform};
-  GetOpenDocArguments opening;
-  ASSERT_TRUE(office.GetOpenDoc(opening));
-  FillHeaderFooterPlaceholders(context, *opening.roRetDoc);
-  EXPECT_EQ(Shown(computer.word.headerText), "«kod» «NAZEV» «kod»") << "no export runs";
-
-  ExportSession session(context);
-  session.Hold(database.OpenRecordset(u"", RecordsetType::kDynaset, 0));
-  session.recordset().MoveNext();
-  FillHeaderFooterPlaceholders(context, *opening.roRetDoc);
-  EXPECT_EQ(Shown(computer.word.headerText), "K1 «kod» «nazev» K1") << "a value that holds a placeholder ends it";
-  EXPECT_EQ(Shown(computer.word.footerText), "«chybi» «kod»") << "the first that names no column ends it";
+  computer.word.application->Visible(true);
+  EXPECT_FALSE(office.GetOpenDoc(failing));
+  EXPECT_TRUE(computer.word.application->ScreenUpdating()) << "a Word that is seen draws again";
 }
 
 }  // namespace

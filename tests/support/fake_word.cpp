@@ -28,7 +28,7 @@ class FakeRange final : public WordRange {
     if (arguments.Replace == 2) return ReplaceAll(arguments.FindText, *arguments.ReplaceWith);
     const zorkanca::Text within = arguments.Wrap == 1 ? story_ : story_.substr(0, At(end_));
     const std::size_t from = arguments.Wrap == 1 ? 0 : At(start_);
-    if (arguments.MatchWildcards) return FindPlaceholder(within);
+    if (arguments.MatchWildcards) return FindPlaceholder(At(end_)) || (arguments.Wrap == 1 && FindPlaceholder(0));
     std::size_t hit = arguments.Forward ? within.find(arguments.FindText, from) : within.rfind(arguments.FindText);
     if (hit == zorkanca::Text::npos || hit < from) return false;
     SetRange(static_cast<std::int32_t>(hit), static_cast<std::int32_t>(hit + arguments.FindText.size()));
@@ -39,12 +39,17 @@ class FakeRange final : public WordRange {
   static std::size_t At(std::int32_t position) { return static_cast<std::size_t>(position); }
 
   bool ReplaceAll(TextView from, TextView to) {
-    story_ = Replace(story_, from, to);
+    const zorkanca::Text wanted = LowerCase(from);
+    std::size_t at = 0;
+    while ((at = LowerCase(story_).find(wanted, at)) != zorkanca::Text::npos) {
+      story_.replace(at, from.size(), to);
+      at += to.size();
+    }
     return true;
   }
-  bool FindPlaceholder(TextView within) {
-    const std::size_t open = within.find(u'«');
-    const std::size_t close = within.find(u'»', open);
+  bool FindPlaceholder(std::size_t from) {
+    const std::size_t open = story_.find(u'«', from);
+    const std::size_t close = story_.find(u'»', open);
     if (close == TextView::npos) return false;
     SetRange(static_cast<std::int32_t>(open), static_cast<std::int32_t>(close + 1));
     return true;
