@@ -5,6 +5,7 @@
 #include "barcode/bar_code.h"
 #include "barcode/bar_code_drawing.h"
 #include "cli/command_line.h"
+#include "cli/query_arguments.h"
 #include "host/sqlite/sqlite_database.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
@@ -52,10 +53,11 @@ int RunValue(const BarCodeOptions& options, const Platform& platform) {
 class BarCodeRecords {
  public:
   BarCodeRecords(const CommandContext& context, const BarCodeOptions& options)
-      : platform_(context.platform), barCode_(platform_.locale), database_(options.database, &context.interrupted) {
+      : platform_(context.platform),
+        barCode_(platform_.locale),
+        database_(SqlitePath(options.database), &context.interrupted) {
     barCode_.ParseParameters(FromUtf8(options.parameters));
-    const std::string select = options.select == "-" ? ReadToEnd(stdin) : options.select;
-    recordset_ = database_.OpenRecordset(FromUtf8(select), RecordsetType::kDynaset, 0);
+    recordset_ = database_.OpenRecordset(Statement(options.select), RecordsetType::kDynaset, 0);
     barCode_.SetRecordset(*recordset_);
   }
 
@@ -79,9 +81,7 @@ class BarCodeRecords {
     FileSystem& files = platform_.files;
     if (!files.FolderExists(folder)) files.CreateFolder(folder);
     for (; !recordset_->Eof(); Next()) {
-      const Text digits = DecimalText(number_);
-      const Text zeros(digits.size() < 4 ? 4 - digits.size() : 0, u'0');
-      WritePicture(files, BuildPath(files, folder, zeros + digits + u".svg"), Picture());
+      WritePicture(files, BuildPath(files, folder, NumberedName(number_, u".svg")), Picture());
     }
   }
 
@@ -113,9 +113,6 @@ class BarCodeRecords {
 };
 
 int RunRecords(const CommandContext& context, const BarCodeOptions& options) {
-  if (options.database.starts_with("ODBC;")) {
-    throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");
-  }
   const Text path = context.platform.files.GetAbsolutePathName(FromUtf8(options.svg));
   try {
     BarCodeRecords records(context, options);

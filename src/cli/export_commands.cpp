@@ -1,10 +1,10 @@
 // Commands that export the rows of a query.
-#include <cstdio>
 #include <memory>
 
 #include "cli/command_line.h"
 #include "cli/host_platform.h"
 #include "cli/progress_display.h"
+#include "cli/query_arguments.h"
 #include "cli/quiet_shell.h"
 #include "export/column_names.h"
 #include "export/zor_office.h"
@@ -37,11 +37,6 @@ void AddQueryOptions(CLI::App& command, QueryOptions& query) {
   command.add_option("--blank-records", query.blankRecords, "empty records before the data");
 }
 
-Text StatementOf(const QueryOptions& query) {
-  if (query.select != "-") return FromUtf8(query.select);
-  return FromUtf8(ReadToEnd(stdin));
-}
-
 // A path given by the user means the current folder; to the library a bare name would mean the work folder.
 Text OutputFile(const std::string& path, FileSystem& files) {
   if (path.empty()) return Text();
@@ -56,11 +51,8 @@ class QueryExport {
   QueryExport(const CommandContext& context, const QueryOptions& query, const Platform& platform, bool showsStates)
       : interrupted_(context.interrupted),
         display_(context.options.events, !context.options.quiet, showsStates, context.interrupted),
-        database_(query.database, &context.interrupted),
+        database_(SqlitePath(query.database), &context.interrupted),
         office_(platform) {
-    if (query.database.starts_with("ODBC;")) {
-      throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");
-    }
     office_.Advise(&display_);
     office_.PercentInterval(query.step);
     office_.Multiplier(FromUtf8(query.multiplier));
@@ -103,7 +95,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
                                 .riTblCellPadding = options.padding,
                                 .riTblCellSpacing = options.spacing};
   QueryExport run(context, options.query, platform, opens);
-  const bool done = run.office().HTMLExport(run.database(), StatementOf(options.query), arguments);
+  const bool done = run.office().HTMLExport(run.database(), Statement(options.query.select), arguments);
   if (done) PrintLine(arguments.rsSourceFile);
   return run.StatusOf(done);
 }

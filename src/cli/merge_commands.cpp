@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/host_platform.h"
 #include "cli/progress_display.h"
+#include "cli/query_arguments.h"
 #include "export/zor_office.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
@@ -63,9 +64,8 @@ void SaveAll(WordApplication& word, FileSystem& files, const Text& folder) {
   std::vector<WordDocumentReference> documents;
   for (std::int32_t index = count; index >= 1; --index) documents.push_back(word.Documents(index));
   for (std::size_t index = 0; index < documents.size(); ++index) {
-    Text number = DecimalText(static_cast<std::int64_t>(index) + 1);
-    if (number.size() < 4) number.insert(0, 4 - number.size(), u'0');
-    Save(*documents[index], BuildPath(files, folder, number + u".docx"));
+    const Text name = NumberedName(static_cast<std::int64_t>(index) + 1, u".docx");
+    Save(*documents[index], BuildPath(files, folder, name));
   }
 }
 

@@ -12,8 +12,7 @@ constexpr std::int32_t kStopNumber = -1;
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
 Text MessageOf(const Error& error) {
-  if (IsStop(error)) return error.description();
-  if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
+  if (const std::optional<Text> stop = StopMessage(error)) return *stop;
   Text message(kUnexpectedError);
   message.append(kCrLf);
   AppendDecimal(message, error.number());
@@ -26,8 +25,10 @@ void StopExport(TextView message) {
   throw Error(kStopNumber, Text(), Text(message));
 }
 
-bool IsStop(const Error& error) {
-  return error.number() == kStopNumber;
+std::optional<Text> StopMessage(const Error& error) {
+  if (error.number() == kStopNumber) return error.description();
+  if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
+  return std::nullopt;
 }
 
 bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body) {

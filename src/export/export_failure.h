@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "export/export_context.h"
 #include "runtime/error.h"
@@ -25,8 +26,9 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// Stops the export with a message for the user.
 [[noreturn]] void StopExport(TextView message);
 
-/// True for the error by which `StopExport` travels: its description is the message, whole.
-bool IsStop(const Error& error);
+/// The whole message of an error that ends an export as foreseen: that of `StopExport`, or the user's interruption.
+/// @return nothing for any other error
+std::optional<Text> StopMessage(const Error& error);
 
 /// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
 /// @param session  the export's session; its ending follows when the caller lets go of it

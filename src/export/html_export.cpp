@@ -59,10 +59,7 @@ void HtmlExport::WriteTable(ColumnNameSource names) {
                      DecimalText(arguments_.riTblCellSpacing) + u">");
   WriteHeaderRow(names);
   WriteBlankRows();
-  for (std::int32_t index = 0; index < reader_.FieldCount(); ++index) {
-    Field& field = reader_.FieldAt(index);
-    columns_.push_back({.field = &field, .isMultiplier = reader_.IsMultiplier(field)});
-  }
+  columns_ = reader_.Columns();
   reader_.ForEachRecord(QueryReader::Reporting::kPercent, [&](std::int16_t copies) {
     for (; copies > 0; --copies) WriteRecord();
   });
@@ -95,7 +92,7 @@ void HtmlExport::WriteBlankRows() {
 void HtmlExport::WriteRecord() {
   row_.clear();
   html::BeginRow(row_);
-  for (const Column& column : columns_) {
+  for (const QueryColumn& column : columns_) {
     html::AppendDataCell(row_, *column.field, column.isMultiplier, context_.platform.locale);
   }
   html::EndRow(row_);

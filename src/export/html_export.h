@@ -50,13 +50,8 @@ class HtmlExport {
   ExportSession session_;
   QueryReader reader_;
   TextStream* output_ = nullptr;
-  struct Column {
-    Field* field;
-    bool isMultiplier;
-  };
-
-  std::vector<Column> columns_;  // looked up once: a cell costs some hundred nanoseconds in all
-  Text row_;                     // lines of one row, kept for its room
+  std::vector<QueryColumn> columns_;
+  Text row_;  // lines of one row, kept for its room
 };
 
 }  // namespace zorkanca

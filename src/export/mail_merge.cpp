@@ -6,6 +6,7 @@
 #include "export/export_failure.h"
 #include "export/merge_data_file.h"
 #include "export/progress.h"
+#include "export/suspended_screen.h"
 #include "export/text_markup.h"
 #include "export/word_opening.h"
 #include "foundation/error_log_writer.h"
@@ -42,16 +43,11 @@ constexpr std::array<MergeKind, 5> kMergeKinds = {{
 }};
 
 std::optional<MainDocumentType> FindMergeKind(WordDocument& document, WordApplication& word) {
-  const bool updating = word.ScreenUpdating();
-  word.ScreenUpdating(false);
-  std::optional<MainDocumentType> type;
+  const SuspendedScreen suspended(word);
   for (const MergeKind& kind : kMergeKinds) {
-    if (!FindMarker(document, kind.marker)) continue;
-    type = kind.type;
-    break;
+    if (FindMarker(document, kind.marker)) return kind.type;
   }
-  word.ScreenUpdating(updating);
-  return type;
+  return std::nullopt;
 }
 
 void SetMainDocumentType(const ExportContext& context, WordMailMerge& merge, MainDocumentType type) {
@@ -117,9 +113,8 @@ std::int32_t CountLines(FileSystem& files, const Text& path) {
 }
 
 Text FailureText(const Error& error) {
-  if (IsStop(error)) return error.description();
-  if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
-  return Text(kMergeFailed).append(error.description());
+  const std::optional<Text> stop = StopMessage(error);
+  return stop ? *stop : Text(kMergeFailed).append(error.description());
 }
 
 }  // namespace

@@ -9,21 +9,21 @@ namespace {
 // Writes the values of the current record; the texts in between are kept for their room.
 class RecordWriter {
  public:
-  RecordWriter(QueryReader& reader, MergeDataFile& file, const ColumnFormats& formats, const Locale& locale)
-      : reader_(reader), file_(file), formats_(formats), locale_(locale) {}
+  RecordWriter(std::vector<QueryColumn> columns, MergeDataFile& file, const ColumnFormats& formats,
+               const Locale& locale)
+      : columns_(std::move(columns)), file_(file), formats_(formats), locale_(locale) {}
 
   void Write() {
-    for (std::int32_t column = 0; column < reader_.FieldCount(); ++column) AppendValue(column);
+    std::int32_t index = 0;
+    for (const QueryColumn& column : columns_) AppendValue(column, formats_.Of(index++));
   }
 
  private:
-  void AppendValue(std::int32_t column) {
-    Field& field = reader_.FieldAt(column);
-    const Value& value = field.Value();
+  void AppendValue(const QueryColumn& column, const cFormat* format) {
+    const Value& value = column.field->Value();
     if (IsNull(value)) return file_.AppendValue({});
-    const cFormat* format = formats_.Of(column);
     static const Value kOne = Text(u"1");
-    const Value& shown = reader_.IsMultiplier(field) ? kOne : value;
+    const Value& shown = column.isMultiplier ? kOne : value;
     if (format) return file_.AppendValue(format->Apply(shown));
     if (const Text* text = std::get_if<Text>(&shown)) return file_.AppendValue(*text);
     text_.clear();
@@ -31,7 +31,7 @@ class RecordWriter {
     file_.AppendValue(text_);
   }
 
-  QueryReader& reader_;
+  std::vector<QueryColumn> columns_;
   MergeDataFile& file_;
   const ColumnFormats& formats_;
   const Locale& locale_;
@@ -57,7 +57,7 @@ void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnName
 
   const ColumnFormats formats(options.formats, reader.FieldCount(), locale);
   reader.ValidateMultiplier();
-  RecordWriter record(reader, file, formats, locale);
+  RecordWriter record(reader.Columns(), file, formats, locale);
   reader.ForEachRecord(options.multiDocument ? QueryReader::Reporting::kSilent : QueryReader::Reporting::kPercent,
                        [&](std::int16_t copies) {
                          record.Write();

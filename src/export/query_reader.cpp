@@ -36,9 +36,14 @@ void QueryReader::Open(Database& database, TextView select, std::int16_t options
   fieldCount_ = session_.recordset().FieldCount();
 }
 
-bool QueryReader::IsMultiplier(const Field& field) const {
+std::vector<QueryColumn> QueryReader::Columns() {
   const Text& multiplier = session_.context().multiplier;
-  return !multiplier.empty() && field.Name() == multiplier;
+  std::vector<QueryColumn> columns;
+  for (std::int32_t index = 0; index < fieldCount_; ++index) {
+    Field& field = session_.recordset().FieldAt(index);
+    columns.push_back({.field = &field, .isMultiplier = !multiplier.empty() && field.Name() == multiplier});
+  }
+  return columns;
 }
 
 void QueryReader::ValidateMultiplier() {

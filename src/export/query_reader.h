@@ -4,11 +4,18 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "export/export_session.h"
 #include "platform/database.h"
 
 namespace zorkanca {
+
+/// One column of a query, for the loops over its records.
+struct QueryColumn {
+  Field* field;
+  bool isMultiplier;  ///< written as "1": its name is the caller's multiplier to the letter
+};
 
 class QueryReader {
  public:
@@ -21,9 +28,8 @@ class QueryReader {
   void Open(Database& database, TextView select, std::int16_t options);
 
   std::int32_t FieldCount() const { return fieldCount_; }
-  Field& FieldAt(std::int32_t index) { return session_.recordset().FieldAt(index); }
-  /// True when the field is the multiplier, which is written as "1": its name is the caller's to the letter.
-  bool IsMultiplier(const Field& field) const;
+  /// The columns in field order; call it once, before the records are read and after `ValidateMultiplier`.
+  std::vector<QueryColumn> Columns();
 
   /// Clears a multiplier that the current record cannot give as a 16-bit number, for this and later exports.
   void ValidateMultiplier();

@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 
+#include "export/suspended_screen.h"
 #include "foundation/ignore_errors.h"
 #include "platform/word/word_application.h"
 #include "runtime/convert.h"
@@ -128,11 +129,9 @@ bool FindMarker(WordDocument& document, TextView marker) {
 
 void ApplyBlockMarkup(WordDocument& document) {
   const std::shared_ptr<WordApplication> word = document.Application();
-  const bool updating = word->ScreenUpdating();
-  word->ScreenUpdating(false);
+  const SuspendedScreen suspended(*word);
   KeepFirstHeading(document);
   KeepLastClosing(document);
-  word->ScreenUpdating(updating);
 }
 
 void FillHeaderFooterPlaceholders(const ExportContext& context, WordDocument& document) {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "foundation/ignore_errors.h"
+#include "export/suspended_screen.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -29,20 +29,6 @@ AttachedWord Attach(OfficeApplications& office) {
   return {.word = office.AttachWord(), .startedHere = true};
 }
 
-// Lets Word draw again when the opening has ended, well or not.
-class SuspendedScreen {
- public:
-  explicit SuspendedScreen(WordApplication& word) : word_(word) { word_.ScreenUpdating(false); }
-  ~SuspendedScreen() {
-    IgnoreErrors([&] { word_.ScreenUpdating(true); });
-  }
-  SuspendedScreen(const SuspendedScreen&) = delete;
-  SuspendedScreen& operator=(const SuspendedScreen&) = delete;
-
- private:
-  WordApplication& word_;
-};
-
 bool IsTemplate(TextView path) {
   const Text lower = LowerCase(Trim(path));
   return lower.ends_with(u".dot") || lower.ends_with(u".dotx");
@@ -57,10 +43,9 @@ WordDocumentReference OpenIn(WordApplication& word, const Text& path) {
 void Open(const ExportContext& context, GetOpenDocArguments& arguments) {
   const auto [word, startedHere] = Attach(context.platform.office);
   if (arguments.rAppVisible == AppVisible::avFalse) word->Visible(context.settings.WordVisibleWithinDataProcess);
-  // A Word that the user sees would be redrawn while the document builds up.
   std::optional<SuspendedScreen> suspended;
   if (!startedHere && arguments.rbScreenUpdating && word->Visible()) {
-    suspended.emplace(*word);
+    suspended.emplace(*word, /*afterwards=*/true);
   } else {
     word->ScreenUpdating(arguments.rbScreenUpdating);
   }

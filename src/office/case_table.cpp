@@ -58,7 +58,7 @@ CaseTable::Entry CaseTable::ReadEntry(TextView text, const Locale& locale) {
   }
   Entry entry;
   ReadCondition(entry, Trim(text.substr(0, colon)), locale);
-  ReadResult(entry, Trim(text.substr(colon + 1)));
+  ReadResult(entry, Trim(text.substr(colon + 1)), locale);
   return entry;
 }
 
@@ -93,11 +93,11 @@ void CaseTable::ReadCondition(Entry& entry, TextView condition, const Locale& lo
   entry.operand = entry.kind == Kind::kExactly ? WithoutApostrophes(condition) : condition;
 }
 
-void CaseTable::ReadResult(Entry& entry, TextView result) {
+void CaseTable::ReadResult(Entry& entry, TextView result, const Locale& locale) {
   entry.result = WithoutApostrophes(result);
   constexpr TextView kFormatted = u"@;";
   if (entry.result.starts_with(kFormatted)) {
-    entry.resultFormat.emplace(TextView(entry.result).substr(kFormatted.size()));
+    entry.resultFormat.emplace(TextView(entry.result).substr(kFormatted.size()), locale);
   }
 }
 
@@ -135,24 +135,23 @@ Text CaseTable::ResultOf(const Entry& entry, TextView value, const Locale& local
   return entry.result == u"@" ? Text(value) : entry.result;
 }
 
-const CaseTable::Entry* CaseTable::Else() const {
-  return entries_.back().isElse ? &entries_.back() : nullptr;
+// Of the last entry, when it stands for all that no other one fits.
+Text CaseTable::ElseResult(TextView value, const Locale& locale) const {
+  return entries_.back().isElse ? ResultOf(entries_.back(), value, locale) : Text();
 }
 
 Text CaseTable::Apply(TextView value, const Locale& locale) const {
   for (const Entry& entry : entries_) {
     if (Matches(entry, value, locale)) return ResultOf(entry, value, locale);
   }
-  const Entry* otherwise = Else();
-  return otherwise ? ResultOf(*otherwise, value, locale) : Text();
+  return ElseResult(value, locale);
 }
 
 Text CaseTable::ApplyToNull(const Locale& locale) const {
   for (const Entry& entry : entries_) {
     if (entry.kind == Kind::kNull) return ResultOf(entry, {}, locale);
   }
-  const Entry* otherwise = Else();
-  return otherwise ? ResultOf(*otherwise, {}, locale) : Text();
+  return ElseResult({}, locale);
 }
 
 }  // namespace zorkanca

@@ -45,10 +45,10 @@ class CaseTable {
 
   static Entry ReadEntry(TextView text, const Locale& locale);
   static void ReadCondition(Entry& entry, TextView condition, const Locale& locale);
-  static void ReadResult(Entry& entry, TextView result);
+  static void ReadResult(Entry& entry, TextView result, const Locale& locale);
   static bool Matches(const Entry& entry, TextView value, const Locale& locale);
   static Text ResultOf(const Entry& entry, TextView value, const Locale& locale);
-  const Entry* Else() const;
+  Text ElseResult(TextView value, const Locale& locale) const;
 
   std::vector<Entry> entries_;
 };

@@ -11,7 +11,7 @@ void cFormat::format(TextView format) {
   if (CaseTable::IsCaseTable(format)) {
     rules.emplace<CaseTable>(format, locale_);
   } else if (!format.empty()) {
-    rules.emplace<NamedFormat>(format);
+    rules.emplace<NamedFormat>(format, locale_);
   }
   rules_ = std::move(rules);
   format_ = format;

@@ -79,9 +79,7 @@ Text ForeignCode(TextView value) {
   return Text(Trim(value).substr(1));
 }
 
-// Spaces and the locale's grouping separators, which people type into numbers.
-Text WithoutInnerBlanks(TextView value, const Locale& locale) {
-  const char16_t grouping = FindNumberSeparators(locale).grouping;
+Text WithoutInnerBlanks(TextView value, char16_t grouping) {
   Text result(Trim(value));
   std::erase_if(result, [&](char16_t unit) { return unit == u' ' || unit == grouping; });
   return result;
@@ -105,7 +103,7 @@ bool BeginsLikeANumber(TextView value) {
 
 }  // namespace
 
-NamedFormat::NamedFormat(TextView format) {
+NamedFormat::NamedFormat(TextView format, const Locale& locale) : grouping_(FindNumberSeparators(locale).grouping) {
   const Text lower = LowerCase(format);
   TextView rest = lower;
   for (bool more = true; more;) {
@@ -156,7 +154,7 @@ NamedFormat::Step NamedFormat::Compile(const Text& format) {
           .pattern = FormatPattern(format)};
 }
 
-Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& locale) {
+Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& locale) const {
   switch (step.conversion) {
     case Conversion::kUnchanged:
       return value;
@@ -183,7 +181,7 @@ Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& loc
     case Conversion::kTrim:
       return Text(Trim(value));
     case Conversion::kTrimInside:
-      return WithoutInnerBlanks(value, locale);
+      return WithoutInnerBlanks(value, grouping_);
     case Conversion::kRegister:
       return Text(TextOfCode(kRegisters, UpperCase(value), kLongTermAssets));
     case Conversion::kYesNo:

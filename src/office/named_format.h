@@ -20,8 +20,9 @@ namespace zorkanca {
 
 class NamedFormat {
  public:
+  /// @param locale  of the values to be formatted
   /// Errors: 5 for more than 100 formats in a row, or for a pattern that cannot be compiled.
-  explicit NamedFormat(TextView format);
+  NamedFormat(TextView format, const Locale& locale);
 
   /// The value, formatted by each format in turn. A format that leaves nothing gives a single space: the line of a
   /// document that holds the value is then not suppressed as blank.
@@ -56,9 +57,10 @@ class NamedFormat {
   };
 
   static Step Compile(const Text& format);
-  static Text Convert(const Step& step, const Text& value, const Locale& locale);
+  Text Convert(const Step& step, const Text& value, const Locale& locale) const;
 
   std::vector<Step> steps_;
+  char16_t grouping_;  // separator that people type into numbers
 };
 
 }  // namespace zorkanca

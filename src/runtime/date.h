@@ -8,6 +8,9 @@
 
 namespace zorkanca {
 
+/// The serial of 1.1.1970, from which computers count their seconds.
+inline constexpr std::int32_t kSerialOf1970 = 25569;
+
 /// A date taken apart.
 struct DateParts {
   std::int32_t year = 1899;

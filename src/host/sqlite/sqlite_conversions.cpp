@@ -5,21 +5,20 @@
 #include <cmath>
 #include <limits>
 
+#include "runtime/date.h"
+
 namespace zorkanca {
 
 namespace {
 
 constexpr std::int64_t kSecondsADay = 86400;
-constexpr std::int64_t kDayOf1970 = 25569;
-constexpr std::int64_t kFirstDay = -657434;  // 1.1.100
-constexpr std::int64_t kLastDay = 2958465;   // 31.12.9999
 
 /// @param day  days since 30.12.1899
 std::optional<Date> DateOf(std::int64_t day, std::int64_t secondOfDay) {
-  if (day < kFirstDay || day > kLastDay) return std::nullopt;
   const double time = static_cast<double>(secondOfDay) / static_cast<double>(kSecondsADay);
   const auto whole = static_cast<double>(day);
-  return Date{day < 0 ? whole - time : whole + time};
+  const Date date{day < 0 ? whole - time : whole + time};
+  return IsDateSerial(date.serial) ? std::optional(date) : std::nullopt;
 }
 
 constexpr int kDigits = 15;  // that a real gives back as they were written
@@ -79,7 +78,7 @@ std::optional<Date> DateOfUnixSeconds(std::int64_t seconds) {
     --day;
     second += kSecondsADay;
   }
-  return DateOf(day + kDayOf1970, second);
+  return DateOf(day + kSerialOf1970, second);
 }
 
 std::optional<Date> DateOfJulianDay(double julianDay) {

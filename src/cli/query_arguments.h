@@ -1,0 +1,21 @@
+// What the commands over a database share: the database, its statement, and the names of several results.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "runtime/text.h"
+
+namespace zorkanca::cli {
+
+/// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
+const std::string& SqlitePath(const std::string& argument);
+
+/// The statement as --select gave it; "-" is all of standard input. Errors: 57 when that cannot be read.
+Text Statement(const std::string& argument);
+
+/// Name of the n-th of several results, in at least four digits: "0001.docx".
+/// @param extension  with its point
+Text NumberedName(std::int64_t number, TextView extension);
+
+}  // namespace zorkanca::cli
