@@ -83,7 +83,7 @@ struct HtmlOptions {
 };
 
 int RunHtml(const CommandContext& context, const HtmlOptions& options) {
-  QuietShell nothingOpens;
+  QuietShell nothingOpens(context.platform.shell);
   const bool opens = !options.noOpen && HasDisplay();
   const Platform platform = opens ? context.platform : context.platform.With(nothingOpens);
 

@@ -44,7 +44,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
       files_(*locale_.codePage),
       registry_(HomeFolder(options)),
       userInterface_(AnswersOf(options)),
-      environment_(HomeFolder(options), ZORKANCA_VERSION),
+      environment_(HomeFolder(options), ZORKANCA_VERSION, registry_),
       word_(locale_, {}, Warn),
       platform_{.files = files_,
                 .registry = registry_,
