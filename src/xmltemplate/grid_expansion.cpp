@@ -43,7 +43,7 @@ void GridExpansion::Expand(TextPiece* begin, TextPiece* end) {
   const TextPlace bodyEnd = text_.SkipBlankLinesBack(MarkedText::Before(end));
   const TextPlace behind = text_.SkipBlankLines(text_.After(end));
   if (count_ < 1) {
-    text_.Replace(before, behind, kCrLf);
+    text_.Replace(before, behind, Text(kCrLf));
     return;
   }
   if (body.piece == end) {  // nothing between the borders
@@ -58,7 +58,7 @@ void GridExpansion::Expand(TextPiece* begin, TextPiece* end) {
   const TextPlace firstCopy = text_.Replace(before, body, Text(kCrLf).append(indent_));
   const bool isNumbered = NumberFirstCopy(firstCopy, end);
   const TextPlace lastCopyEnd = text_.SkipBlankLinesBack(MarkedText::Before(end));
-  const TextPlace rest = text_.Replace(lastCopyEnd, behind, Text(kCrLf).append(others));
+  const TextPlace rest = text_.Replace(lastCopyEnd, behind, std::move(others.insert(0, kCrLf)));
   if (!isNumbered) searched_ = rest;
 }
 

@@ -28,15 +28,16 @@ MarkedText::MarkedText(Text text) {
   Index(pieces);
 }
 
-TextPiece* MarkedText::NewPiece(TextView text, TokenSet tokens, bool isMarker) {
+TextPiece* MarkedText::NewPiece(TextView text, TokenSet tokens) {
   hasUnclosed_ = hasUnclosed_ || (tokens & kUnclosed);
-  return &pieces_.emplace_back(TextPiece{.text = text, .tokens = tokens, .isMarker = isMarker});
+  return &pieces_.emplace_back(TextPiece{.text = text, .tokens = tokens});
 }
 
 void MarkedText::AddPieces(TextView text, const std::vector<PieceScanner::Cut>& cuts, std::vector<TextPiece*>& pieces) {
+  pieces.reserve(cuts.size() + 1);
   std::size_t start = 0;
   for (const PieceScanner::Cut& cut : cuts) {
-    pieces.push_back(NewPiece(text.substr(start, cut.end - start), cut.tokens, cut.isMarker));
+    pieces.push_back(NewPiece(text.substr(start, cut.end - start), cut.tokens));
     start = cut.end;
   }
 }
@@ -44,7 +45,7 @@ void MarkedText::AddPieces(TextView text, const std::vector<PieceScanner::Cut>& 
 void MarkedText::Index(const std::vector<TextPiece*>& pieces) {
   std::vector<TextPiece*> markers;
   std::copy_if(pieces.begin(), pieces.end(), std::back_inserter(markers),
-               [](const TextPiece* piece) { return piece->isMarker; });
+               [](const TextPiece* piece) { return piece->isMarker(); });
   if (!markers.empty()) index_.Add(markers);
 }
 
@@ -60,14 +61,14 @@ TextPlace MarkedText::Advance(TextPlace place, std::size_t units) const {
 std::optional<TextPlace> MarkedText::LastToken(Token token, const TextPiece* marker) const {
   TextPiece* piece = order_.LastWith(token, marker);
   if (!piece) return std::nullopt;
-  return TextPlace{piece, piece->isMarker ? FindLastToken(piece->text, token) : 0};
+  return TextPlace{piece, piece->isMarker() ? FindLastToken(piece->text, token) : 0};
 }
 
 std::optional<TextPlace> MarkedText::FirstToken(Token token, TextPlace from) const {
   if (from.piece && from.offset > 0) from = After(from.piece);
   TextPiece* piece = order_.FirstWith(token, from.piece);
   if (!piece) return std::nullopt;
-  return TextPlace{piece, piece->isMarker ? FindToken(piece->text, token) : 0};
+  return TextPlace{piece, piece->isMarker() ? FindToken(piece->text, token) : 0};
 }
 
 std::optional<TextPlace> MarkedText::Find(TextView sought, TextPlace from, TextPlace to) const {
@@ -144,12 +145,16 @@ std::size_t MarkedText::Length(TextPlace from, TextPlace to) const {
 // Where reading must start when the text at a place changes: where a marker or a token begins that the change may
 // touch.
 TextPlace MarkedText::SafeStart(TextPlace from, TextView with) const {
-  if (from.piece && from.piece->isMarker && from.offset > 0) from.offset = 0;
+  if (from.piece && from.piece->isMarker() && from.offset > 0) from.offset = 0;
   if (hasUnclosed_ && MayCloseMarker(with)) {
     TextPiece* unclosed = order_.FirstWith(kUnclosed, order_.First());
     if (unclosed && (!from.piece || unclosed == from.piece || order_.IsBefore(unclosed, from.piece))) {
       return {unclosed, 0};
     }
+  }
+  // Nearly always a tag ends there.
+  if (const TextPiece* previous = order_.Previous(from.piece); previous && from.offset == 0) {
+    if (previous->text.ends_with(u'>')) return from;
   }
   // Long enough to hold the start of any token, and blanks behind a "<?" with what is before them.
   constexpr std::size_t kLongest = 8;
@@ -161,7 +166,7 @@ TextPlace MarkedText::SafeStart(TextPlace from, TextView with) const {
   while (!isEnough()) {
     if (!start.piece || start.offset == 0) {
       TextPiece* previous = order_.Previous(start.piece);
-      if (!previous || previous->isMarker) break;
+      if (!previous || previous->isMarker()) break;
       start = {previous, previous->text.size()};
     }
     // A piece at a time, but of long ones only what is needed.
@@ -174,19 +179,19 @@ TextPlace MarkedText::SafeStart(TextPlace from, TextView with) const {
   return pending == tail.size() ? from : Advance(start, pending);
 }
 
-TextPlace MarkedText::Replace(TextPlace from, TextPlace to, TextView with) {
+TextPlace MarkedText::Replace(TextPlace from, TextPlace to, Text with) {
   const TextPlace start = SafeStart(from, with);
-  Text& text = texts_.emplace_back(Copy(start, from));
   size_ += with.size();
   size_ -= Length(from, to);
-  text.append(with);
+  if (const Text kept = Copy(start, from); !kept.empty()) with.insert(0, kept);
+  Text& text = texts_.emplace_back(std::move(with));
 
   TextPiece* end = to.piece;
   TextView rest;  // of the piece in which the replaced part ends
   if (to.piece && to.offset > 0) {
     end = order_.Next(to.piece);
     rest = to.piece->text.substr(to.offset);
-    if (to.piece->isMarker) {
+    if (to.piece->isMarker()) {
       text.append(rest);
       rest = {};
     }
@@ -211,7 +216,7 @@ TextPlace MarkedText::Replace(TextPlace from, TextPlace to, TextView with) {
   std::vector<TextPiece*> pieces;
   AddPieces(text, scanner.cuts(), pieces);
   TextPiece* following = end;
-  if (!rest.empty()) pieces.push_back(following = NewPiece(rest, 0, false));
+  if (!rest.empty()) pieces.push_back(following = NewPiece(rest, 0));
   order_.Replace(first, end, pieces);
   Index(pieces);
   return {following, 0};

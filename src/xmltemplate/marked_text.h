@@ -64,11 +64,11 @@ class MarkedText {
   /// Puts a text in place of what stands between two places. It may hold anything; markers that it makes, breaks or
   /// joins are indexed as if the whole text had been read anew.
   /// @return the place behind it, past what has to be read together with it
-  TextPlace Replace(TextPlace from, TextPlace to, TextView with);
+  TextPlace Replace(TextPlace from, TextPlace to, Text with);
 
  private:
   TextPlace SafeStart(TextPlace from, TextView with) const;
-  TextPiece* NewPiece(TextView text, TokenSet tokens, bool isMarker);
+  TextPiece* NewPiece(TextView text, TokenSet tokens);
   void AddPieces(TextView text, const std::vector<PieceScanner::Cut>& cuts, std::vector<TextPiece*>& pieces);
   void Index(const std::vector<TextPiece*>& pieces);
 

@@ -87,11 +87,12 @@ Text IndexText(std::int16_t index) {
   return index < 0 ? u"-" + digits : digits;
 }
 
-Text CellSymbol(std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex) {
-  Text symbol = Numbered(u"#GD-C", colSign, u"-c[");
-  symbol.append(colIndex).append(u"]-R");
-  AppendDecimal(symbol, rowSign);
-  return symbol.append(u"-r[").append(rowIndex).append(u"]-#");
+void AppendCellSymbol(Text& text, std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex) {
+  text.append(u"#GD-C");
+  AppendDecimal(text, colSign);
+  text.append(u"-c[").append(colIndex).append(u"]-R");
+  AppendDecimal(text, rowSign);
+  text.append(u"-r[").append(rowIndex).append(u"]-#");
 }
 
 }  // namespace zorkanca

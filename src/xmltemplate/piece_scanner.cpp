@@ -105,11 +105,11 @@ bool PieceScanner::FinishMarker(TextView text, bool isLast) {
     return true;
   }
   const std::size_t end = closing + kClosing.size();
-  TokenSet inside = 0;
+  TokenSet inside = kMarker;
   for (std::size_t at = text.find(u'<', start_ + 1); at < end; at = text.find(u'<', at + 1)) {
     inside |= TagAt(text.substr(at, end - at)).token;
   }
-  cuts_.push_back({.end = end, .tokens = inside, .isMarker = true});
+  cuts_.push_back({.end = end, .tokens = inside});
   start_ = next_ = end;
   tokens_ = 0;
   return true;
@@ -117,7 +117,7 @@ bool PieceScanner::FinishMarker(TextView text, bool isLast) {
 
 // Ends the piece being read; there is none when it would be empty.
 void PieceScanner::CutAt(std::size_t end) {
-  if (end > start_) cuts_.push_back({.end = end, .tokens = tokens_, .isMarker = false});
+  if (end > start_) cuts_.push_back({.end = end, .tokens = tokens_});
   start_ = end;
   tokens_ = 0;
 }

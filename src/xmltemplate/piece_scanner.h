@@ -25,7 +25,6 @@ class PieceScanner {
   struct Cut {
     std::size_t end = 0;
     TokenSet tokens = 0;
-    bool isMarker = false;
   };
 
   /// Reads on to the end of the text.

@@ -16,9 +16,9 @@ TextPiece* TaggedText::FindCell(const TaggedCell& cell) {
   const Text row = IndexText(cell.RowIndex);
   const TextView indices[][2] = {{column, row}, {kAnyIndex, kAnyIndex}, {kAnyIndex, row}, {column, kAnyIndex}};
   for (const auto& [colIndex, rowIndex] : indices) {
-    if (TextPiece* marker = Marked().FirstMarker(CellSymbol(cell.ColSign, cell.RowSign, colIndex, rowIndex))) {
-      return marker;
-    }
+    symbol_.clear();
+    AppendCellSymbol(symbol_, cell.ColSign, cell.RowSign, colIndex, rowIndex);
+    if (TextPiece* marker = Marked().FirstMarker(symbol_)) return marker;
   }
   return nullptr;
 }
@@ -52,8 +52,8 @@ std::optional<TaggedText::Tag> TaggedText::CellTag(const TaggedCell& cell) {
 
 void TaggedText::SetTagAttribute(const std::optional<Tag>& tag, TextView name, TextView value) {
   if (!tag) return;
-  const Text changed = SetAttribute(Marked().Copy(tag->start, tag->end), name, value);
-  Marked().Replace(tag->start, tag->end, changed);
+  Text changed = SetAttribute(Marked().Copy(tag->start, tag->end), name, value);
+  Marked().Replace(tag->start, tag->end, std::move(changed));
 }
 
 Text TaggedText::GetTagAttribute(const std::optional<Tag>& tag, TextView name) {

@@ -64,7 +64,8 @@ class TaggedText {
   void SetTagAttribute(const std::optional<Tag>& tag, TextView name, TextView value);
   Text GetTagAttribute(const std::optional<Tag>& tag, TextView name);
 
-  Text text_;  // until it is first worked on
+  Text symbol_;  // what is being looked for: one text for all searches
+  Text text_;    // until it is first worked on
   std::unique_ptr<MarkedText> marked_;
   const CodePage* codePage_;
 };

@@ -16,7 +16,7 @@ constexpr TextView kSavingFailed = u"Došlo k chybě při ukládání XML dokume
 constexpr TextView kNoWorksheet = u"Není definován ani jeden list!";
 
 Text WithoutComments(TextView text) {
-  return RemoveBlankLines(RemoveEnclosed(text, kCommentStart, kCommentEnd));
+  return RemoveBlankLines(RemoveEnclosed(Text(text), kCommentStart, kCommentEnd));
 }
 
 Text UnknownKeyMessage(TextView key) {
@@ -68,19 +68,24 @@ bool cExcel2003XmlTemplateFactory::SaveWorkbook(TextView fileName) {
     ShowFailure(Text(kNoWorksheet));
     return false;
   }
-  Text workbook;
+  std::vector<Text> workbook;
   if (!Succeeds(kComposingFailed, [&] { workbook = ComposeWorkbook(); })) return false;
   return Succeeds(kSavingFailed, [&] {
     const auto stream = platform_.files.OpenTextFile(fileName, IoMode::kForWriting, true, TextFormat::kAnsi);
-    stream->Write(workbook);
+    for (const Text& part : workbook) {
+      if (&part != &workbook.front()) stream->Write(kCrLf);
+      stream->Write(part);
+    }
     stream->Close();
   });
 }
 
-Text cExcel2003XmlTemplateFactory::ComposeWorkbook() const {
-  Text workbook(TrimTrailingBlankLines(WithoutComments(template_.header())));
-  for (const WorksheetReference& worksheet : worksheets_) workbook.append(kCrLf).append(worksheet->Compose());
-  return workbook.append(kCrLf).append(WithoutComments(template_.footer()));
+// The workbook's parts, between each two of which a line ends.
+std::vector<Text> cExcel2003XmlTemplateFactory::ComposeWorkbook() const {
+  std::vector<Text> parts = {Text(TrimTrailingBlankLines(WithoutComments(template_.header())))};
+  for (const WorksheetReference& worksheet : worksheets_) parts.push_back(worksheet->Compose());
+  parts.push_back(WithoutComments(template_.footer()));
+  return parts;
 }
 
 // Shows the failure, if there is one, with what happened.

@@ -10,6 +10,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "platform/platform.h"
 #include "runtime/text.h"
@@ -35,7 +36,7 @@ class cExcel2003XmlTemplateFactory {
   bool SaveWorkbook(TextView fileName);
 
  private:
-  Text ComposeWorkbook() const;
+  std::vector<Text> ComposeWorkbook() const;
   bool Succeeds(TextView failure, const std::function<void()>& body);
   void ShowFailure(Text message);
 

@@ -56,6 +56,10 @@ TextView TrimTrailingBlankLines(TextView text) {
 
 namespace {
 
+std::ptrdiff_t Offset(std::size_t position) {
+  return static_cast<std::ptrdiff_t>(position);
+}
+
 bool EndsIgnoringCase(TextView text, TextView end) {
   return text.size() >= end.size() && EqualsIgnoringAsciiCase(text.substr(text.size() - end.size()), end);
 }
@@ -74,9 +78,11 @@ std::size_t LengthToClosing(TextView text, TextView opening, TextView closing) {
 
 }  // namespace
 
-Text RemoveEnclosed(TextView text, TextView opening, TextView closing) {
-  Text kept(text.substr(0, FindIgnoringCase(text, opening)));
-  text.remove_prefix(kept.size());
+Text RemoveEnclosed(Text whole, TextView opening, TextView closing) {
+  const std::size_t first = FindIgnoringCase(whole, opening);
+  if (first == Text::npos) return whole;
+  Text kept = whole.substr(0, first);
+  TextView text = TextView(whole).substr(first);
   // What is kept never holds a whole opening but the one just completed at its end.
   for (;;) {
     const std::size_t end = text.find(opening.back());
@@ -91,14 +97,25 @@ Text RemoveEnclosed(TextView text, TextView opening, TextView closing) {
   }
 }
 
-Text RemoveBlankLines(TextView text) {
-  Text kept;
-  kept.reserve(text.size());
-  for (std::size_t end = text.find(kCrLf); end != TextView::npos; end = text.find(kCrLf)) {
-    if (!TrimLeftBlanks(text.substr(0, end)).empty()) kept.append(text.substr(0, end + kCrLf.size()));
-    text.remove_prefix(end + kCrLf.size());
+Text RemoveBlankLines(Text text) {
+  std::size_t kept = 0;  // units, moved to the start of the text
+  const auto keep = [&](std::size_t start, std::size_t end) {
+    if (kept != start) std::copy(text.begin() + Offset(start), text.begin() + Offset(end), text.begin() + Offset(kept));
+    kept += end - start;
+  };
+  std::size_t unmoved = 0;
+  std::size_t line = 0;
+  for (std::size_t end = text.find(kCrLf); end != Text::npos; end = text.find(kCrLf, line)) {
+    const std::size_t next = end + kCrLf.size();
+    if (TrimLeftBlanks(TextView(text).substr(line, end - line)).empty()) {
+      keep(unmoved, line);
+      unmoved = next;
+    }
+    line = next;
   }
-  return kept.append(text);
+  keep(unmoved, text.size());
+  text.resize(kept);
+  return text;
 }
 
 Text Utf8Encode(TextView text, const CodePage& codePage) {

@@ -36,9 +36,9 @@ TextView TrimTrailingBlankLines(TextView text);
 
 /// Removes each stretch from an opening to the end of the next closing one, case ignored, from left to right. What then
 /// meets is one text: an opening that only comes together there counts. An opening without a closing one stays.
-Text RemoveEnclosed(TextView text, TextView opening, TextView closing);
+Text RemoveEnclosed(Text text, TextView opening, TextView closing);
 /// Without the lines (ended by CR LF) that hold nothing but blanks. What follows the last line end stays as it is.
-Text RemoveBlankLines(TextView text);
+Text RemoveBlankLines(Text text);
 
 /// Each UTF-16 unit as the one to three bytes that UTF-8 gives to its code, each byte as its character of the code
 /// page.

@@ -14,7 +14,7 @@ constexpr std::size_t kFilledSize = 96;  // of blocks filled at once, so that th
 void Place(PieceBlock& block, std::size_t fromIndex) {
   for (std::size_t index = fromIndex; index < block.pieces.size(); ++index) {
     block.pieces[index]->block = &block;
-    block.pieces[index]->index = index;
+    block.pieces[index]->index = static_cast<std::uint32_t>(index);
   }
 }
 

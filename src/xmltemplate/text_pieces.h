@@ -18,7 +18,8 @@ enum Token : unsigned {
   kDataStart = 2,   ///< "<Data " or "<Data>"
   kDataEnd = 4,     ///< "</Data>"
   kTableStart = 8,  ///< "<Table " or "<Table>"
-  kUnclosed = 16,   ///< the start of a marker that never ends
+  kMarker = 16,     ///< the whole piece is a marker
+  kUnclosed = 32,   ///< the start of a marker that never ends
 };
 using TokenSet = unsigned;
 
@@ -28,10 +29,10 @@ struct PieceBlock;
 struct TextPiece {
   TextView text;
   TokenSet tokens = 0;
-  bool isMarker = false;
-
+  std::uint32_t index = 0;      ///< in the block
   PieceBlock* block = nullptr;  ///< null: the piece is not, or no longer, part of the text
-  std::size_t index = 0;        ///< in the block
+
+  bool isMarker() const { return tokens & kMarker; }
 };
 
 struct PieceBlock {

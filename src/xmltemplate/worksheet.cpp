@@ -51,8 +51,8 @@ WorksheetSectionReference cExcel2003XmlWorksheet::AddWorksheetSection(std::int16
 
 Text cExcel2003XmlWorksheet::Compose() const {
   Text text = ApplyColumns(MergeSections(text_.Whole(), sections_), columns_);
-  text = RemoveEnclosed(text, kCommentStart, kCommentEnd);
-  return RemoveBlankLines(RemoveEnclosed(text, kMarkerStart, kMarkerEnd));
+  text = RemoveEnclosed(std::move(text), kCommentStart, kCommentEnd);
+  return RemoveBlankLines(RemoveEnclosed(std::move(text), kMarkerStart, kMarkerEnd));
 }
 
 }  // namespace zorkanca

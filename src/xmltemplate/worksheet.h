@@ -64,9 +64,8 @@ class cExcel2003XmlWorksheet final : public Object {
     columns_.Set(ColIndex, ColWidth, AutoFitWidth);
   }
 
-  /// The finished text: with sections and column settings, without comments, left-over markers and blank lines. Changes
-  /// nothing, so that a workbook can be saved again.
-  /// Errors: those of `MergeSections` and `ApplyColumns`.
+  /// The finished text: with sections and column settings, without comments, left-over markers and blank lines.
+  /// Changes nothing, so that a workbook can be saved again. Errors: those of `MergeSections` and `ApplyColumns`.
   Text Compose() const;
 
  private:
