@@ -31,7 +31,7 @@ std::optional<bool> AnswerOf(const std::string& line) {
 MessageAnswer ConsoleUserInterface::Show(const Message& message) {
   Text line = message.title;
   if (!line.empty()) line.append(u": ");
-  line.append(Replace(message.text, kCrLf, u"\n")).append(u"\n");
+  line = Replace(line.append(message.text), kCrLf, u"\n").append(u"\n");
   if (isatty(output_)) Print("\r\x1b[K");  // a progress bar may stand in the line
   Print(ToUtf8(line));
   switch (message.buttons) {
