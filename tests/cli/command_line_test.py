@@ -6,6 +6,7 @@
 import os
 import pathlib
 import pty
+import re
 import signal
 import sqlite3
 import subprocess
@@ -261,6 +262,16 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual((self.folder / "sesit.xml").read_text(),
                          f'<Workbook>\n<Worksheet ss:Name="Žluť">{table}<Cell><Data>ř</Data></Cell><s>x</s></Table></Worksheet>\n'
                          '<Worksheet ss:Name="b"><Table ss:X="1"><Cell><Data></Data></Cell></Table></Worksheet>\n</Workbook>')
+
+    def test_fills_the_documented_example(self):
+        page = (SAMPLE.parent.parent / "docs/formats/spreadsheet_xml.md").read_text()
+        blocks = ["\r\n".join(line[4:] for line in block.splitlines()) + "\r\n"
+                  for block in re.findall(r"(?m)(?:^    .*\n)+", page)]
+        template, result = [block for block in blocks if block.startswith("<?xml version")]
+        [steps] = [block for block in blocks if block.startswith("[[")]
+        (self.folder / "vzor.xml").write_bytes(template.encode())
+        self.run_program("fill", "vzor.xml", "-", "-o", "cenik.xml", stdin=steps)
+        self.assertEqual((self.folder / "cenik.xml").read_bytes().decode(), result)
 
     def test_steps_that_fail_are_named(self):
         (self.folder / "sesit.xml").unlink(missing_ok=True)
