@@ -48,6 +48,8 @@ class RegistryKeyCursor {
   bool DeleteKey(TextView name, bool recursive = false);
 
  private:
+  template <typename Kind>
+  Kind Read(TextView name, Kind defaultValue) const;
   Text PathOf(TextView name) const;
   Text Shown(TextView path) const;
 

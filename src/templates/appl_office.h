@@ -30,4 +30,11 @@ constexpr TextView ExtensionOf(ApplOffice application) {
   return {};
 }
 
+/// A file name completed by the extension of the application's templates unless it holds a ".".
+inline Text WithExtension(TextView name, ApplOffice application) {
+  Text completed(name);
+  if (name.find(u'.') == TextView::npos) completed.append(ExtensionOf(application));
+  return completed;
+}
+
 }  // namespace zorkanca

@@ -60,6 +60,8 @@ class c_SablonaOffice {
   /// File name with extension; also the name of the registry key.
   const Text& name() const { return content_.name; }
   void name(TextView value);
+  /// The name under which the list and the registry have it until it is saved; empty for a new template.
+  const Text& StoredName() const;
   /// Path and name with one separator between them.
   Text FullFileName() const;
 
@@ -83,9 +85,9 @@ class c_SablonaOffice {
   /// completes is taken.
   bool Save(bool interactive);
 
-  /// Deletes the registry key; a new template has none.
+  /// Deletes the registry key; a new template has none. Errors: of the registry.
   void DeleteKey();
-  /// Each writes one value; a new template has no key to write to.
+  /// Each writes one value of the registry key; nothing for a new template.
   void SaveKey();
   void SaveActive();
 
@@ -99,10 +101,11 @@ class c_SablonaOffice {
 
   void BeginEdit();
   void LookForFile();
-  bool MayBeSaved(bool interactive);
   bool IsUniqueInList(bool interactive) const;
-  bool CompleteExtension(bool interactive);
-  void Write(bool underNewName);
+  bool CorrectExtension(bool interactive);
+  void RequireFreeName() const;
+  void Write(bool underNewName) const;
+  void WriteNumber(TextView valueName, std::int32_t number) const;
 
   Platform platform_;
   TemplateListKey listKey_;

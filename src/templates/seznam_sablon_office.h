@@ -12,6 +12,7 @@
 #include "runtime/text.h"
 #include "templates/appl_office.h"
 #include "templates/sablona_office.h"
+#include "templates/supply_file.h"
 #include "templates/template_list_key.h"
 
 namespace zorkanca {
@@ -47,20 +48,19 @@ class c_SeznamSablonOffice {
   /// The name that the list got, for the caller's own variable: never blank after `Fill`.
   const Text& ListName() const { return key_.Typ; }
   const Text& ZorAplName() const { return key_.ZorAplName; }
-  /// Why the last `Fill` or `SupplyFromFile` was false, as the error log has it; nothing when it was true or the user
-  /// has seen a message.
+  /// What went wrong in the last `Fill` or `SupplyFromFile`, as the error log has it; nothing when all went well or the
+  /// user has seen a message.
   const std::optional<Error>& Failure() const { return failure_; }
 
   std::int32_t Count() const { return static_cast<std::int32_t>(templates_.size()); }
   const Template& Item(std::int32_t index) const;
-  /// By file name, case ignored. Errors: 5 when there is none.
+  /// By its stored name, case ignored. Errors: 5 when there is none.
   const Template& Item(TextView name) const;
   auto begin() const { return templates_.begin(); }
   auto end() const { return templates_.end(); }
 
   /// A new template, to be named and saved; nothing is written yet.
   /// @param Index  row before which it goes, from 0; behind the last row it is appended
-  /// Errors: 457 while another one has no name yet.
   Template AddNewItem(std::int32_t Index);
   /// Takes the template in a row, from 0, out of the list and deletes its registry key.
   void KillItem(std::int32_t Index);
@@ -87,8 +87,25 @@ class c_SeznamSablonOffice {
   /// The folder of the template saved last as a new one; empty at first.
   const Text& LastNewFolder() const { return lastNewFolder_; }
   void LastNewFolder(TextView value) { lastNewFolder_ = value; }
+  /// Moves a template of the list to where its `key` says.
+  void Reinsert(const c_SablonaOffice& moved);
 
  private:
+  template <typename Body>
+  bool Trapped(TextView operation, const Body& body);
+  const Template& At(std::int64_t position) const;
+  void Insert(Template inserted, std::int64_t before);
+  void Clear();
+  void Load(const TemplateListFill& arguments);
+  void LoadTemplate(RegistryKeyCursor& cursor, TextView name);
+  void KeepOneActive();
+  void MakeOnlyActive(std::int64_t position);
+  bool Supply();
+  void RegisterAll(const std::vector<SuppliedTemplate>& supplied);
+  void Register(const SuppliedTemplate& supplied);
+  bool PassesFilter(TextView name) const;
+  std::vector<Text> InStoredOrder(RegistryKeyCursor& cursor) const;
+
   Platform platform_;
   ApplOffice typeOfApplOffice_ = ApplOffice::AllTypes;
   Text supplyFolder_;
