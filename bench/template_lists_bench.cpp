@@ -42,7 +42,7 @@ class Computer {
   LinuxFileSystem files_{*memory_.locale.codePage};
   FileRegistry registry_{folder_.Path("home"), folder_.Path("system")};
   Platform platform_{files_,         registry_,        memory_.userInterface, memory_.shell, memory_.clock,
-                     memory_.locale, memory_.eventLog, memory_.environment,   memory_.word};
+                     memory_.locale, memory_.eventLog, memory_.environment,   memory_.office};
 };
 
 void Supply(benchmark::State& state) {

@@ -137,37 +137,21 @@ TEST_F(Seznam, ValuesOfTheWrongKindCostNoTemplate) {
   EXPECT_NE(log.find("Hodnota \"path\" kl"), std::string::npos) << log;
 }
 
-// A registry that refuses to be written.
-class ReadOnlyRegistry final : public MemoryRegistry {
- public:
-  bool readOnly = false;
-  void Change(const std::function<void()>& changes) override {
-    MemoryRegistry::Change([&] {
-      changes();
-      if (readOnly) Raise(RuntimeError::kPermissionDenied);
-    });
-  }
-};
-
 TEST_F(Seznam, FailuresLeaveTheListUsable) {
   for (const auto& [application, name] : {std::pair(u"", u"x"), std::pair(u"A1", u"..\\"), std::pair(u"A1", u"a\\b")}) {
     EXPECT_FALSE(list_.Fill({.ZorAplName = application, .listName = name}));
     EXPECT_EQ(list_.Failure()->number(), 5);
   }
 
-  ReadOnlyRegistry registry;
-  Platform platform{computer_.files,  registry,           computer_.userInterface, computer_.shell, computer_.clock,
-                    computer_.locale, computer_.eventLog, computer_.environment,   computer_.word};
-  c_SeznamSablonOffice list(platform);
   computer_.files.Put(u"C:\\Suite\\Sablony\\A1\\a.dot", "");
   PutSupply("A1||a.dot|A|1|\n");
-  registry.readOnly = true;
-  EXPECT_TRUE(list.Fill({.ZorAplName = u"A1"})) << "the supply does not count";
-  EXPECT_EQ(list.Failure()->number(), 70);
-  EXPECT_EQ(list.Count(), 0) << "what was not written is not there";
-  registry.readOnly = false;
-  EXPECT_TRUE(list.SupplyFromFile());
-  EXPECT_EQ(Names(list), "1 a.dot");
+  computer_.registry.refusesChanges = true;
+  EXPECT_TRUE(list_.Fill({.ZorAplName = u"A1"})) << "the supply does not count";
+  EXPECT_EQ(list_.Failure()->number(), 70);
+  EXPECT_EQ(list_.Count(), 0) << "what was not written is not there";
+  computer_.registry.refusesChanges = false;
+  EXPECT_TRUE(list_.SupplyFromFile());
+  EXPECT_EQ(Names(list_), "1 a.dot");
 }
 
 TEST_F(Seznam, TemplatesOutliveTheirList) {
