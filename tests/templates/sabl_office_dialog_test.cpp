@@ -186,41 +186,19 @@ TEST_F(ListDialog, OpensWhereItWasLeft) {
   EXPECT_EQ(Messages(), "");
 }
 
-// A registry that refuses to be changed from some moment on.
-class RefusingRegistry final : public MemoryRegistry {
- public:
-  bool refuses = false;
-  void Change(const std::function<void()>& changes) override {
-    if (refuses) Raise(RuntimeError::kPermissionDenied);
-    MemoryRegistry::Change(changes);
-  }
-};
-
-TEST(ListDialogFailures, AreShownAndKeepNobodyInTheDialog) {
-  MemoryPlatform computer;
-  RefusingRegistry registry;
-  const Platform& all = computer.platform;
-  TemplateLists lists({all.files, registry, all.userInterface, all.shell, all.clock, all.locale, all.eventLog,
-                       all.environment, all.office});
-  computer.files.Put(u"C:\\S\\a.dot", "");
-  computer.files.Put(u"C:\\S\\b.dot", "");
-  for (const TextView name : {u"a.dot", u"b.dot"}) {
-    const Text key = Text(kCursorStart).append(u"\\SABLONY\\A1\\L\\").append(name);
-    registry.Write(RegistryHive::kCurrentUser, key, u"path", Text(u"C:\\S"));
-  }
-  computer.userInterface.scripts.emplace_back([&](Form& form) {
-    const FormPerson person(form);
+TEST_F(ListDialog, FailuresAreShownAndKeepNobodyInTheDialog) {
+  Register(u"a.dot");
+  Register(u"b.dot");
+  Expect([this](const FormPerson& person) {
     person.Pick(1);
     person.Press(u"cmd_Nahoru");
-    registry.refuses = true;
+    computer.registry.refusesChanges = true;
     person.Press(u"cmd_OK");
   });
-  TemplateListArguments arguments{.rsZorApl = u"A1", .rsListName = u"L"};
-  EXPECT_EQ(lists.TemplateList(arguments), u"C:\\S\\b.dot") << "the choice counts although it cannot be kept";
-  EXPECT_EQ(std::count_if(computer.journal.begin(), computer.journal.end(),
-                          [](const std::string& line) { return line.find("70 - Permission denied") != line.npos; }),
-            2)
-      << "once for the active one, once for the order";
+  EXPECT_EQ(Choose(), "C:\\S\\b.dot") << "the choice counts although it cannot be kept";
+  const std::string message =
+      "message 48 [Seznam šablon] Při práci se seznamem šablon došlo k chybě:\\r\\n70 - Permission denied\n";
+  EXPECT_EQ(Messages(), message + message) << "for the active one and for the order";
 }
 
 }  // namespace
