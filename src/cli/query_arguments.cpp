@@ -5,6 +5,27 @@
 
 namespace zorkanca::cli {
 
+void AddQueryOptions(CLI::App& command, QueryOptions& query) {
+  command.add_option("--db", query.database, "SQLite database file")->required();
+  command.add_option("--select", query.select, "SELECT statement; - reads it from standard input")->required();
+  command.add_option("--options", query.options, "options passed to the database");
+  AddStepOption(command, query);
+}
+
+void AddRecordOptions(CLI::App& command, QueryOptions& query) {
+  command.add_option("--names", query.names, "column names separated by ';'");
+  command.add_option("--multiplier", query.multiplier, "column that tells how often a record is written");
+  AddBlankRecordsOption(command, query);
+}
+
+void AddStepOption(CLI::App& command, QueryOptions& query) {
+  command.add_option("--step", query.step, "percent between two progress events")->capture_default_str();
+}
+
+void AddBlankRecordsOption(CLI::App& command, QueryOptions& query) {
+  command.add_option("--blank-records", query.blankRecords, "empty records before the data");
+}
+
 const std::string& SqlitePath(const std::string& argument) {
   if (!argument.starts_with("ODBC;")) return argument;
   throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");

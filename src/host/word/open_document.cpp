@@ -36,6 +36,7 @@ OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, 
                   [this](const MergeOrder& order) {
                     MergeOrder reporting = order;
                     reporting.warn = holder_.warn;
+                    reporting.cancelled = holder_.cancelled;
                     holder_.add(std::make_unique<MergedContent>(Opened().Parts(), reporting, holder_.locale));
                   }},
                  holder_.locale) {}

@@ -19,6 +19,7 @@ struct DocumentHolder {
   std::function<void(const WordDocument&)> close;
   std::function<void(std::unique_ptr<DocumentContent>)> add;  ///< opens what a merge made
   std::function<void(TextView)> warn;
+  std::function<bool()> cancelled;
   const LibreOfficeConverter& converter;
   const Locale& locale;
 };

@@ -25,6 +25,7 @@ struct MergeOrder {
   std::size_t endRecord = 0;    ///< behind the last one
   /// Told in English of fields that could not be evaluated.
   std::function<void(TextView)> warn;
+  std::function<bool()> cancelled;  ///< asked before each copy is made, while the document is open
 };
 
 class MergedContent final : public DocumentContent {
