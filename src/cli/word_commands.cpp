@@ -39,7 +39,8 @@ struct FormOptions {
 // The data file of a merge is of no use to somebody who did not ask for it, and holds other people's data.
 class DataFile {
  public:
-  DataFile(FileSystem& files, const std::string& asked, Text& path) : files_(files), asked_(!asked.empty()), path_(path) {
+  DataFile(FileSystem& files, const std::string& asked, Text& path)
+      : files_(files), asked_(!asked.empty()), path_(path) {
     if (asked_) path = files.GetAbsolutePathName(FromUtf8(asked));
   }
   ~DataFile() {

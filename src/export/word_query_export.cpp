@@ -23,7 +23,8 @@ WordQueryExport::WordQueryExport(ExportContext& context, Database& database, Tex
       reader_(session_) {}
 
 bool WordQueryExport::Run() {
-  return RunToEdge(session_, kWordExportTitle, [&] { return Export(); }, [&] { ShowCheckpoint(); });
+  return RunToEdge(
+      session_, kWordExportTitle, [&] { return Export(); }, [&] { ShowCheckpoint(); });
 }
 
 bool WordQueryExport::Export() {

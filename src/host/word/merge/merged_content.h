@@ -39,6 +39,7 @@ class MergedContent final : public DocumentContent {
   StoryText* HeaderText(std::int32_t section, HeaderKind kind) override;
   pugi::xml_node Body() override { return {}; }
   void BodyChanged() override {}
+  std::uint64_t BodyVersion() const override { return 0; }
   WordPackage& Parts() override { return parts_; }
   Package Written() override;
 
