@@ -43,7 +43,7 @@ using Command = std::function<int(const CommandContext&)>;
 
 /// Each adds a group of commands; the one that was given puts itself into `chosen`.
 void AddExportCommands(CLI::App& app, Command& chosen);
-void AddMergeCommands(CLI::App& app, Command& chosen);
+void AddWordCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
 void AddTemplateCommands(CLI::App& app, Command& chosen);

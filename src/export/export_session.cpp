@@ -39,6 +39,7 @@ TextStream& ExportSession::OpenOutput(const Text& path, TextFormat format) {
 void ExportSession::CloseOutput() {
   output_->Close();
   output_.reset();
+  IgnoreErrors([&] { lock_ = context_.platform.files.LockFile(outputPath_); });
 }
 
 void ExportSession::Fail(TextView title, const Text& message) {
@@ -46,6 +47,7 @@ void ExportSession::Fail(TextView title, const Text& message) {
     context_.platform.userInterface.Show({.text = message, .title = Text(title), .icon = MessageIcon::kExclamation});
   });
   output_.reset();
+  lock_.reset();
   if (outputPath_.empty()) return;
   IgnoreErrors([&] { context_.platform.files.DeleteFile(outputPath_, /*force=*/true); });
 }
