@@ -1,6 +1,7 @@
 #include "export/export_failure.h"
 
 #include "export/export_session.h"
+#include "foundation/ignore_errors.h"
 
 namespace zorkanca {
 
@@ -31,12 +32,14 @@ std::optional<Text> StopMessage(const Error& error) {
   return std::nullopt;
 }
 
-bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body) {
+bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
+               const std::function<void()>& unforeseen) {
   try {
-    body();
-    return true;
+    return body();
   } catch (...) {
-    session.Fail(title, MessageOf(*ErrorBeingHandled()));
+    const Error error = *ErrorBeingHandled();
+    session.Fail(title, MessageOf(error));
+    if (unforeseen && !StopMessage(error)) IgnoreErrors(unforeseen);
     return false;
   }
 }

@@ -30,9 +30,24 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// @return nothing for any other error
 std::optional<Text> StopMessage(const Error& error);
 
+/// Runs a step whose every failure means the same to the user: the data cannot be had. What stops the export as
+/// foreseen stays what it is.
+template <typename Body>
+auto AccessingData(Body body) {
+  try {
+    return body();
+  } catch (const Error& error) {
+    if (StopMessage(error)) throw;
+    StopExport(kDataAccessFailed);
+  }
+}
+
 /// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
-/// @param session  the export's session; its ending follows when the caller lets go of it
-/// @return         true when the body ran to its end
-bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body);
+/// @param session     the export's session; its ending follows when the caller lets go of it
+/// @param body        its answer is the export's result: false when the user chose to do nothing
+/// @param unforeseen  called after a failure that no message of the export foresees was shown; may be empty
+/// @return            the body's answer; false after a failure
+bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
+               const std::function<void()>& unforeseen = {});
 
 }  // namespace zorkanca
