@@ -5,6 +5,9 @@
 
 #include <cstdint>
 
+#include "export/excel_export.h"
+#include "export/excel_opening.h"
+#include "export/excel_template_export.h"
 #include "export/export_context.h"
 #include "export/html_export.h"
 #include "export/mail_merge.h"
@@ -46,6 +49,20 @@ class cZorOffice {
   bool MakeMailDocument(MakeMailDocumentArguments& arguments) { return MailMergeRun(context_, arguments).Run(); }
   /// Opens a document in Word; see `OpenWordDocument`.
   bool GetOpenDoc(GetOpenDocArguments& arguments) { return OpenWordDocument(context_, arguments); }
+
+  /// Puts the rows of the SELECT into a new Excel workbook as a plain table; see `ExcelExport`.
+  bool XlExport(Database& DB, const Text& rsSELECT, XlExportArguments& arguments) {
+    return ExcelExport(context_, DB, rsSELECT, arguments).Run();
+  }
+  /// Fills an Excel template with the rows of the SELECT, or with those of prepared files; see `ExcelTemplateExport`.
+  bool XlExport_sab(Database& DB, const Text& rsSELECT, XlTemplateArguments& arguments) {
+    return ExcelTemplateExport(context_, arguments).RunOverQuery(DB, rsSELECT);
+  }
+  bool XlExport_sab_file(const Text& vsHeadersFileName, const Text& vsDataFileName, XlTemplateArguments& arguments) {
+    return ExcelTemplateExport(context_, arguments).RunOverFiles(vsHeadersFileName, vsDataFileName);
+  }
+  /// Opens a workbook in Excel; see `OpenExcelWorkbook`.
+  bool GetOpenXls(GetOpenXlsArguments& arguments) { return OpenExcelWorkbook(context_, arguments); }
 
  private:
   ExportContext context_;

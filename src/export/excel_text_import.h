@@ -1,0 +1,42 @@
+// A data file that Excel has imported as text, from which the cells go into the result.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "export/excel_data_file.h"
+#include "platform/excel/excel_application.h"
+#include "platform/file_system.h"
+#include "runtime/text.h"
+
+namespace zorkanca {
+
+/// The import of a data file (`ExcelDataFile`), its numbers by the system's separators.
+OpenTextArguments DataFileImport(const Text& path, std::vector<ExcelColumnInfo> columns);
+
+/// The workbook of one import. The destructor closes it when a failure has left it open.
+class ExcelTextImport {
+ public:
+  /// @param path  the finished data file; kept from being cleared away while Excel reads it
+  ExcelTextImport(ExcelApplication& excel, FileSystem& files, const Text& path);
+  ~ExcelTextImport();
+  ExcelTextImport(const ExcelTextImport&) = delete;
+  ExcelTextImport& operator=(const ExcelTextImport&) = delete;
+
+  /// Errors: those of `ExcelApplication::OpenText`.
+  void Open(const OpenTextArguments& arguments);
+
+  ExcelWorkbook& workbook() { return *workbook_; }
+  /// The imported cells.
+  std::unique_ptr<ExcelRange> Block();
+  /// Closes the workbook unsaved.
+  void Close();
+
+ private:
+  ExcelApplication& excel_;
+  Text name_;
+  std::unique_ptr<FileLock> lock_;
+  ExcelWorkbookReference workbook_;
+};
+
+}  // namespace zorkanca
