@@ -13,11 +13,11 @@ std::optional<Text> TakeBarCodeSpecification(Text& names) {
   return specification;
 }
 
-std::optional<cBarCode> TakeBarCode(Text& names, const Locale& locale) {
-  std::optional<cBarCode> barCode;
-  if (const std::optional<Text> specification = TakeBarCodeSpecification(names)) {
-    barCode.emplace(locale).ParseParameters(*specification);
-  }
+std::unique_ptr<cBarCode> TakeBarCode(Text& names, const Locale& locale) {
+  const std::optional<Text> specification = TakeBarCodeSpecification(names);
+  if (!specification) return nullptr;
+  auto barCode = std::make_unique<cBarCode>(locale);
+  barCode->ParseParameters(*specification);
   return barCode;
 }
 

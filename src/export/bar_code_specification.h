@@ -3,6 +3,7 @@
 //   kod;nazev,{Code39;kod,trim;BC;0}       the comma before the brace does not belong to the names
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "barcode/bar_code.h"
@@ -16,8 +17,8 @@ namespace zorkanca {
 ///         there is none, and the names stay as they are
 std::optional<Text> TakeBarCodeSpecification(Text& names);
 
-/// The same as a bar code with these parameters. Errors: those of `cBarCode::ParseParameters`.
+/// The same as a bar code with these parameters; null without a specification. Errors: those of `cBarCode::ParseParameters`.
 /// @param locale  outlives the result
-std::optional<cBarCode> TakeBarCode(Text& names, const Locale& locale);
+std::unique_ptr<cBarCode> TakeBarCode(Text& names, const Locale& locale);
 
 }  // namespace zorkanca

@@ -46,7 +46,7 @@ void ExcelExport::Export() {
   excel_.Open(/*templatePath=*/{});
 
   const ExcelWorksheetReference sheet = excel_.workbook()->Sheets(1);
-  ExcelTextImport import(excel_.application(), context_.platform.files, arguments_.rsSourceFile);
+  ExcelTextImport import(excel_.application());
   Import(import);
   import.Block()->Copy(*sheet->Range(u"A1"));
   std::int32_t index = 0;

@@ -26,16 +26,6 @@ ExcelTemplateExport::ExcelTemplateExport(ExportContext& context, XlTemplateArgum
   session_.KeepOutputAfterFailure();
 }
 
-bool ExcelTemplateExport::RunOverQuery(Database& database, TextView select) {
-  QueryTemplateRecords records(session_, database, select, arguments_.rsFieldNames, arguments_.ri_rsOptions);
-  return Run(records);
-}
-
-bool ExcelTemplateExport::RunOverFiles(TextView headersFile, TextView dataFile) {
-  PreparedTemplateRecords records(session_, headersFile, dataFile);
-  return Run(records);
-}
-
 bool ExcelTemplateExport::Run(TemplateRecords& records) {
   const bool done = RunToEdge(session_, kExcelExportTitle, [&] { return Export(records); },
                               {.details = [&](const Error& error) { return MissingItem(error, records.LastName()); }});
@@ -46,9 +36,9 @@ bool ExcelTemplateExport::Run(TemplateRecords& records) {
 bool ExcelTemplateExport::Export(TemplateRecords& records) {
   const std::int32_t recordCount = records.Open();
   session_.ShowPointer(MousePointer::kDefault);
-  if (!TemplateChoice(context_, ApplOffice::MSExcel, arguments_.templates).Settle()) return false;
+  if (!TemplateChoice(context_, ApplOffice::MSExcel, arguments_).Settle()) return false;
   session_.ShowPointer(MousePointer::kHourglass);
-  excel_.Open(arguments_.templates.rsTemplate);
+  excel_.Open(arguments_.rsTemplate);
   session_.ShowPointer(MousePointer::kHourglass);
   Fill(records, recordCount);
   return true;
@@ -114,7 +104,7 @@ void ExcelTemplateExport::LayOver(ExcelWorksheet& sheet, std::int32_t width) {
   for (std::int32_t column = 1; column <= width; ++column) {
     columns.push_back({.column = column, .type = ExcelColumnType::kText});
   }
-  ExcelTextImport import(excel_.application(), context_.platform.files, arguments_.rsSourceFile);
+  ExcelTextImport import(excel_.application());
   import.Open(DataFileImport(arguments_.rsSourceFile, std::move(columns)));
   import.workbook().Activate();
   const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
@@ -126,6 +116,18 @@ void ExcelTemplateExport::LayOver(ExcelWorksheet& sheet, std::int32_t width) {
     context_.platform.shell.ClearClipboard();
   }
   import.Close();
+}
+
+bool ExportIntoTemplate(ExportContext& context, Database& database, TextView select, XlSabArguments& arguments) {
+  ExcelTemplateExport run(context, arguments);
+  QueryTemplateRecords records(run.session(), database, select, arguments.rsFieldNames, arguments.ri_rsOptions);
+  return run.Run(records);
+}
+
+bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile, XlTemplateArguments& arguments) {
+  ExcelTemplateExport run(context, arguments);
+  PreparedTemplateRecords records(run.session(), headersFile, dataFile);
+  return run.Run(records);
 }
 
 }  // namespace zorkanca

@@ -15,27 +15,36 @@
 
 namespace zorkanca {
 
-/// Arguments of both methods under their published names.
-struct XlTemplateArguments {
-  TemplateArguments templates{};      ///< rsZorApl, rsTemplate, rbAdmin, rsListCaption, rbSupply
-  Text rsFieldNames{};                ///< of a query: column names and specification of a bar code
-  std::int16_t ri_rsOptions = 0;      ///< of a query
+/// Arguments that both methods have, under their published names.
+struct XlTemplateArguments : TemplateArguments {
   Text rsSourceFile{};                ///< data file, see `OutputPathInWorkFolder`; receives its path
   ExcelWorkbookReference roRetXls{};  ///< receives the workbook, after a failure too unless the user has cancelled
   bool rbSetAppVisible = true;        ///< Excel is shown maximised at the end
 };
 
+/// Arguments of XlExport_sab.
+struct XlSabArguments : XlTemplateArguments {
+  /// Column names separated by ";", may be followed by a bar-code specification; receives the names alone.
+  Text rsFieldNames{};
+  std::int16_t ri_rsOptions = 0;
+};
+
+/// Runs XlExport_sab from start to end; failures are shown to the user.
+/// @return true when the template is filled; false, too, when the user chose no template
+bool ExportIntoTemplate(ExportContext& context, Database& database, TextView select, XlSabArguments& arguments);
+/// The same for XlExport_sab_file.
+bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile, XlTemplateArguments& arguments);
+
+/// One run of either.
 class ExcelTemplateExport {
  public:
   ExcelTemplateExport(ExportContext& context, XlTemplateArguments& arguments);
 
-  /// Each runs an export from start to end; failures are shown to the user.
-  /// @return true when the template is filled; false as well when the user has chosen none
-  bool RunOverQuery(Database& database, TextView select);
-  bool RunOverFiles(TextView headersFile, TextView dataFile);
+  /// For the records; its ending is that of this object.
+  ExportSession& session() { return session_; }
+  bool Run(TemplateRecords& records);
 
  private:
-  bool Run(TemplateRecords& records);
   bool Export(TemplateRecords& records);
   void Fill(TemplateRecords& records, std::int32_t recordCount);
   void WriteDataFile(TemplateRecords& records, std::int32_t recordCount, ExcelRowPatterns& patterns);

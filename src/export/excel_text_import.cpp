@@ -19,18 +19,13 @@ OpenTextArguments DataFileImport(const Text& path, std::vector<ExcelColumnInfo> 
           .FieldInfo = std::move(columns)};
 }
 
-ExcelTextImport::ExcelTextImport(ExcelApplication& excel, FileSystem& files, const Text& path)
-    : excel_(excel), name_(GetFileName(path)) {
-  IgnoreErrors([&] { lock_ = files.LockFile(path); });
-}
-
 ExcelTextImport::~ExcelTextImport() {
   if (workbook_) IgnoreErrors([&] { Close(); });
 }
 
 void ExcelTextImport::Open(const OpenTextArguments& arguments) {
   excel_.OpenText(arguments);
-  workbook_ = excel_.Workbooks(name_);
+  workbook_ = excel_.Workbooks(GetFileName(arguments.Filename));
 }
 
 std::unique_ptr<ExcelRange> ExcelTextImport::Block() {

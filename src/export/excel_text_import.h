@@ -6,7 +6,6 @@
 
 #include "export/excel_data_file.h"
 #include "platform/excel/excel_application.h"
-#include "platform/file_system.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -17,8 +16,7 @@ OpenTextArguments DataFileImport(const Text& path, std::vector<ExcelColumnInfo> 
 /// The workbook of one import. The destructor closes it when a failure has left it open.
 class ExcelTextImport {
  public:
-  /// @param path  the finished data file; kept from being cleared away while Excel reads it
-  ExcelTextImport(ExcelApplication& excel, FileSystem& files, const Text& path);
+  explicit ExcelTextImport(ExcelApplication& excel) : excel_(excel) {}
   ~ExcelTextImport();
   ExcelTextImport(const ExcelTextImport&) = delete;
   ExcelTextImport& operator=(const ExcelTextImport&) = delete;
@@ -34,8 +32,6 @@ class ExcelTextImport {
 
  private:
   ExcelApplication& excel_;
-  Text name_;
-  std::unique_ptr<FileLock> lock_;
   ExcelWorkbookReference workbook_;
 };
 

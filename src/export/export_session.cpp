@@ -39,6 +39,7 @@ TextStream& ExportSession::OpenOutput(const Text& path, TextFormat format) {
 void ExportSession::CloseOutput() {
   output_->Close();
   output_.reset();
+  IgnoreErrors([&] { lock_ = context_.platform.files.LockFile(outputPath_); });
 }
 
 void ExportSession::Fail(TextView title, const Text& message) {
@@ -47,6 +48,7 @@ void ExportSession::Fail(TextView title, const Text& message) {
   });
   if (keepsOutput_ && output_) IgnoreErrors([&] { output_->Close(); });
   output_.reset();
+  lock_.reset();
   if (keepsOutput_ || outputPath_.empty()) return;
   IgnoreErrors([&] { context_.platform.files.DeleteFile(outputPath_, /*force=*/true); });
 }

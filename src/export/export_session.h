@@ -30,7 +30,7 @@ class ExportSession {
 
   /// Creates or overwrites the output file. Errors: those of `FileSystem::OpenTextFile`.
   TextStream& OpenOutput(const Text& path, TextFormat format);
-  /// Puts the finished output file into its place.
+  /// Puts the finished output file into its place; it is kept from being cleared away until the export ends.
   void CloseOutput();
 
   /// Lets a failure leave the output file as far as it was written.
@@ -43,6 +43,7 @@ class ExportSession {
   std::unique_ptr<Recordset> recordset_;
   std::unique_ptr<TextStream> output_;
   bool keepsOutput_ = false;
+  std::unique_ptr<FileLock> lock_;  // of the finished output file
   Text outputPath_;  // empty until the export has opened its file: a file of that name is nobody else's from then on
 };
 

@@ -1,18 +1,11 @@
 #include "export/template_records.h"
 
-#include <utility>
-
-#include "export/bar_code_specification.h"
 #include "export/column_names.h"
 #include "export/export_failure.h"
 #include "export/multiplier_sum.h"
 #include "runtime/convert.h"
 
 namespace zorkanca {
-
-void TemplateRecords::TakeCode(Text& names, const Locale& locale) {
-  if (std::optional<cBarCode> code = TakeBarCode(names, locale)) barCode_.emplace(std::move(*code));
-}
 
 std::int32_t QueryTemplateRecords::Open() {
   TakeCode(rsFieldNames_, session_.context().platform.locale);

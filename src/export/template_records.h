@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "barcode/bar_code.h"
+#include "export/bar_code_specification.h"
 #include "export/excel_cell_pattern.h"
 #include "export/export_session.h"
 #include "export/prepared_recordset.h"
@@ -27,14 +29,14 @@ class TemplateRecords : public PatternSource {
 
  protected:
   /// Takes the specification of a bar code off the names, if there is one.
-  void TakeCode(Text& names, const Locale& locale);
+  void TakeCode(Text& names, const Locale& locale) { barCode_ = TakeBarCode(names, locale); }
   void SetCodeRecordset(Recordset& recordset) {
     if (barCode_) barCode_->SetRecordset(recordset);
   }
   void NoteName(TextView name) { lastName_ = name; }
 
  private:
-  std::optional<cBarCode> barCode_;
+  std::unique_ptr<cBarCode> barCode_;
   Text lastName_;
 };
 
