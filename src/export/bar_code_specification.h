@@ -17,7 +17,8 @@ namespace zorkanca {
 ///         there is none, and the names stay as they are
 std::optional<Text> TakeBarCodeSpecification(Text& names);
 
-/// The same as a bar code with these parameters; null without a specification. Errors: those of `cBarCode::ParseParameters`.
+/// The same as a bar code with these parameters; null without a specification. Errors: those of
+/// `cBarCode::ParseParameters`.
 /// @param locale  outlives the result
 std::unique_ptr<cBarCode> TakeBarCode(Text& names, const Locale& locale);
 

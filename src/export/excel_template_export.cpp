@@ -124,7 +124,8 @@ bool ExportIntoTemplate(ExportContext& context, Database& database, TextView sel
   return run.Run(records);
 }
 
-bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile, XlTemplateArguments& arguments) {
+bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile,
+                        XlTemplateArguments& arguments) {
   ExcelTemplateExport run(context, arguments);
   PreparedTemplateRecords records(run.session(), headersFile, dataFile);
   return run.Run(records);

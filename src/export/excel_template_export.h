@@ -33,7 +33,8 @@ struct XlSabArguments : XlTemplateArguments {
 /// @return true when the template is filled; false, too, when the user chose no template
 bool ExportIntoTemplate(ExportContext& context, Database& database, TextView select, XlSabArguments& arguments);
 /// The same for XlExport_sab_file.
-bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile, XlTemplateArguments& arguments);
+bool ExportIntoTemplate(ExportContext& context, TextView headersFile, TextView dataFile,
+                        XlTemplateArguments& arguments);
 
 /// One run of either.
 class ExcelTemplateExport {

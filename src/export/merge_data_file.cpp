@@ -63,10 +63,9 @@ void MergeDataFile::EndRecord(std::int32_t copies) {
 MergeDataFile OpenMergeDataFile(ExportSession& session, Text& rsSourceFile, bool multiDocument) {
   const ExportContext& context = session.context();
   rsSourceFile = OutputPathInWorkFolder(context, rsSourceFile);
-  return MergeDataFile(
-      session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
-      multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
-      *context.platform.locale.codePage);
+  return MergeDataFile(session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
+                       multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
+                       *context.platform.locale.codePage);
 }
 
 MergeDataLines::MergeDataLines(FileSystem& files, const Text& path)

@@ -18,7 +18,7 @@ inline constexpr TextView kDocumentNotFilled = u"Nepodařilo se naplnit dokument
 
 /// Under the published names.
 struct WordExportArguments : TemplateArguments {
-  Text rsSourceFile{};  ///< path of the data file, as in `OutputPathInWorkFolder`; receives the path
+  Text rsSourceFile{};               ///< path of the data file, as in `OutputPathInWorkFolder`; receives the path
   bool MultiDocument = false;        ///< one document per record
   std::vector<Text> rvFormat{};      ///< formats of the columns, by position
   WordDocumentReference roRetDoc{};  ///< receives the (last) merged document

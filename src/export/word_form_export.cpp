@@ -86,9 +86,8 @@ void WordFormExport::FillDocuments() {
 }
 
 void WordFormExport::OpenDocument(bool screenUpdating, TextView failure) {
-  GetOpenDocArguments opening{.rsTemplate = arguments_.rsTemplate,
-                              .rAppVisible = AppVisible::avFalse,
-                              .rbScreenUpdating = screenUpdating};
+  GetOpenDocArguments opening{
+      .rsTemplate = arguments_.rsTemplate, .rAppVisible = AppVisible::avFalse, .rbScreenUpdating = screenUpdating};
   if (!OpenWordDocument(context_, opening)) StopExport(failure);
   document_ = opening.roRetDoc;
   SetMargins();

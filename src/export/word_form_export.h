@@ -21,9 +21,9 @@ inline constexpr float kUnchangedMargin = -1;
 /// Arguments of WdExportForm under their published names. Margins are centimetres.
 struct WdExportFormArguments : TemplateArguments {
   std::int16_t ri_rsOptions = 0;
-  Text rsBarCodeParam{};           ///< parameters of `cBarCode`; blank: no bar code
-  std::vector<Text> rvFormat{};    ///< formats of the columns, by position
-  std::vector<bool> rvOneChar{};   ///< columns whose k-th character goes into the field "name_k"
+  Text rsBarCodeParam{};                  ///< parameters of `cBarCode`; blank: no bar code
+  std::vector<Text> rvFormat{};           ///< formats of the columns, by position
+  std::vector<bool> rvOneChar{};          ///< columns whose k-th character goes into the field "name_k"
   float LeftMargin = kUnchangedMargin;    ///< of the document; with LeftMarginP2 of its first section
   float TopMargin = kUnchangedMargin;     ///< likewise
   float LeftMarginP2 = kUnchangedMargin;  ///< of the second section, together with LeftMargin only
@@ -48,7 +48,9 @@ class WordFormExport {
   void FillDocument(const ColumnFormats& formats);
   Text TextOf(const QueryColumn& column, const cFormat* format);
   void WriteField(const Text& name, TextView text, bool oneCharacterEach);
-  bool IsOneChar(std::size_t column) const { return column < arguments_.rvOneChar.size() && arguments_.rvOneChar[column]; }
+  bool IsOneChar(std::size_t column) const {
+    return column < arguments_.rvOneChar.size() && arguments_.rvOneChar[column];
+  }
 
   ExportContext& context_;
   Database& database_;

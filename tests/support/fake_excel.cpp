@@ -20,21 +20,29 @@ struct FakeArea {
   std::int32_t columns = 1;
 };
 
-std::string ColumnName(std::int32_t column) {
-  return std::string(1, static_cast<char>('A' + column - 1));  // tests stay below column 27
+void AppendCell(std::string& address, std::int32_t row, std::int32_t column) {
+  address.push_back(static_cast<char>('A' + column - 1));  // tests stay below column 27
+  if (row > 0) address.append(std::to_string(row));
 }
 
 std::string AddressOf(const FakeArea& area) {
-  if (area.columns == kColumns) return std::to_string(area.row) + ":" + std::to_string(area.row + area.rows - 1);
-  if (area.rows == kRows) return ColumnName(area.column);
-  const std::string first = ColumnName(area.column) + std::to_string(area.row);
-  if (area.rows == 1 && area.columns == 1) return first;
-  return first + ":" + ColumnName(area.column + area.columns - 1) + std::to_string(area.row + area.rows - 1);
+  std::string address;
+  if (area.columns == kColumns) {
+    address.append(std::to_string(area.row)).append(":").append(std::to_string(area.row + area.rows - 1));
+  } else if (area.rows == kRows) {
+    AppendCell(address, 0, area.column);
+  } else {
+    AppendCell(address, area.row, area.column);
+    if (area.rows == 1 && area.columns == 1) return address;
+    address.push_back(':');
+    AppendCell(address, area.row + area.rows - 1, area.column + area.columns - 1);
+  }
+  return address;
 }
 
 // The rows of an imported file, by the rules that the data files are written for.
 FakeCells ReadCells(const Text& text) {
-  FakeCells cells(1, {Text()});
+  FakeCells cells(1, std::vector<Text>(1));
   bool quoted = false;
   for (std::size_t at = 0; at < text.size(); ++at) {
     Text& cell = cells.back().back();
@@ -47,7 +55,7 @@ FakeCells ReadCells(const Text& text) {
     } else if (!quoted && text[at] == u';') {
       cells.back().emplace_back();
     } else if (!quoted && rest.starts_with(u"\r\n")) {
-      cells.push_back({Text()});
+      cells.emplace_back(1);
       ++at;
     } else {
       cell.push_back(text[at]);
@@ -111,7 +119,7 @@ class FakeExcelApplication final : public ExcelApplication, public std::enable_s
  private:
   // Only changes are of interest.
   void Set(const char* what, bool& property, bool value) {
-    if (property != value) Note(what + std::string(value ? "on" : "off"));
+    if (property != value) Note(std::string(what) + (value ? "on" : "off"));
     property = value;
   }
 
@@ -135,8 +143,8 @@ class FakeExcelRange final : public ExcelRange {
   std::int32_t ColumnCount() const override { return area_.columns; }
   std::unique_ptr<ExcelRange> CurrentRegion() override {
     if (grid_.isImport) {
-      return Make({.rows = static_cast<std::int32_t>(grid_.cells.size()),
-                   .columns = static_cast<std::int32_t>(grid_.width)});
+      return Make(
+          {.rows = static_cast<std::int32_t>(grid_.cells.size()), .columns = static_cast<std::int32_t>(grid_.width)});
     }
     FakeArea region;
     const auto blank = [&](std::int32_t row, std::int32_t column, std::int32_t rows, std::int32_t columns) {
@@ -219,7 +227,9 @@ class FakeExcelRange final : public ExcelRange {
   }
 
  private:
-  std::unique_ptr<ExcelRange> Make(FakeArea area) { return std::make_unique<FakeExcelRange>(application_, grid_, area); }
+  std::unique_ptr<ExcelRange> Make(FakeArea area) {
+    return std::make_unique<FakeExcelRange>(application_, grid_, area);
+  }
 
   FakeCells Contents() const {
     FakeCells contents(static_cast<std::size_t>(area_.rows));
@@ -264,6 +274,7 @@ class FakeWorkbook final : public ExcelWorkbook, public ExcelWorksheet {
   ExcelWorksheetReference ActiveSheet() override {
     return std::shared_ptr<ExcelWorksheet>(application_.Workbooks(name_), static_cast<ExcelWorksheet*>(this));
   }
+  // Of the workbook as well as of its sheet.
   void Activate() override { application_.Note("activate " + ToUtf8(name_)); }
   void SaveAs(TextView, ExcelSaveFormat) override { Raise(RuntimeError::kNotSupported); }
   void ExportAsFixedFormat(const ExportWorkbookArguments&) override { Raise(RuntimeError::kNotSupported); }
@@ -297,7 +308,9 @@ class FakeWorkbook final : public ExcelWorkbook, public ExcelWorksheet {
   }
 
  private:
-  std::unique_ptr<ExcelRange> Make(FakeArea area) { return std::make_unique<FakeExcelRange>(application_, grid_, area); }
+  std::unique_ptr<ExcelRange> Make(FakeArea area) {
+    return std::make_unique<FakeExcelRange>(application_, grid_, area);
+  }
 
   FakeExcelApplication& application_;
   Text name_;
@@ -317,11 +330,14 @@ ExcelWorkbookReference FakeExcelApplication::AddWorkbook(TextView Template) {
 void FakeExcelApplication::OpenText(const OpenTextArguments& arguments) {
   std::string types;
   for (const ExcelColumnInfo& column : arguments.FieldInfo) {
-    types += " " + std::to_string(column.column) + (column.type == ExcelColumnType::kText ? "t" : "g");
+    types.append(" ").append(std::to_string(column.column));
+    types.append(column.type == ExcelColumnType::kText ? "t" : "g");
   }
   const bool separators = arguments.DecimalSeparator && arguments.ThousandsSeparator;
-  Note("import" + types +
-       (separators ? " [" + ToUtf8(*arguments.DecimalSeparator + *arguments.ThousandsSeparator) + "]" : ""));
+  if (separators) {
+    types.append(" ").append(ToUtf8(*arguments.DecimalSeparator)).append(ToUtf8(*arguments.ThousandsSeparator));
+  }
+  Note(std::string("import").append(types));
   if (separators && !excel_.knowsSeparators) throw Error(449, Text(), u"Argument not optional");
   if (excel_.refusesImports) throw Error(1004, Text(), u"too much");
   const auto stream =
