@@ -6,8 +6,9 @@
 
 namespace zorkanca::cli {
 
+/// @param interrupted  ends the engines' work once it is set; outlives the platform
 /// Errors: `UsageError` for a locale that we have no data for.
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options);
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 /// True when there is a desktop that could show a document.
 bool HasDisplay();

@@ -42,8 +42,14 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
 }
 
 int RunCommand(const GlobalOptions& options, const Command& command) {
-  const LinuxPlatform host(SettingsOf(options));
-  const int status = command({.options = options, .platform = host.platform(), .interrupted = WatchForInterrupt()});
+  const std::atomic<bool>& interrupted = WatchForInterrupt();
+  const LinuxPlatform host(SettingsOf(options, interrupted));
+  int status = kInterrupted;
+  try {
+    status = command({.options = options, .platform = host.platform(), .interrupted = interrupted});
+  } catch (const Error&) {
+    if (!interrupted) throw;
+  }
   if (std::fflush(stdout) == 0) return status;
   std::perror("zorkanca: standard output");
   return kFailed;
@@ -57,7 +63,7 @@ int Main(const std::vector<std::string>& arguments) {
   Command command;
   AddGlobalOptions(app, options);
   AddExportCommands(app, command);
-  AddMergeCommands(app, command);
+  AddWordCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddBarcodeCommands(app, command);

@@ -1,12 +1,39 @@
 // What the commands over a database share: the database, its statement, and the names of several results.
 #pragma once
 
+#include <CLI/App.hpp>
 #include <cstdint>
 #include <string>
 
 #include "runtime/text.h"
 
 namespace zorkanca::cli {
+
+/// Options of the exports over a database.
+struct QueryOptions {
+  std::string database;
+  std::string select;
+  std::int16_t options = 0;
+  std::string names;
+  float step = 1.0f;
+  std::string multiplier;
+  std::int16_t blankRecords = 0;
+};
+
+/// The query itself.
+void AddQueryOptions(CLI::App& command, QueryOptions& query);
+/// How its columns are called and how often its records are written.
+void AddRecordOptions(CLI::App& command, QueryOptions& query);
+void AddStepOption(CLI::App& command, QueryOptions& query);
+void AddBlankRecordsOption(CLI::App& command, QueryOptions& query);
+
+/// The prepared files that stand in the place of a query.
+struct PreparedFileOptions {
+  std::string headers;
+  std::string data;
+};
+
+void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
 
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);

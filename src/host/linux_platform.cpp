@@ -31,7 +31,7 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
       registry_(HomeOf(settings)),
       userInterface_(settings.answers),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
-      office_(locale_, settings.warn),
+      office_(locale_, settings.warn, settings.cancelled),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,

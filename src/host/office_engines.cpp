@@ -4,7 +4,18 @@
 
 namespace zorkanca {
 
-OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn) : word_(locale, {}, std::move(warn)) {}
+namespace {
+
+LibreOfficeConverter CancelledBy(const std::function<bool()>& cancelled) {
+  LibreOfficeConverter::Settings settings;
+  settings.cancelled = cancelled;
+  return LibreOfficeConverter(std::move(settings));
+}
+
+}  // namespace
+
+OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
+    : word_(locale, CancelledBy(cancelled), std::move(warn), cancelled) {}
 
 ExcelApplicationReference OfficeEngines::AttachExcel() {
   Raise(RuntimeError::kCannotCreateObject);

@@ -8,9 +8,10 @@ namespace zorkanca {
 
 class OfficeEngines final : public OfficeApplications {
  public:
-  /// @param locale  of numbers, dates and ANSI files; outlives the engines
-  /// @param warn    told in English of what an engine left as it was
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {});
+  /// @param locale     of numbers, dates and ANSI files; outlives the engines
+  /// @param warn       told in English of what an engine left as it was
+  /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
+  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }

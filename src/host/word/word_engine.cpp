@@ -19,6 +19,7 @@ struct WordEngine::Environment {
   const Locale& locale;
   LibreOfficeConverter converter;
   Warn warn;
+  std::function<bool()> cancelled;
 };
 
 // The application with its open documents, the one used last first.
@@ -106,6 +107,7 @@ WordDocumentReference EngineApplication::Add(std::unique_ptr<word::DocumentConte
       },
       [self](std::unique_ptr<word::DocumentContent> merged) { self()->Add(std::move(merged), self()->FreshName()); },
       environment_->warn,
+      environment_->cancelled,
       environment_->converter,
       environment_->locale};
   auto document = std::make_shared<word::OpenDocument>(std::move(content), std::move(name), std::move(holder));
@@ -142,8 +144,9 @@ void EngineApplication::ActiveWindowState(WordWindowState state) {
   windowState_ = state;
 }
 
-WordEngine::WordEngine(const Locale& locale, LibreOfficeConverter converter, Warn warn)
-    : environment_(std::make_shared<const Environment>(Environment{locale, std::move(converter), std::move(warn)})) {}
+WordEngine::WordEngine(const Locale& locale, LibreOfficeConverter converter, Warn warn, std::function<bool()> cancelled)
+    : environment_(std::make_shared<const Environment>(
+          Environment{locale, std::move(converter), std::move(warn), std::move(cancelled)})) {}
 
 WordEngine::~WordEngine() = default;
 
