@@ -8,7 +8,8 @@ namespace zorkanca::excel {
 /// True for what names of functions, sheets and ranges are made of, "$" too.
 constexpr bool IsNameCharacter(char c) {
   const bool alphanumeric = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-  return alphanumeric || c == '_' || c == '.' || c == '$' || c == '\\' || c == '?' || static_cast<unsigned char>(c) > 127;
+  return alphanumeric || c == '_' || c == '.' || c == '$' || c == '\\' || c == '?' ||
+         static_cast<unsigned char>(c) > 127;
 }
 
 /// Length of the text, sheet name, bracketed part or error value that a formula begins with; 0 when it begins with

@@ -1,5 +1,6 @@
 #include "host/excel/sheet/xml_scanner.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 
@@ -145,6 +146,16 @@ std::string_view FindAttribute(std::string_view attributes, std::string_view nam
     if (each == name) return value;
   }
   return {};
+}
+
+void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names) {
+  std::string_view name;
+  std::string_view value;
+  while (TakeAttribute(attributes, name, value)) {
+    if (std::find(names.begin(), names.end(), name) != names.end()) continue;
+    const char quote = *(value.data() + value.size());
+    xml.append(" ").append(name).append("=").append(1, quote).append(value).append(1, quote);
+  }
 }
 
 void AppendResolved(std::string& text, std::string_view raw) {

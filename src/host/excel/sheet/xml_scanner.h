@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -51,6 +52,8 @@ class XmlScanner {
 bool TakeAttribute(std::string_view& attributes, std::string_view& name, std::string_view& rawValue);
 /// The raw value of an attribute; null data when it is missing.
 std::string_view FindAttribute(std::string_view attributes, std::string_view name);
+/// Appends the attributes but for those of these names, a blank in front of each.
+void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names);
 /// Appends a raw value or text with its references resolved.
 void AppendResolved(std::string& text, std::string_view raw);
 
