@@ -30,6 +30,19 @@ std::optional<char16_t> EscapeAt(std::string_view text) {
   return static_cast<char16_t>(code);
 }
 
+}  // namespace
+
+bool HasOuterBlanks(std::string_view utf8) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+  return !utf8.empty() && (isBlank(utf8.front()) || isBlank(utf8.back()));
+}
+
+std::size_t FindEscape(std::string_view text, std::size_t start) {
+  std::size_t at = text.find("_x", start);
+  while (at != text.npos && !EscapeAt(text.substr(at))) at = text.find("_x", at + 1);
+  return at;
+}
+
 void AppendUnescaped(std::string& text, std::string_view fileText) {
   std::size_t copied = 0;
   for (std::size_t at = fileText.find("_x"); at != fileText.npos; at = fileText.find("_x", at)) {
@@ -44,19 +57,6 @@ void AppendUnescaped(std::string& text, std::string_view fileText) {
     copied = at;
   }
   text.append(fileText, copied);
-}
-
-}  // namespace
-
-bool HasOuterBlanks(std::string_view utf8) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
-  return !utf8.empty() && (isBlank(utf8.front()) || isBlank(utf8.back()));
-}
-
-std::size_t FindEscape(std::string_view text, std::size_t start) {
-  std::size_t at = text.find("_x", start);
-  while (at != text.npos && !EscapeAt(text.substr(at))) at = text.find("_x", at + 1);
-  return at;
 }
 
 std::string StringItemText(std::string_view inside, std::string_view prefix) {

@@ -32,6 +32,8 @@ void PutStringItem(std::string_view utf8, std::string_view prefix, Put put) {
   put("t>");
 }
 
+/// Appends a text of a file, escapes resolved.
+void AppendUnescaped(std::string& text, std::string_view fileText);
 /// The characters inside such an element, from its raw inside: runs joined, phonetic hints left out, escapes resolved.
 std::string StringItemText(std::string_view inside, std::string_view prefix);
 

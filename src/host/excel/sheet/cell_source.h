@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -60,6 +61,8 @@ class CellSource {
   virtual std::int32_t rows() const = 0;
   virtual std::int32_t columns() const = 0;
   virtual std::unique_ptr<Cursor> Open() const = 0;
+  /// The number format of amounts with the currency symbol.
+  virtual std::string AmountPattern(bool decimals) const { return decimals ? "#,##0.00" : "#,##0"; }
 };
 
 }  // namespace zorkanca::excel

@@ -97,23 +97,27 @@ void PackedContents::AddCell(const Value& value) {
   AddPiece(CellKind::kNumber, false, {digits, static_cast<std::size_t>(end - digits)});
 }
 
-void PackedContents::AddText(const Text& text) {
+Entry ReadEntry(TextView text) {
   const bool quoted = text.starts_with(u'\'');
-  const TextView content = TextView(text).substr(quoted ? 1 : 0);
+  const TextView content = text.substr(quoted ? 1 : 0);
   if (content.size() > kLongestText) {
     RaiseExcelError(u"A value has more than 32767 characters, which is more than a cell holds.");
   }
-  if (content.empty()) return AddPiece(CellKind::kBlank, false, {});
-  const std::string utf8 = XmlCharacters(content);
-  if (quoted) return AddPiece(CellKind::kText, true, utf8);
-  if (content.starts_with(u'=') && content.size() > 1) {
-    AddPiece(CellKind::kFormula, false, std::to_string(formulas_.size()));
-    formulas_.push_back(Formula::FromR1C1(std::string_view(utf8).substr(1)));
-    return;
-  }
+  if (content.empty()) return {};
+  std::string utf8 = XmlCharacters(content);
+  if (quoted) return {.kind = CellKind::kText, .quotePrefix = true, .content = std::move(utf8)};
+  if (content.starts_with(u'=') && content.size() > 1) return {.kind = CellKind::kFormula, .content = utf8.substr(1)};
   char buffer[GeneralReader::kLongestValue];
   const Content read = EnglishReader().Read(utf8, buffer);
-  AddPiece(read.kind, false, read.kind == CellKind::kText ? utf8 : read.text);
+  if (read.kind != CellKind::kText) return {.kind = read.kind, .content = std::string(read.text)};
+  return {.kind = CellKind::kText, .content = std::move(utf8)};
+}
+
+void PackedContents::AddText(const Text& text) {
+  const Entry entry = ReadEntry(text);
+  if (entry.kind != CellKind::kFormula) return AddPiece(entry.kind, entry.quotePrefix, entry.content);
+  AddPiece(entry.kind, false, std::to_string(formulas_.size()));
+  formulas_.push_back(Formula::FromR1C1(entry.content));
 }
 
 class PackedContents::PackedCursor final : public Cursor {

@@ -12,6 +12,16 @@
 
 namespace zorkanca::excel {
 
+/// What a text means that is put into a cell as the English program takes it: one that begins with "'" is the rest of
+/// it, one that begins with "=" a formula, others may be numbers and the like.
+struct Entry {
+  CellKind kind = CellKind::kBlank;
+  bool quotePrefix = false;
+  std::string content = {};  ///< UTF-8; of a formula without the "="
+};
+/// Errors: 1004 for a text that is longer than a cell holds.
+Entry ReadEntry(TextView text);
+
 /// Grows by rows at its end; every array has as many columns as the first.
 class PackedContents final : public CellSource {
  public:

@@ -30,9 +30,10 @@ bool IsDate(ContentLook look) {
          look == ContentLook::kDateTime;
 }
 
-LookChange ChangeOf(ContentLook look) {
-  const auto format = [](std::int32_t id, const char* pattern = "") {
-    return LookChange{.numberFormat = NumberFormatCode{.id = id, .pattern = pattern}};
+LookChange ChangeOf(ContentLook look, const CellSource& source) {
+  const auto format = [](std::int32_t id) { return LookChange{.numberFormat = NumberFormatCode{.id = id}}; };
+  const auto amount = [&](bool decimals) {
+    return LookChange{.numberFormat = NumberFormatCode{.pattern = source.AmountPattern(decimals)}};
   };
   switch (look) {
     case ContentLook::kGeneral:
@@ -41,11 +42,8 @@ LookChange ChangeOf(ContentLook look) {
       return format(49);
     case ContentLook::kGeneralLines:
       return {.wrap = true};
-    case ContentLook::kTextLines: {
-      LookChange change = format(49);
-      change.wrap = true;
-      return change;
-    }
+    case ContentLook::kTextLines:
+      return {.wrap = true, .numberFormat = NumberFormatCode{.id = 49}};
     case ContentLook::kGrouped:
       return format(3);
     case ContentLook::kGroupedDecimals:
@@ -57,9 +55,9 @@ LookChange ChangeOf(ContentLook look) {
     case ContentLook::kScientific:
       return format(11);
     case ContentLook::kAmount:
-      return format(0, "#,##0\\ \"Kč\"");
+      return amount(false);
     case ContentLook::kAmountDecimals:
-      return format(0, "#,##0.00\\ \"Kč\"");
+      return amount(true);
     case ContentLook::kDate:
       return format(14);
     case ContentLook::kDayMonth:
@@ -154,9 +152,9 @@ std::uint32_t RowComposer::StyleBelow(std::int32_t column) const {
   return view_.styled ? view_.style : model_.columns().StyleOf(column);
 }
 
-std::uint32_t RowComposer::StyleOfLook(ContentLook look) {
+std::uint32_t RowComposer::StyleOfLook(ContentLook look, const CellSource& source) {
   std::int64_t& style = lookStyles_[static_cast<std::size_t>(look)];
-  if (style < 0) style = look == ContentLook::kGeneral ? 0 : model_.styles().Changed(0, ChangeOf(look));
+  if (style < 0) style = look == ContentLook::kGeneral ? 0 : model_.styles().Changed(0, ChangeOf(look, source));
   return static_cast<std::uint32_t>(style);
 }
 
@@ -189,7 +187,8 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
     return;
   }
   CellView cell{.column = column, .kind = content.kind, .content = content.text, .formula = content.formula};
-  cell.style = layer.withLooks ? StyleOfLook(content.look) : below ? below->style : StyleBelow(column);
+  if (layer.withLooks) cell.shown = content.shown;
+  cell.style = layer.withLooks ? StyleOfLook(content.look, *layer.source) : below ? below->style : StyleBelow(column);
   if (content.quotePrefix) cell.style = Quoted(cell.style);
   if (model_.is1904() && content.kind == CellKind::kNumber && IsDate(content.look)) cell.content = DateText(content);
   merged_.push_back(cell);

@@ -45,7 +45,7 @@ class RowComposer {
   void Apply(const EditsLayer& layer);
   void Put(const Content& content, const ContentsLayer& layer, std::int32_t column, const CellView* below);
   std::uint32_t StyleBelow(std::int32_t column) const;
-  std::uint32_t StyleOfLook(ContentLook look);
+  std::uint32_t StyleOfLook(ContentLook look, const CellSource& source);
   std::uint32_t Quoted(std::uint32_t style);
   std::string_view DateText(const Content& content);
 

@@ -87,6 +87,9 @@ class SheetModel {
   /// Whether the sheet is to be the selected one of its workbook; nothing when that is as in the file.
   std::optional<bool> tabSelected = {};
 
+  /// The sheet of a text that was just imported: all of it hangs together.
+  bool isImport = false;
+
   bool changed() const { return !layers_.empty() || !fits_.empty() || selection_ || tabSelected; }
   /// True when contents changed, so that stored results of formulas may be wrong.
   bool contentsChanged() const;

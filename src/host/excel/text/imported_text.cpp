@@ -127,7 +127,7 @@ class ImportedText::TextCursor final : public Cursor {
       Content content = block_->reader_.Read(field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
-        content.shown = InUtf8(field);
+        content.shown = content.look == ContentLook::kGeneral ? content.text : InUtf8(field);
         return content;
       }
     }
@@ -197,6 +197,13 @@ void ImportedText::Count(std::int32_t skippedRows) {
   }
   columns_ = static_cast<std::int32_t>(widest);
   isConnected_ = isConnected_ && rows_ > 0 && firstRowFilled == widest;
+}
+
+std::string ImportedText::AmountPattern(bool decimals) const {
+  const std::string number = CellSource::AmountPattern(decimals);
+  const std::string symbol = '"' + ToUtf8(locale_.currencySymbol) + '"';
+  const std::string space = locale_.currencySpaced ? "\\ " : "";
+  return locale_.currencyAfterNumber ? number + space + symbol : symbol + space + number;
 }
 
 std::unique_ptr<CellSource::Cursor> ImportedText::Open() const {

@@ -25,6 +25,7 @@ class ImportedText final : public CellSource, public std::enable_shared_from_thi
   std::int32_t rows() const override { return rows_; }
   std::int32_t columns() const override { return columns_; }
   std::unique_ptr<Cursor> Open() const override;
+  std::string AmountPattern(bool decimals) const override;
 
   /// True when the first row has a content in every column and no row is without any: then all cells hang together.
   bool isConnected() const { return isConnected_; }
