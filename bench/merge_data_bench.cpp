@@ -28,7 +28,7 @@ int main(int count, char** arguments) {
   DesktopShell shell;
   SystemClock clock;
   SyslogEventLog eventLog;
-  LinuxSuiteEnvironment environment("/nonexistent", "0");
+  LinuxSuiteEnvironment environment("/nonexistent", "0", registry);
   OfficeEngines office(locale);
   ExportContext context{
       .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, office}};

@@ -5,9 +5,9 @@
 #include "cli/host_platform.h"
 #include "cli/progress_display.h"
 #include "cli/query_arguments.h"
-#include "cli/quiet_shell.h"
 #include "export/column_names.h"
 #include "export/zor_office.h"
+#include "host/desktop/quiet_shell.h"
 #include "host/sqlite/sqlite_database.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -83,7 +83,7 @@ struct HtmlOptions {
 };
 
 int RunHtml(const CommandContext& context, const HtmlOptions& options) {
-  QuietShell nothingOpens;
+  QuietShell nothingOpens(context.platform.shell);
   const bool opens = !options.noOpen && HasDisplay();
   const Platform platform = opens ? context.platform : context.platform.With(nothingOpens);
 

@@ -11,6 +11,17 @@ class Shell {
   /// Starts the program that the system associates with the file, on that file, and does not wait for its end.
   /// Errors: 53 when the file or the program is missing, 5 when it could not be started.
   virtual void OpenDocument(TextView path) = 0;
+  /// Starts a program with a normal, focused window and does not wait for its end.
+  /// @param commandLine  the program and its arguments, separated by blanks; '"' encloses one that holds blanks
+  /// Errors: 53 when the program is missing, 5 when it could not be started.
+  virtual void StartCommandLine(TextView commandLine) = 0;
+  /// The full path of the first file of that name in the tree below a folder; empty when there is none. Folders that
+  /// cannot be read are passed over.
+  virtual Text SearchTree(TextView rootFolder, TextView fileName) = 0;
+  /// The path with every shortened name in full; as it is where no name was shortened.
+  virtual Text LongPathName(TextView path) = 0;
+  /// Empties the clipboard; nothing happens without one.
+  virtual void ClearClipboard() = 0;
 };
 
 }  // namespace zorkanca

@@ -10,6 +10,10 @@ class SuiteEnvironment {
   virtual ~SuiteEnvironment() = default;
   /// Absolute path of the folder of the log files; it need not exist.
   virtual Text LogFolder() = 0;
+  /// Folder of the list of templates to register, without a separator at its end; it need not exist.
+  virtual Text SupplyFolder() = 0;
+  /// Folder of the suite's own office templates, without a separator at its end; it need not exist.
+  virtual Text DefaultTemplatesFolder() = 0;
   /// The version of the library, "4.1.0".
   virtual Text VersionText() = 0;
 };

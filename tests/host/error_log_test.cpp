@@ -14,6 +14,7 @@
 #include "host/system_clock.h"
 #include "support/child_process.h"
 #include "support/memory_platform.h"
+#include "support/memory_registry.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
 
@@ -50,9 +51,9 @@ TEST(ErrorLogOnDisk, TwoProcessesNeverMixTheirEntries) {
   const TemporaryFolder folder;
   MemoryPlatform rest;
   LinuxFileSystem files(*rest.locale.codePage);
-  LinuxSuiteEnvironment environment(folder.Path("home"), "4.1.0");
+  LinuxSuiteEnvironment environment(folder.Path("home"), "4.1.0", rest.registry);
   const Platform platform{files,       rest.registry, rest.userInterface, rest.shell, rest.clock,
-                          rest.locale, rest.eventLog, environment,        rest.word};
+                          rest.locale, rest.eventLog, environment,        rest.office};
   const auto write = [&](int writer) {
     ErrorLogWriter log(platform);
     for (int number = 0; number < kEntries; ++number) log.WriteMessage(MessageOf(writer, number), kErrorEvent);
@@ -86,11 +87,19 @@ TEST(SyslogEventLog, WritesUtf8WithThePriorityOfTheType) {
                                                     "6 x", "zorkanca", "5 x"}));
 }
 
-TEST(LinuxSuiteEnvironment, TheLogLiesBelowTheHomeFolder) {
-  LinuxSuiteEnvironment environment("/data/../home/./suite/", "4.1.0");
+TEST(LinuxSuiteEnvironment, FoldersLieBelowTheHomeFolderUnlessTheInstallationSaysOtherwise) {
+  testing::MemoryRegistry registry;
+  LinuxSuiteEnvironment environment("/data/../home/./suite/", "4.1.0", registry);
   EXPECT_EQ(ToUtf8(environment.LogFolder()), "/home/suite/log");
   EXPECT_EQ(ToUtf8(environment.VersionText()), "4.1.0");
-  EXPECT_TRUE(LinuxSuiteEnvironment("relative", "").LogFolder().starts_with(u'/'));
+  EXPECT_EQ(ToUtf8(environment.SupplyFolder()), "/home/suite/Sablony");
+  EXPECT_TRUE(LinuxSuiteEnvironment("relative", "", registry).LogFolder().starts_with(u'/'));
+
+  const Text key = u"SOFTWARE\\QRD\\Zorix\\Instalace";
+  registry.Write(RegistryHive::kLocalMachine, key, u"SupplyFolder", Text(u"/srv/suite/"));
+  registry.Write(RegistryHive::kLocalMachine, key, u"DefaultPath", std::int32_t{1});
+  EXPECT_EQ(ToUtf8(environment.SupplyFolder()), "/srv/suite");
+  EXPECT_EQ(ToUtf8(environment.DefaultTemplatesFolder()), "/home/suite/Sablony") << "a number is no folder";
 }
 
 TEST(SystemClock, EachThreadHasItsNumber) {

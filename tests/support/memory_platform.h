@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,33 @@ class JournalUserInterface final : public UserInterface {
   }
   void Beep() override { journal_.push_back("beep"); }
 
+  /// What the person chooses in the next file or folder dialog.
+  Text chosen;
+  /// The last file dialog that was shown.
+  FileDialog fileDialog;
+  WorkingArea workingArea{.width = 1920, .height = 1040};
+  /// The person in front of the dialogs, one script per `ShowModal`; a form that its script leaves open is closed.
+  std::deque<std::function<void(Form&)>> scripts;
+
+  Text ChooseFile(const FileDialog& dialog) override {
+    fileDialog = dialog;
+    return chosen;
+  }
+  Text ChooseFolder(TextView title, TextView startFolder) override {
+    journal_.push_back("choose folder [" + ToUtf8(title) + "] " + ToUtf8(startFolder));
+    return chosen;
+  }
+  WorkingArea GetWorkingArea() override { return workingArea; }
+  void ShowModal(Form& form, Form*) override {
+    if (scripts.empty()) Raise(RuntimeError::kInvalidCall, u"no script for a dialog");
+    const auto script = std::move(scripts.front());
+    scripts.pop_front();
+    form.Show();
+    form.Activate();
+    script(form);
+    while (form.visible()) form.Close();
+  }
+
  private:
   Journal& journal_;
 };
@@ -47,6 +76,18 @@ class JournalShell final : public Shell {
     if (onOpen) onOpen(path);
     journal_.push_back("open " + ToUtf8(path));
   }
+  void StartCommandLine(TextView commandLine) override { journal_.push_back("start " + ToUtf8(commandLine)); }
+
+  /// Answers of `SearchTree` by the root folder, an empty one elsewhere.
+  std::map<Text, Text> found;
+
+  Text SearchTree(TextView rootFolder, TextView fileName) override {
+    journal_.push_back("search " + ToUtf8(rootFolder) + " " + ToUtf8(fileName));
+    const auto entry = found.find(Text(rootFolder));
+    return entry == found.end() ? Text() : entry->second;
+  }
+  Text LongPathName(TextView path) override { return Text(path); }
+  void ClearClipboard() override { journal_.push_back("clear clipboard"); }
 
  private:
   Journal& journal_;
@@ -80,7 +121,12 @@ class FixedSuiteEnvironment final : public SuiteEnvironment {
  public:
   Text logFolder = u"C:\\Temp\\Suite\\Log";  ///< not there at first, nor its parent
 
+  Text supplyFolder = u"C:\\Suite";
+  Text defaultTemplatesFolder = u"C:\\Suite\\Sablony";
+
   Text LogFolder() override { return logFolder; }
+  Text SupplyFolder() override { return supplyFolder; }
+  Text DefaultTemplatesFolder() override { return defaultTemplatesFolder; }
   Text VersionText() override { return u"4.1.0"; }
 };
 

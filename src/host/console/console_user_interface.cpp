@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "host/files/file_descriptor.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -21,6 +22,10 @@ std::optional<bool> AnswerOf(const std::string& line) {
   return std::nullopt;
 }
 
+[[noreturn]] void RaiseNoWindows() {
+  Raise(RuntimeError::kInvalidCall, u"a console shows no windows");
+}
+
 }  // namespace
 
 MessageAnswer ConsoleUserInterface::Show(const Message& message) {
@@ -34,6 +39,7 @@ MessageAnswer ConsoleUserInterface::Show(const Message& message) {
       break;
     case MessageButtons::kOkCancel:
       return IsYes() ? MessageAnswer::kOk : MessageAnswer::kCancel;
+    case MessageButtons::kYesNoCancel:
     case MessageButtons::kYesNo:
       return IsYes() ? MessageAnswer::kYes : MessageAnswer::kNo;
   }
@@ -42,6 +48,22 @@ MessageAnswer ConsoleUserInterface::Show(const Message& message) {
 
 void ConsoleUserInterface::Beep() {
   if (isatty(output_)) Print("\a");
+}
+
+Text ConsoleUserInterface::ChooseFile(const FileDialog&) {
+  RaiseNoWindows();
+}
+
+Text ConsoleUserInterface::ChooseFolder(TextView, TextView) {
+  RaiseNoWindows();
+}
+
+WorkingArea ConsoleUserInterface::GetWorkingArea() {
+  RaiseNoWindows();
+}
+
+void ConsoleUserInterface::ShowModal(Form&, Form*) {
+  RaiseNoWindows();
 }
 
 bool ConsoleUserInterface::IsYes() {

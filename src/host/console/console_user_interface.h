@@ -26,6 +26,11 @@ class ConsoleUserInterface final : public UserInterface {
   void SetMousePointer(MousePointer) override {}
   /// Sounds a terminal's bell; a file gets no bell character.
   void Beep() override;
+  /// Errors of the rest: 5, for a console has no windows and no screen.
+  Text ChooseFile(const FileDialog& dialog) override;
+  Text ChooseFolder(TextView title, TextView startFolder) override;
+  WorkingArea GetWorkingArea() override;
+  void ShowModal(Form& form, Form* owner) override;
 
  private:
   bool IsYes();

@@ -9,9 +9,12 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "host/files/file_descriptor.h"
 #include "host/files/native_path.h"
@@ -25,23 +28,55 @@ namespace {
 
 constexpr const char* kOpener = "xdg-open";
 
-pid_t StartOpener(std::string path) {
-  std::string program = kOpener;
-  char* const arguments[] = {program.data(), path.data(), nullptr};
+// Starts a program, which is looked for in $PATH, detached from our terminal. @param missing  the reason when it is not
+// there
+pid_t Start(std::vector<std::string> words, const Text& missing) {
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
   const SpawnSettings settings("/dev/null", SpawnSettings::Group::kOwnSession);
   pid_t process = 0;
-  const int failure = posix_spawnp(&process, kOpener, settings.actions(), settings.attributes(), arguments, environ);
-  if (failure == ENOENT) {
-    Raise(RuntimeError::kFileNotFound, u"xdg-open, which opens documents, is not installed (package xdg-utils)");
-  }
+  const int failure =
+      posix_spawnp(&process, arguments[0], settings.actions(), settings.attributes(), arguments.data(), environ);
+  if (failure == ENOENT) Raise(RuntimeError::kFileNotFound, missing);
   if (failure != 0) {
-    Raise(RuntimeError::kInvalidCall, u"xdg-open could not be started: " + FromUtf8(strerrordesc_np(failure)));
+    Raise(RuntimeError::kInvalidCall,
+          FromUtf8(words[0]) + u" could not be started: " + FromUtf8(strerrordesc_np(failure)));
   }
   return process;
 }
 
-// The exit status of a process that ends in time. One that goes on is waited for by a thread, so that no dead process
-// stays in the table.
+// The words of a command line, as the other system divides it: blanks part them outside quotation marks.
+std::vector<std::string> WordsOf(TextView commandLine) {
+  std::vector<Text> words;
+  bool quoted = false;
+  bool inWord = false;
+  for (const char16_t character : commandLine) {
+    if (!quoted && (character == u' ' || character == u'\t')) {
+      inWord = false;
+      continue;
+    }
+    if (!std::exchange(inWord, true)) words.emplace_back();
+    if (character == u'"') {
+      quoted = !quoted;
+    } else {
+      words.back().push_back(character);
+    }
+  }
+  std::vector<std::string> native;
+  for (const Text& word : words) native.push_back(ToUtf8(word));
+  return native;
+}
+
+// Waits for the process in a thread, so that no dead process stays in the table.
+void CollectLater(pid_t process) {
+  std::thread([process] {
+    int ignored = 0;
+    Uninterrupted([&] { return waitpid(process, &ignored, 0); });
+  }).detach();
+}
+
+// The exit status of a process that ends in time.
 std::optional<int> StatusInTime(pid_t process, std::chrono::milliseconds patience) {
   constexpr std::chrono::milliseconds kPause(10);
   const auto end = std::chrono::steady_clock::now() + patience;
@@ -53,10 +88,7 @@ std::optional<int> StatusInTime(pid_t process, std::chrono::milliseconds patienc
     if (std::chrono::steady_clock::now() >= end) break;
     std::this_thread::sleep_for(kPause);
   }
-  std::thread([process] {
-    int ignored = 0;
-    Uninterrupted([&] { return waitpid(process, &ignored, 0); });
-  }).detach();
+  CollectLater(process);
   return std::nullopt;
 }
 
@@ -80,10 +112,32 @@ Text ReasonOf(int status) {
 void DesktopShell::OpenDocument(TextView path) {
   const std::string native = AbsolutePath(ToNativePath(path));
   if (access(native.c_str(), F_OK) != 0) Raise(RuntimeError::kFileNotFound);
-  const std::optional<int> status = StatusInTime(StartOpener(native), patience_);
+  const std::optional<int> status = StatusInTime(
+      Start({kOpener, native}, u"xdg-open, which opens documents, is not installed (package xdg-utils)"), patience_);
   if (status && *status != 0) {
     Raise(RuntimeError::kInvalidCall, u"xdg-open could not open " + FromNativePath(native) + u": " + ReasonOf(*status));
   }
+}
+
+void DesktopShell::StartCommandLine(TextView commandLine) {
+  std::vector<std::string> words = WordsOf(commandLine);
+  if (words.empty() || words[0].empty()) Raise(RuntimeError::kFileNotFound);
+  words[0] = ToNativePath(FromUtf8(words[0]));
+  const Text program = FromUtf8(words[0]);
+  CollectLater(Start(std::move(words), u"the program " + program + u" was not found"));
+}
+
+Text DesktopShell::SearchTree(TextView rootFolder, TextView fileName) {
+  namespace fs = std::filesystem;
+  std::error_code ignored;
+  fs::recursive_directory_iterator entry(ToNativePath(rootFolder), fs::directory_options::skip_permission_denied,
+                                         ignored);
+  for (; !ignored && entry != fs::recursive_directory_iterator(); entry.increment(ignored)) {
+    if (FromUtf8(entry->path().filename().string()) == fileName && !entry->is_directory(ignored)) {
+      return FromNativePath(entry->path().string());
+    }
+  }
+  return {};
 }
 
 }  // namespace zorkanca

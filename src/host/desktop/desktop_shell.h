@@ -15,6 +15,12 @@ class DesktopShell final : public Shell {
 
   /// Errors: 53 when the file or xdg-open is missing, 5 with the opener's reason when it fails.
   void OpenDocument(TextView path) override;
+  void StartCommandLine(TextView commandLine) override;
+  Text SearchTree(TextView rootFolder, TextView fileName) override;
+  /// The path itself: names are never shortened here.
+  Text LongPathName(TextView path) override { return Text(path); }
+  /// Has no effect: our programs put nothing on the clipboard.
+  void ClearClipboard() override {}
 
  private:
   std::chrono::milliseconds patience_;
