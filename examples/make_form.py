@@ -70,7 +70,8 @@ def add_content_control(paragraph, tag):
 
 
 def set_borders(cell, value):
-    borders = element(cell._tc.get_or_add_tcPr(), "w:tcBorders")
+    borders = OxmlElement("w:tcBorders")
+    cell._tc.get_or_add_tcPr().insert_element_before(borders, "w:shd", "w:noWrap", "w:tcMar", "w:vAlign")
     for side in ("top", "left", "bottom", "right"):
         element(borders, f"w:{side}", val=value, sz="6", color="404040")
 
@@ -93,7 +94,7 @@ def add_row(document, *items):
     for row in table.rows:
         for cell in row.cells:
             tight(cell.paragraphs[0])
-            cell._tc.get_or_add_tcPr().append(margins())
+            cell._tc.get_or_add_tcPr().insert_element_before(margins(), "w:vAlign")
     captions, fields = table.rows
     fields.height, fields.height_rule = Cm(0.75), WD_ROW_HEIGHT_RULE.AT_LEAST
     start = 0
@@ -134,7 +135,8 @@ def heading(document, caption):
     paragraph.paragraph_format.space_before, paragraph.paragraph_format.space_after = Pt(8), Pt(5)
     run = paragraph.add_run(caption)
     run.bold, run.font.size, run.font.color.rgb = True, Pt(11), RGBColor(0xFF, 0xFF, 0xFF)
-    element(paragraph._p.get_or_add_pPr(), "w:shd", val="clear", color="auto", fill="1F3A5F")
+    shading = element(paragraph._p.get_or_add_pPr(), "w:shd", val="clear", color="auto", fill="1F3A5F")
+    paragraph._p.pPr.insert_element_before(shading, "w:spacing")
 
 
 def make_head(document):

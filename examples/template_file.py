@@ -34,7 +34,7 @@ def set_widths(table, widths):
     indent = OxmlElement("w:tblInd")  # the borders stand on the margin, not the text
     indent.set(qn("w:w"), "108")
     indent.set(qn("w:type"), "dxa")
-    table._tbl.tblPr.append(indent)
+    table._tbl.tblPr.insert_element_before(indent, "w:tblBorders", "w:shd", "w:tblLayout", "w:tblCellMar", "w:tblLook")
     for column, width in zip(table.columns, widths, strict=True):
         column.width = Cm(width)
         for cell in column.cells:

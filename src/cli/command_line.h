@@ -57,6 +57,7 @@ void AddWordCommands(CLI::App& app, Command& chosen);
 void AddExcelCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
+void AddTemplateCommands(CLI::App& app, Command& chosen);
 void AddBarcodeCommands(CLI::App& app, Command& chosen);
 void AddLogCommands(CLI::App& app, Command& chosen);
 

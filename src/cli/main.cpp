@@ -1,4 +1,6 @@
 // zorkanca: the library's face on a computer without a COM client.
+#include <malloc.h>
+
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
@@ -41,7 +43,16 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--quiet", options.quiet, "no progress bar and no states");
 }
 
+// Thousands of documents come and go; giving their memory back to the system after each would cost as much as filling
+// them.
+void KeepFreedMemory() {
+  constexpr int kKept = 32 << 20;
+  mallopt(M_TRIM_THRESHOLD, kKept);
+  mallopt(M_MMAP_THRESHOLD, kKept);
+}
+
 int RunCommand(const GlobalOptions& options, const Command& command) {
+  KeepFreedMemory();
   const std::atomic<bool>& interrupted = WatchForInterrupt();
   const LinuxPlatform host(SettingsOf(options, interrupted));
   int status = kInterrupted;
@@ -67,6 +78,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddExcelCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddTemplateCommands(app, command);
   AddBarcodeCommands(app, command);
   AddLogCommands(app, command);
   try {

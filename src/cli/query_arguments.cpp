@@ -36,8 +36,33 @@ const std::string& SqlitePath(const std::string& argument) {
   throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");
 }
 
+namespace {
+
+// Column names that are derived from a SELECT lose the blanks round them, but no line ends and tabs: here these become
+// blanks. They stay in literals and quoted names, and where they end a comment.
+std::string OnOneLine(std::string statement) {
+  char inside = 0;  // the quote, or "-" of a comment, that we are in
+  for (std::size_t at = 0; at < statement.size(); ++at) {
+    char& unit = statement[at];
+    if (inside == '-') {
+      if (unit == '\n') inside = 0;
+    } else if (inside != 0) {
+      if (unit == inside) inside = 0;
+    } else if (unit == '\'' || unit == '"' || unit == '`') {
+      inside = unit;
+    } else if (unit == '-' && statement.compare(at, 2, "--") == 0) {
+      inside = '-';
+    } else if (unit == '\n' || unit == '\r' || unit == '\t') {
+      unit = ' ';
+    }
+  }
+  return statement;
+}
+
+}  // namespace
+
 Text Statement(const std::string& argument) {
-  return FromUtf8(argument == "-" ? ReadToEnd(stdin) : argument);
+  return FromUtf8(OnOneLine(argument == "-" ? ReadToEnd(stdin) : argument));
 }
 
 Text NumberedName(std::int64_t number, TextView extension) {

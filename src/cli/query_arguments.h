@@ -38,7 +38,7 @@ void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);
 
-/// The statement as --select gave it; "-" is all of standard input. Errors: 57 when that cannot be read.
+/// The statement as --select gave it, on one line; "-" is all of standard input. Errors: 57 when that cannot be read.
 Text Statement(const std::string& argument);
 
 /// Name of the n-th of several results, in at least four digits: "0001.docx".
