@@ -12,6 +12,7 @@
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "templates/seznam_sablon_office.h"
+#include "templates/template_lists.h"
 
 namespace zorkanca::cli {
 
@@ -27,6 +28,8 @@ struct TemplateOptions {
   std::optional<std::string> description;
   std::optional<std::int32_t> id;
   std::optional<std::int32_t> before;
+  bool admin = false;
+  std::string caption;
 };
 
 ApplOffice TypeNamed(const std::string& name) {
@@ -48,7 +51,7 @@ class ListedTemplates {
     if (!list_.Fill({.ZorAplName = FromUtf8(options.application), .listName = FromUtf8(options.list)})) Fail();
   }
 
-  int Show() const;
+  int Show();
   int Add();
   int Edit();
   int Supply();
@@ -135,7 +138,7 @@ Text AsJson(const c_SablonaOffice& shown) {
          (shown.FileExist() ? u"true" : u"false") + u"}";
 }
 
-int ListedTemplates::Show() const {
+int ListedTemplates::Show() {
   if (!options_.json) {
     for (const auto& each : list_) PrintAsLine(*each);
     return kDone;
@@ -194,6 +197,19 @@ int ListedTemplates::Supply() {
   return kFailed;  // the message was shown
 }
 
+// Lets the person choose in the dialog. Who chose nothing knows it, and has seen a message when something failed.
+int Choose(const CommandContext& context, const TemplateOptions& options) {
+  TemplateListArguments arguments{.rsZorApl = FromUtf8(options.application),
+                                  .TypeOfApplOffice = TypeNamed(options.type),
+                                  .rbAdmin = options.admin,
+                                  .rsListName = FromUtf8(options.list),
+                                  .rsCaption = FromUtf8(options.caption)};
+  const Text path = TemplateLists(context.platform).TemplateList(arguments);
+  if (path.empty()) return kFailed;
+  PrintLine(path);
+  return kDone;
+}
+
 // Adds the commands of the group; all share one set of options.
 class TemplateCommands {
  public:
@@ -202,7 +218,8 @@ class TemplateCommands {
     group_.require_subcommand(1);
   }
 
-  template <typename Operation>
+  using Operation = std::function<int(const CommandContext&, const TemplateOptions&)>;
+
   CLI::App& Add(const char* name, const char* description, Operation operation) {
     CLI::App& command = *group_.add_subcommand(name, description);
     command.add_option("--application", options_->application, "code of the suite application")->required();
@@ -210,16 +227,18 @@ class TemplateCommands {
     command.add_option("--type", options_->type, "all, word, excel or sds")
         ->check(CLI::IsMember({"all", "word", "excel", "sds"}));
     command.callback([&chosen = chosen_, options = options_, operation] {
-      chosen = [options, operation](const CommandContext& context) {
-        ListedTemplates templates(context, *options);
-        return (templates.*operation)();
-      };
+      chosen = [options, operation](const CommandContext& context) { return operation(context, *options); };
     });
     return command;
   }
 
-  template <typename Operation>
-  CLI::App& AddAtPosition(const char* name, const char* description, Operation operation) {
+  CLI::App& Add(const char* name, const char* description, int (ListedTemplates::*operation)()) {
+    return Add(name, description, [operation](const CommandContext& context, const TemplateOptions& options) {
+      return (ListedTemplates(context, options).*operation)();
+    });
+  }
+
+  CLI::App& AddAtPosition(const char* name, const char* description, int (ListedTemplates::*operation)()) {
     CLI::App& command = Add(name, description, operation);
     command.add_option("POSITION", options_->position, "position in the list, from 1")->required();
     return command;
@@ -257,6 +276,9 @@ void AddTemplateCommands(CLI::App& app, Command& chosen) {
   group.AddAtPosition("down", "Move a template down", &ListedTemplates::MoveDown);
   group.AddAtPosition("activate", "Make a template the active one", &ListedTemplates::Activate);
   group.Add("supply", "Register the templates of the supply file", &ListedTemplates::Supply);
+  CLI::App& choose = group.Add("choose", "Choose a template in the dialog and print its path", Choose);
+  choose.add_flag("--admin", options.admin, "let templates be added, edited and deleted there");
+  choose.add_option("--caption", options.caption, "caption of the dialog");
 }
 
 }  // namespace zorkanca::cli

@@ -496,6 +496,9 @@ class CommandLineTest(unittest.TestCase):
         self.assertIn("the list has 2", self.templates("up", 3, status=1)[1])
         self.templates("edit", 1, status=2)
         self.templates("show", "--list", "a\\b", status=1)
+        chosen = self.templates("choose", "--admin", "--caption", "Vyberte", status=1)
+        self.assertEqual(chosen[0], "")
+        self.assertIn("Seznam šablon: ", chosen[1], "says that no dialog can be shown")
         (self.folder / "no folder").touch()
         self.assertIn("no folder/HKLM.reg: ", self.run_program("--home", "no folder", "templates", "show", "--application",
                                                                "A1", status=1)[1])
