@@ -10,6 +10,7 @@
 #include "host/excel/excel_engine.h"
 #include "host/opc/package.h"
 #include "host/opc/xml_document.h"
+#include "runtime/code_page.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
 
