@@ -3,6 +3,7 @@
 
 #include "host/excel/text/general_reader.h"
 #include "host/excel/text/imported_text.h"
+#include "runtime/code_page.h"
 #include "support/excel_parts.h"
 
 namespace zorkanca::testing {
