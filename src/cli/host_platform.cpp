@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "host/desktop/windows_library.h"
 #include "runtime/date.h"
 #include "runtime/utf8.h"
 
@@ -28,9 +29,14 @@ Locale LocaleOf(const std::string& tag, Clock& clock) {
   return locale;
 }
 
-ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
-  if (options.yes) return ConsoleUserInterface::Answers::kYes;
-  return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
+DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
+  if (options.yes) return DesktopUserInterface::Answers::kYes;
+  return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
+}
+
+DesktopUserInterface::WindowsOpener OpenerOfScreen() {
+  if (!HasDisplay()) return nullptr;
+  return LoadWindows;
 }
 
 void Warn(TextView warning) {
@@ -43,7 +49,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
     : locale_(LocaleOf(options.locale, clock_)),
       files_(*locale_.codePage),
       registry_(HomeFolder(options)),
-      userInterface_(AnswersOf(options)),
+      userInterface_({.answers = AnswersOf(options), .openWindows = OpenerOfScreen(), .insteadOfDialogs = u"--template"}),
       environment_(HomeFolder(options), ZORKANCA_VERSION, registry_),
       word_(locale_, {}, Warn),
       platform_{.files = files_,
@@ -60,10 +66,6 @@ std::string HomeFolder(const GlobalOptions& options) {
   if (!options.home.empty()) return options.home;
   const std::string data = Environment("XDG_DATA_HOME");
   return (data.empty() ? Environment("HOME") + "/.local/share" : data) + "/zorkanca";
-}
-
-bool HasDisplay() {
-  return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty();
 }
 
 }  // namespace zorkanca::cli

@@ -6,8 +6,9 @@
 #include <string>
 
 #include "cli/command_line.h"
-#include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
+#include "host/desktop/desktop_user_interface.h"
+#include "host/desktop/display.h"
 #include "host/files/linux_file_system.h"
 #include "host/registry/file_registry.h"
 #include "host/system/linux_suite_environment.h"
@@ -30,7 +31,7 @@ class HostPlatform {
   Locale locale_;  // reads the clock when it is made
   LinuxFileSystem files_;
   FileRegistry registry_;
-  ConsoleUserInterface userInterface_;
+  DesktopUserInterface userInterface_;
   DesktopShell shell_;
   SyslogEventLog eventLog_;
   LinuxSuiteEnvironment environment_;
@@ -40,8 +41,5 @@ class HostPlatform {
 
 /// The home folder of the registry and the log: the option, else $ZORKANCA_HOME, else the user's data folder.
 std::string HomeFolder(const GlobalOptions& options);
-
-/// True when there is a desktop that could show a document.
-bool HasDisplay();
 
 }  // namespace zorkanca::cli

@@ -42,7 +42,7 @@ TEST(Console, WithoutTerminalNobodyIsAsked) {
       {Answers::kNo, MessageButtons::kOk, MessageAnswer::kOk},
   };
   for (const Row& row : rows) {
-    ConsoleUserInterface console(row.answers, in[0], out[1]);
+    ConsoleUserInterface console(row.answers, Terminal(in[0], out[1]));
     console.Beep();
     Message message = kQuestion;
     message.buttons = row.buttons;
@@ -62,7 +62,7 @@ TEST(Console, TheTerminalIsAskedUntilItAnswers) {
   settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
   settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
   ASSERT_EQ(tcsetattr(terminal.get(), TCSANOW, &settings), 0);
-  ConsoleUserInterface console(Answers::kAsk, terminal.get(), terminal.get());
+  ConsoleUserInterface console(Answers::kAsk, Terminal(terminal.get(), terminal.get()));
 
   const std::string shown = "\r\x1b[KT: Řádek 1\nline 2?\n[a/n] ";
   struct Row {
