@@ -117,6 +117,7 @@ void FormWindow::Run() {
 }
 
 void FormWindow::CameToFront() {
+  activateWindow();
   RunEvent([this] { form_.Activate(); });
 }
 
@@ -169,8 +170,8 @@ bool FormWindow::PassKey(const QKeyEvent& event, bool pressed) {
     RunEvent([&] { used = form_.PressKey(key) || PressFocusedButton(key); });
     return used || !form_.visible();
   }
-  if (pressed_.erase(*code) > 0) RunEvent([&] { form_.ReleaseKey(key); });
-  return !form_.visible();
+  if (pressed_.erase(*code) > 0 && form_.visible()) RunEvent([&] { form_.ReleaseKey(key); });
+  return false;
 }
 
 bool FormWindow::PressFocusedButton(const KeyStroke& key) {
