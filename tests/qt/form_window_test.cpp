@@ -6,8 +6,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include "qt/sample_form.h"
 #include "qt/window_person.h"
+#include "support/sample_form.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {

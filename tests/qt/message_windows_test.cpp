@@ -5,8 +5,8 @@
 #include <QMessageBox>
 #include <filesystem>
 
-#include "qt/sample_form.h"
 #include "qt/window_person.h"
+#include "support/sample_form.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
 

@@ -111,7 +111,8 @@ bool TerminalDialogs::ChooseRow(Form& form, ListBox& list) const {
   } else if (const std::size_t number = NumberIn(answer, rows.size()); number > 0) {
     list.SetFocus();
     list.SelectRow(static_cast<int>(number) - 1);
-    if (!form.PressKey(kEnterKey) && form.visible()) form.ReleaseKey(kEnterKey);
+    form.PressKey(kEnterKey);
+    if (form.visible()) form.ReleaseKey(kEnterKey);
     if (form.visible()) terminal_.Print(u"Tuto položku nelze zvolit.\n");
   }
   return more;

@@ -21,9 +21,11 @@ ListBoxView::ListBoxView(ListBox& box, QListWidget& list, const EventRunner& run
 void ListBoxView::RefreshRows() {
   const QSignalBlocker quiet(list_);
   list_.clear();
-  QStringList rows;
-  for (const Text& row : box_.rows()) rows.append(ToQt(row));
-  list_.addItems(rows);
+  const QSize roomy(0, list_.fontMetrics().lineSpacing() * 3 / 2);  // no width: long rows end in an ellipsis
+  for (const Text& row : box_.rows()) {
+    auto* item = new QListWidgetItem(ToQt(row), &list_);
+    item->setSizeHint(roomy);
+  }
   RefreshContent();
 }
 

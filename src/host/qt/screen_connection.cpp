@@ -51,15 +51,21 @@ bool IsInstalled(const char* pattern) {
   return !folder.entryList({QString::fromLatin1(pattern)}, QDir::Files).isEmpty();
 }
 
+// Offscreen and the like need no server.
+bool NeedsServer(const QByteArray& wanted) {
+  return wanted.isEmpty() || wanted.startsWith("xcb") || wanted.startsWith("wayland");
+}
+
 }  // namespace
 
 // X first, which desktops of Wayland serve as well: there alone windows can come back to where they were.
 std::string ReachableWindowSystem() {
   const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
+  if (!NeedsServer(wanted)) return wanted.toStdString();
+  const bool x = IsInstalled("libqxcb.so") && XServerAnswers();
+  if (!x && !(IsInstalled("libqwayland*.so") && WaylandAnswers())) return {};
   if (!wanted.isEmpty()) return wanted.toStdString();
-  if (IsInstalled("libqxcb.so") && XServerAnswers()) return "xcb";
-  if (IsInstalled("libqwayland*.so") && WaylandAnswers()) return "wayland";
-  return {};
+  return x ? "xcb" : "wayland";
 }
 
 }  // namespace zorkanca
