@@ -46,6 +46,7 @@ void AddExportCommands(CLI::App& app, Command& chosen);
 void AddMergeCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
+void AddTemplateCommands(CLI::App& app, Command& chosen);
 void AddBarcodeCommands(CLI::App& app, Command& chosen);
 void AddLogCommands(CLI::App& app, Command& chosen);
 

@@ -60,6 +60,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddMergeCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddTemplateCommands(app, command);
   AddBarcodeCommands(app, command);
   AddLogCommands(app, command);
   try {

@@ -23,7 +23,8 @@ void MakeFolder(FileSystem& files, const Text& folder) {
 }  // namespace
 
 cZorOffice::cZorOffice(const Platform& platform)
-    : context_{.platform = platform,
+    : templateLists_(platform),
+      context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
                .separators = FindNumberSeparators(platform.locale)} {
   FileSystem& files = platform.files;

@@ -11,6 +11,7 @@
 #include "export/word_opening.h"
 #include "platform/database.h"
 #include "platform/platform.h"
+#include "templates/template_lists.h"
 
 namespace zorkanca {
 
@@ -47,7 +48,15 @@ class cZorOffice {
   /// Opens a document in Word; see `OpenWordDocument`.
   bool GetOpenDoc(GetOpenDocArguments& arguments) { return OpenWordDocument(context_, arguments); }
 
+  /// Lets the user choose a template of a list; see `TemplateLists`.
+  Text TemplateList(TemplateListArguments& arguments) { return templateLists_.TemplateList(arguments); }
+  /// Registers the templates of the supply file; see `TemplateLists`.
+  bool SupplyTemplateList(Text& rsZorApl, ApplOffice TypeOfApplOffice, Text& rsListName) {
+    return templateLists_.SupplyTemplateList(rsZorApl, TypeOfApplOffice, rsListName);
+  }
+
  private:
+  TemplateLists templateLists_;
   ExportContext context_;
 };
 
