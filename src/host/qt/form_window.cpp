@@ -107,7 +107,7 @@ void FormWindow::Run() {
   show();
   ReportPlace();
   RunEvent([this] { form_.Activate(); });
-  FocusFirst();
+  if (Control* first = form_.activeControl()) FocusMoved(*first);
   if (form_.visible() && !failure_) loop_.exec();
   reporting_ = false;
   form_.Hide();
@@ -119,13 +119,6 @@ void FormWindow::Run() {
 void FormWindow::CameToFront() {
   activateWindow();
   RunEvent([this] { form_.Activate(); });
-}
-
-void FormWindow::FocusFirst() {
-  if (form_.activeControl() != nullptr) return FocusMoved(*form_.activeControl());
-  for (Control* control : InTabOrder(form_)) {
-    if (control->tabStop() && control->CanTakeFocus()) return control->SetFocus();
-  }
 }
 
 void FormWindow::RunEvent(const std::function<void()>& body) {

@@ -46,7 +46,6 @@ class FormWindow final : public QDialog, private FormView {
 
   void MakeViews();
   void Place();
-  void FocusFirst();
   void RunEvent(const std::function<void()>& body);
   bool PassKey(const QKeyEvent& event, bool pressed);
   bool PressFocusedButton(const KeyStroke& key);

@@ -50,13 +50,13 @@ void TextBoxView::RefreshContent() {
 
 void TextBoxView::PersonEdited() {
   const Text after = FromQt(line_.text());
-  const Edit edit = EditBetween(box_.text(), after, static_cast<std::size_t>(line_.cursorPosition()));
+  int cursor = line_.cursorPosition();
+  const Edit edit = EditBetween(box_.text(), after, static_cast<std::size_t>(cursor));
   Text accepted;
   run_([&] { accepted = box_.Type(edit.inserted, edit.start, edit.removed); });
   Refresh();
-  if (accepted.size() != edit.inserted.size()) {
-    line_.setCursorPosition(static_cast<int>(edit.start + accepted.size()));
-  }
+  if (accepted.size() != edit.inserted.size()) cursor = static_cast<int>(edit.start + accepted.size());
+  if (line_.cursorPosition() != cursor) line_.setCursorPosition(cursor);
 }
 
 }  // namespace zorkanca
