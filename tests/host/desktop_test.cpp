@@ -73,6 +73,7 @@ TEST_F(Desktop, CommandLinesAreDividedAtBlanksOutsideQuotes) {
     TextView arguments;
     const char* words;
   };
+  const Text program = Text(u"\"").append(folder_.TextPath("my program")).append(u"\" ");
   const Row rows[] = {
       {u"", ""},
       {u"a  b\tc ", "a|b|c|"},
@@ -82,7 +83,7 @@ TEST_F(Desktop, CommandLinesAreDividedAtBlanksOutsideQuotes) {
   };
   for (const Row& row : rows) {
     std::filesystem::remove(folder_.Path("done"));
-    DesktopShell().StartCommandLine(u"\"" + folder_.TextPath("my program") + u"\" " + Text(row.arguments));
+    DesktopShell().StartCommandLine(Text(program).append(row.arguments));
     ASSERT_TRUE(Until([&] { return folder_.Has("done"); }));
     EXPECT_EQ(folder_.Read("said"), row.words);
   }

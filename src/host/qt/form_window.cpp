@@ -88,7 +88,7 @@ void FormWindow::MakeViews() {
 
 // Takes caption, place and window state over from the form. The frame is the desktop's and counts nowhere.
 void FormWindow::Place() {
-  setWindowTitle(ToQt(form_.caption()));
+  setWindowTitle(form_.caption().empty() ? QStringLiteral("zorKancA") : ToQt(form_.caption()));
   const QRect place = ToPixels(form_.bounds());
   if (form_.sizable()) resize(place.size());
   if (form_.placed()) {
