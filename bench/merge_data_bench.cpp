@@ -7,12 +7,12 @@
 #include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
 #include "host/files/linux_file_system.h"
+#include "host/office_engines.h"
 #include "host/registry/file_registry.h"
 #include "host/sqlite/sqlite_database.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
-#include "host/word/word_engine.h"
 #include "runtime/utf8.h"
 
 int main(int count, char** arguments) {
@@ -29,9 +29,9 @@ int main(int count, char** arguments) {
   SystemClock clock;
   SyslogEventLog eventLog;
   LinuxSuiteEnvironment environment("/nonexistent", "0", registry);
-  WordEngine word(locale);
+  OfficeEngines office(locale);
   ExportContext context{
-      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, word}};
+      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, office}};
 
   SqliteDatabase database(arguments[1]);
   const Text select = FromUtf8(arguments[2]);

@@ -45,7 +45,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
       registry_(HomeFolder(options)),
       userInterface_(AnswersOf(options)),
       environment_(HomeFolder(options), ZORKANCA_VERSION, registry_),
-      word_(locale_, {}, Warn),
+      office_(locale_, Warn),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,
@@ -54,7 +54,7 @@ HostPlatform::HostPlatform(const GlobalOptions& options)
                 .locale = locale_,
                 .eventLog = eventLog_,
                 .environment = environment_,
-                .office = word_} {}
+                .office = office_} {}
 
 std::string HomeFolder(const GlobalOptions& options) {
   if (!options.home.empty()) return options.home;

@@ -9,11 +9,11 @@
 #include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
 #include "host/files/linux_file_system.h"
+#include "host/office_engines.h"
 #include "host/registry/file_registry.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
-#include "host/word/word_engine.h"
 
 namespace zorkanca::cli {
 
@@ -34,7 +34,7 @@ class HostPlatform {
   DesktopShell shell_;
   SyslogEventLog eventLog_;
   LinuxSuiteEnvironment environment_;
-  WordEngine word_;
+  OfficeEngines office_;
   Platform platform_;
 };
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/office_applications.h"
+#include "platform/word/word_application.h"
 
 namespace zorkanca::testing {
 
@@ -16,7 +16,7 @@ using Journal = std::vector<std::string>;
 class FakeDocument;
 
 /// Files and merges are what a test says they are.
-class FakeWord final : public OfficeApplications {
+class FakeWord final {
  public:
   explicit FakeWord(Journal& lines) : journal(lines) {}
 
@@ -32,8 +32,8 @@ class FakeWord final : public OfficeApplications {
   std::vector<std::shared_ptr<FakeDocument>> documents;  ///< open ones, in order of creation
   std::shared_ptr<WordApplication> application;          ///< once started
 
-  WordApplicationReference AttachWord() override;
-  WordApplicationReference StartWord() override;
+  WordApplicationReference AttachWord();
+  WordApplicationReference StartWord();
 };
 
 }  // namespace zorkanca::testing

@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "support/fake_office.h"
 #include "support/fake_word.h"
 #include "support/memory_file_system.h"
 #include "support/memory_registry.h"
@@ -143,7 +144,8 @@ class MemoryPlatform {
   JournalEventLog eventLog{journal};
   FixedSuiteEnvironment environment;
   FakeWord word{journal};
-  Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment, word};
+  FakeOffice office{word};
+  Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment, office};
 };
 
 }  // namespace zorkanca::testing

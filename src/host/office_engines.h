@@ -1,0 +1,25 @@
+// Our own engines in the places of the office applications.
+#pragma once
+
+#include "host/word/word_engine.h"
+#include "platform/office_applications.h"
+
+namespace zorkanca {
+
+class OfficeEngines final : public OfficeApplications {
+ public:
+  /// @param locale  of numbers, dates and ANSI files; outlives the engines
+  /// @param warn    told in English of what an engine left as it was
+  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {});
+
+  WordApplicationReference AttachWord() override { return word_.AttachWord(); }
+  WordApplicationReference StartWord() override { return word_.StartWord(); }
+  ExcelApplicationReference AttachExcel() override;
+  ExcelApplicationReference StartExcel() override;
+  ExcelWorkbookReference GetWorkbook(TextView path) override;
+
+ private:
+  WordEngine word_;
+};
+
+}  // namespace zorkanca
