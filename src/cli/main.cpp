@@ -42,7 +42,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
 }
 
 int RunCommand(const GlobalOptions& options, const Command& command) {
-  const HostPlatform host(options);
+  const LinuxPlatform host(SettingsOf(options));
   const int status = command({.options = options, .platform = host.platform(), .interrupted = WatchForInterrupt()});
   if (std::fflush(stdout) == 0) return status;
   std::perror("zorkanca: standard output");
