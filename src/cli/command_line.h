@@ -47,6 +47,7 @@ void AddMergeCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
 void AddBarcodeCommands(CLI::App& app, Command& chosen);
+void AddOfficeCommands(CLI::App& app, Command& chosen);
 void AddLogCommands(CLI::App& app, Command& chosen);
 
 /// All bytes that are left in a file. Errors: 57 when it cannot be read.

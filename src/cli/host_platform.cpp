@@ -33,8 +33,12 @@ bool IsSet(const char* variable) {
 
 }  // namespace
 
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options) {
-  return {.home = options.home, .locale = LocaleOf(options.locale), .answers = AnswersOf(options), .warn = Warn};
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted) {
+  return {.home = options.home,
+          .locale = LocaleOf(options.locale),
+          .answers = AnswersOf(options),
+          .warn = Warn,
+          .cancelled = [&interrupted] { return interrupted.load(); }};
 }
 
 bool HasDisplay() {

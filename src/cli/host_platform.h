@@ -7,7 +7,8 @@
 namespace zorkanca::cli {
 
 /// Errors: `UsageError` for a locale that we have no data for.
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options);
+/// @param interrupted  set when the user wants to stop; outlives the platform
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 /// True when there is a desktop that could show a document.
 bool HasDisplay();

@@ -42,8 +42,9 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
 }
 
 int RunCommand(const GlobalOptions& options, const Command& command) {
-  const LinuxPlatform host(SettingsOf(options));
-  const int status = command({.options = options, .platform = host.platform(), .interrupted = WatchForInterrupt()});
+  const std::atomic<bool>& interrupted = WatchForInterrupt();
+  const LinuxPlatform host(SettingsOf(options, interrupted));
+  const int status = command({.options = options, .platform = host.platform(), .interrupted = interrupted});
   if (std::fflush(stdout) == 0) return status;
   std::perror("zorkanca: standard output");
   return kFailed;
@@ -61,6 +62,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddBarcodeCommands(app, command);
+  AddOfficeCommands(app, command);
   AddLogCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "host/engine_registration.h"
 #include "runtime/date.h"
 
 namespace zorkanca {
@@ -23,6 +24,12 @@ std::string HomeOf(const LinuxPlatformSettings& settings) {
   return settings.home.empty() ? DefaultHomeFolder() : settings.home;
 }
 
+LibreOfficeConverter ConverterOf(const LinuxPlatformSettings& settings) {
+  LibreOfficeConverter::Settings conversion;
+  conversion.cancelled = settings.cancelled;
+  return LibreOfficeConverter(std::move(conversion));
+}
+
 }  // namespace
 
 LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
@@ -31,7 +38,7 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
       registry_(HomeOf(settings)),
       userInterface_(settings.answers),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
-      office_(locale_, settings.warn),
+      office_(locale_, ConverterOf(settings), settings.warn),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,
@@ -40,7 +47,9 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
                 .locale = locale_,
                 .eventLog = eventLog_,
                 .environment = environment_,
-                .office = office_} {}
+                .office = office_} {
+  RegisterEngines(registry_);
+}
 
 std::string DefaultHomeFolder() {
   if (const std::string home = Environment("ZORKANCA_HOME"); !home.empty()) return home;

@@ -21,11 +21,13 @@ struct LinuxPlatformSettings {
   Locale locale = *FindLocale(u"cs-CZ");  ///< of the user: separators, date forms, ANSI code page
   ConsoleUserInterface::Answers answers = ConsoleUserInterface::Answers::kAsk;
   std::function<void(TextView)> warn{};  ///< told in English of what an engine left as it was in a document
+  std::function<bool()> cancelled{};     ///< asked now and then while a document is converted
 };
 
 /// Owns what the platform refers to.
 class LinuxPlatform {
  public:
+  /// Enters our engines as the installed office applications, see host/engine_registration.h.
   explicit LinuxPlatform(const LinuxPlatformSettings& settings);
   LinuxPlatform(const LinuxPlatform&) = delete;
   LinuxPlatform& operator=(const LinuxPlatform&) = delete;

@@ -4,7 +4,8 @@
 
 namespace zorkanca {
 
-OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn) : word_(locale, {}, std::move(warn)) {}
+OfficeEngines::OfficeEngines(const Locale& locale, LibreOfficeConverter converter, WordEngine::Warn warn)
+    : word_(locale, std::move(converter), std::move(warn)) {}
 
 ExcelApplicationReference OfficeEngines::AttachExcel() {
   Raise(RuntimeError::kCannotCreateObject);

@@ -8,12 +8,14 @@ namespace zorkanca {
 
 class OfficeEngines final : public OfficeApplications {
  public:
-  /// @param locale  of numbers, dates and ANSI files; outlives the engines
-  /// @param warn    told in English of what an engine left as it was
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {});
+  /// @param locale     of numbers, dates and ANSI files; outlives the engines
+  /// @param converter  makes PDF and reads documents of other formats
+  /// @param warn       told in English of what an engine left as it was
+  explicit OfficeEngines(const Locale& locale, LibreOfficeConverter converter = {}, WordEngine::Warn warn = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
+  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
   ExcelApplicationReference AttachExcel() override;
   ExcelApplicationReference StartExcel() override;
   ExcelWorkbookReference GetWorkbook(TextView path) override;

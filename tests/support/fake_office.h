@@ -14,6 +14,7 @@ class FakeOffice final : public OfficeApplications {
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
+  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
   ExcelApplicationReference AttachExcel() override { Raise(RuntimeError::kCannotCreateObject); }
   ExcelApplicationReference StartExcel() override { Raise(RuntimeError::kCannotCreateObject); }
   ExcelWorkbookReference GetWorkbook(TextView) override { Raise(RuntimeError::kCannotCreateObject); }

@@ -135,6 +135,17 @@ void OpenDocument::Activate() {
   holder_.activate(*this);
 }
 
+// There are no windows; those of all documents have the state of the application's.
+WordWindowState OpenDocument::WindowState() const {
+  Opened();
+  return holder_.application()->WindowState();
+}
+
+void OpenDocument::WindowState(WordWindowState state) {
+  Opened();
+  holder_.application()->WindowState(state);
+}
+
 // A file that is to hold macros keeps them; the usual format has none.
 Package OpenDocument::PackageFor(const std::string& path) {
   Package package = Opened().Written();
