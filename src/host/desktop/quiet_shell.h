@@ -3,7 +3,7 @@
 
 #include "platform/shell.h"
 
-namespace zorkanca::cli {
+namespace zorkanca {
 
 /// Opens nothing: the user said so with --no-open, or there is no display to open anything on.
 class QuietShell final : public Shell {
@@ -23,4 +23,4 @@ class QuietShell final : public Shell {
   Shell& shell_;
 };
 
-}  // namespace zorkanca::cli
+}  // namespace zorkanca
