@@ -1,5 +1,4 @@
 // Commands around the office applications: PDF, the alternative office package, what is installed, opening documents.
-#include <CLI/Validators.hpp>
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -125,19 +124,20 @@ struct Setting {
 template <eTypeOfEditor kType>
 constexpr std::array<Setting, 3> SettingsOfType(TextView useKey, TextView programKey, TextView folderKey) {
   using Manager = cAlternativeOfficeManager;
-  return {{{useKey, [](const Manager& manager, const Text&) { return Text(manager.UsesAlternative(kType) ? u"1" : u"0"); },
-            [](const Manager& manager, const std::string& value, const Text&) {
-              if (value != "0" && value != "1") throw UsageError("the value is 0 or 1");
-              manager.SaveUse(kType, value == "1");
-            }},
-           {programKey, [](const Manager& manager, const Text&) { return manager.AppPath(kType); },
-            [](const Manager& manager, const std::string& value, const Text&) {
-              manager.SaveAppPath(kType, FromUtf8(value));
-            }},
-           {folderKey, [](const Manager& manager, const Text& prefix) { return manager.StoreFolder(kType, prefix); },
-            [](const Manager& manager, const std::string& value, const Text& prefix) {
-              manager.SaveStoreFolder(kType, FromUtf8(value), prefix);
-            }}}};
+  return {
+      {{useKey, [](const Manager& manager, const Text&) { return Text(manager.UsesAlternative(kType) ? u"1" : u"0"); },
+        [](const Manager& manager, const std::string& value, const Text&) {
+          if (value != "0" && value != "1") throw UsageError("the value is 0 or 1");
+          manager.SaveUse(kType, value == "1");
+        }},
+       {programKey, [](const Manager& manager, const Text&) { return manager.AppPath(kType); },
+        [](const Manager& manager, const std::string& value, const Text&) {
+          manager.SaveAppPath(kType, FromUtf8(value));
+        }},
+       {folderKey, [](const Manager& manager, const Text& prefix) { return manager.StoreFolder(kType, prefix); },
+        [](const Manager& manager, const std::string& value, const Text& prefix) {
+          manager.SaveStoreFolder(kType, FromUtf8(value), prefix);
+        }}}};
 }
 
 std::vector<Setting> AllSettings() {
@@ -162,7 +162,8 @@ Setting FindSetting(const std::string& key) {
   throw UsageError("no such setting: " + key + "; known are" + known);
 }
 
-int GetSettings(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int GetSettings(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   if (!options.key.empty()) {
     PrintLine(FindSetting(options.key).read(manager, options.Prefix()));
     return kDone;
@@ -173,32 +174,38 @@ int GetSettings(const cAlternativeOfficeManager& manager, const AlternativeOptio
   return kDone;
 }
 
-int SetSetting(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int SetSetting(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   FindSetting(options.key).save(manager, options.value, options.Prefix());
   return kDone;
 }
 
-int DefaultFolder(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int DefaultFolder(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   PrintLine(manager.GetDefaultEditorStoreFolder(options.Type(), options.Prefix()));
   return kDone;
 }
 
-int DefaultProgram(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int DefaultProgram(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   PrintLine(manager.GetDefaultEditorAppPath(options.Type()));
   return kDone;
 }
 
-int OpenStoreFolder(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int OpenStoreFolder(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   return manager.OpenEditorStoreFolder(options.Type(), options.Prefix()) ? kDone : kFailed;
 }
 
-int ShowDialog(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
+int ShowDialog(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
   manager.ShowPresetForm(options.Type(), options.Prefix());
   return kDone;
 }
 
-int OpenFile(const cAlternativeOfficeManager& manager, const AlternativeOptions& options) {
-  const Text path = FromUtf8(options.file);
+int OpenFile(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  const Text path = AbsolutePathOf(context, options.file);
   if (options.table) {
     manager.OpenFileInTableEditor(path);
   } else {
@@ -207,7 +214,7 @@ int OpenFile(const cAlternativeOfficeManager& manager, const AlternativeOptions&
   return kDone;
 }
 
-using Operation = int (*)(const cAlternativeOfficeManager&, const AlternativeOptions&);
+using Operation = int (*)(const CommandContext&, const AlternativeOptions&);
 
 class AlternativeCommands {
  public:
@@ -220,9 +227,7 @@ class AlternativeCommands {
   CLI::App* Add(const char* name, const char* description, Operation operation) {
     CLI::App* command = group_.add_subcommand(name, description);
     command->callback([&chosen = chosen_, options = options_, operation] {
-      chosen = [options, operation](const CommandContext& context) {
-        return operation(cAlternativeOfficeManager(context.platform), *options);
-      };
+      chosen = [options, operation](const CommandContext& context) { return operation(context, *options); };
     });
     return command;
   }

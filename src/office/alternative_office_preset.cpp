@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "foundation/err_data.h"
+#include "foundation/focus_move.h"
 #include "foundation/hourglass.h"
 #include "platform/paths.h"
 
@@ -69,6 +70,8 @@ void frmAlternativeOfficePreset::OnKeyDown(const KeyStroke& key) {
   if (key.code == KeyCode::kF5) {
     mode_ = Mode::kLoading;
     Fill();
+  } else if (key.code == KeyCode::kEnter && dynamic_cast<TextBox*>(activeControl()) != nullptr) {
+    sf_NextCtr(this);
   }
 }
 

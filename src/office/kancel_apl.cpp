@@ -1,9 +1,9 @@
 #include "office/kancel_apl.h"
 
 #include "foundation/error_log.h"
-#include "foundation/registry_access.h"
 #include "platform/excel/excel_application.h"
 #include "platform/word/word_application.h"
+#include "runtime/error.h"
 
 namespace zorkanca {
 
@@ -79,9 +79,15 @@ void BringToFront(ExcelWorkbook& workbook) {
 
 }  // namespace
 
+cKancelApl::cKancelApl(const Platform& platform) : platform_(platform) {
+  if (!sf_ZakladStart(platform_, services_)) sf_ZakladKonec(services_);
+  KancelAplInstalled();
+}
+
 void cKancelApl::KancelAplInstalled() {
   LoggedUnder(platform_, u"KancelAplInstalled", [&] {
-    const RegistryAccess registry(platform_.registry);
+    if (!services_) Raise(RuntimeError::kObjectNotSet);
+    const RegistryAccess& registry = services_->registryAccess();
     docEditorInstalled_ = IsClassRegistered(registry, u"Word.Application");
     xlsEditorInstalled_ = IsClassRegistered(registry, u"Excel.Application");
   });

@@ -1,6 +1,9 @@
 // cKancelApl: whether Word and Excel are installed, and documents brought before the user's eyes in them.
 #pragma once
 
+#include <memory>
+
+#include "foundation/base_services.h"
 #include "platform/excel/excel_workbook.h"
 #include "platform/platform.h"
 #include "platform/word/word_document.h"
@@ -11,11 +14,8 @@ namespace zorkanca {
 /// Raises nothing: failures are written to the error log.
 class cKancelApl {
  public:
-  /// Starts the base services and looks for the applications once.
+  /// Starts the base services, which end with this object, and looks for the applications once.
   explicit cKancelApl(const Platform& platform);
-  ~cKancelApl();
-  cKancelApl(const cKancelApl&) = delete;
-  cKancelApl& operator=(const cKancelApl&) = delete;
 
   /// True when the class of Word (Excel) was registered as this object was made.
   bool DocEditorInstalovan() const { return docEditorInstalled_; }
@@ -32,6 +32,7 @@ class cKancelApl {
   void KancelAplInstalled();
 
   Platform platform_;
+  std::unique_ptr<BaseServices> services_;  // null when they could not be started
   bool docEditorInstalled_ = false;
   bool xlsEditorInstalled_ = false;
 };

@@ -5,6 +5,7 @@
 #include "export/zor_office.h"
 #include "foundation/err_data.h"
 #include "foundation/ignore_errors.h"
+#include "platform/excel/excel_application.h"
 
 namespace zorkanca {
 
@@ -86,6 +87,18 @@ bool cOfficePdfConvert::WdExportToPdfFormat(const Text& sSourceFilePath, const T
                                   .DocStructureTags = true,
                                   .BitmapMissingFonts = true,
                                   .UseISO19005_1 = bUseISO19005_1});
+  });
+}
+
+bool cOfficePdfConvert::XlExportToPdfFormat(const Text& sSourceFilePath, const Text& sDestinationFilePath) {
+  const auto open = [&](cZorOffice&) { return ExcelWorkbookReference(); };
+  return Convert(platform_, sSourceFilePath, u"Nepodařilo se otevřít soubor: ", open, [&](ExcelWorkbook& workbook) {
+    workbook.ExportAsFixedFormat({.Type = 0,
+                                  .fileName = sDestinationFilePath,
+                                  .Quality = 0,
+                                  .IncludeDocProperties = true,
+                                  .IgnorePrintAreas = false,
+                                  .OpenAfterPublish = false});
   });
 }
 

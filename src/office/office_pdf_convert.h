@@ -19,6 +19,8 @@ class cOfficePdfConvert {
   bool WdExportToPdfFormat(const Text& sSourceFilePath, const Text& sDestinationFilePath,
                            WdExportCreateBookmarks CreateBookmarks = WdExportCreateBookmarks::wdExportCreateNoBookmarks,
                            bool bUseISO19005_1 = false);
+  /// @return  true when the PDF was written
+  bool XlExportToPdfFormat(const Text& sSourceFilePath, const Text& sDestinationFilePath);
 
  private:
   Platform platform_;
