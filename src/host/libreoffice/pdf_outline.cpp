@@ -51,11 +51,12 @@ class PdfFile {
     const std::size_t mark = bytes.rfind("startxref");
     const auto table = mark == bytes.npos ? std::nullopt : NumberAfter(bytes.substr(mark), "startxref");
     if (!table || *table >= mark || !bytes.substr(*table).starts_with("xref\n0 ")) return;
-    const std::size_t trailer = bytes.find("trailer", *table);
-    if (trailer > mark) return;
+    const std::size_t trailer = bytes.find("<<", bytes.find("trailer", *table));
+    const std::size_t end = bytes.rfind(">>", mark);
+    if (trailer >= mark || end <= trailer || end > mark) return;
     table_ = *table;
     entries_ = bytes.substr(bytes.find('\n', table_ + 5) + 1);
-    trailer_ = bytes.substr(trailer + 7, mark - trailer - 7);
+    trailer_ = bytes.substr(trailer, end + 2 - trailer);
     size_ = NumberAfter(trailer_, "/Size").value_or(0);
   }
 
@@ -174,7 +175,7 @@ void AddItems(Update& update, std::size_t root, const std::vector<OutlineItem>& 
 // The old trailer with the new number of objects and a way back to the old table. The checksum in it would no longer be
 // the file's.
 std::string NewTrailer(const PdfFile& pdf, std::size_t size) {
-  std::string trailer(pdf.trailer().substr(0, pdf.trailer().rfind(">>") + 2));
+  std::string trailer(pdf.trailer());
   const std::size_t old = trailer.find("/Size");
   trailer.replace(old, trailer.find_first_of("/>", old + 1) - old,
                   "/Size " + std::to_string(size) + "/Prev " + std::to_string(pdf.table()));
