@@ -91,7 +91,12 @@ bool cOfficePdfConvert::WdExportToPdfFormat(const Text& sSourceFilePath, const T
 }
 
 bool cOfficePdfConvert::XlExportToPdfFormat(const Text& sSourceFilePath, const Text& sDestinationFilePath) {
-  const auto open = [&](cZorOffice&) { return ExcelWorkbookReference(); };
+  const auto open = [&](cZorOffice& office) {
+    GetOpenXlsArguments arguments{
+        .rsTemplate = sSourceFilePath, .rVisible = AppVisible::avFalse, .rbScreenUpdating = false};
+    office.GetOpenXls(arguments);
+    return arguments.roRetXls;
+  };
   return Convert(platform_, sSourceFilePath, u"Nepodařilo se otevřít soubor: ", open, [&](ExcelWorkbook& workbook) {
     workbook.ExportAsFixedFormat({.Type = 0,
                                   .fileName = sDestinationFilePath,

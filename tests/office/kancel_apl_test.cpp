@@ -74,10 +74,23 @@ TEST_F(KancelApl, FailuresGoToTheLog) {
   EXPECT_EQ(Logged(), "OtevriDoc: pokus o GetObject(C:\\a.doc)\tChyba: 5174; Zdroj: ; Popis: no such file");
 }
 
-TEST_F(KancelApl, WithoutExcelNoWorkbookOpens) {
+TEST_F(KancelApl, MinimisedWindowsOfExcelBecomeNormal) {
   cKancelApl applications(computer_.platform);
+  computer_.excel.windowState = ExcelWindowState::kMinimized;
+  computer_.excel.activeWindowState = ExcelWindowState::kMinimized;
+  EXPECT_TRUE(applications.OtevriXls(u"C:\\a.xls", workbook_));
+  EXPECT_EQ(computer_.excel.activeWindowState, ExcelWindowState::kNormal);
+  EXPECT_EQ(computer_.journal, (Journal{"excel start", "excel add C:\\a.xls", "excel activate Sešit1",
+                                        "excel visible on", "excel show Sešit1", "excel window -4143"}));
+  computer_.journal.clear();
+  computer_.excel.windowState = computer_.excel.activeWindowState = ExcelWindowState::kMaximized;
+  EXPECT_TRUE(applications.OtevriXls(u"C:\\a.xls", workbook_));
+  EXPECT_EQ(computer_.excel.activeWindowState, ExcelWindowState::kMaximized);
+  EXPECT_EQ(computer_.journal.back(), "excel show Sešit1");
+  computer_.excel.refusesToAdd = true;
   EXPECT_FALSE(applications.OtevriXls(u"C:\\a.xls", workbook_));
-  EXPECT_THAT(Logged(), ::testing::StartsWith("OtevriXls: pokus o GetObject(C:\\a.xls)\tChyba: 429; "));
+  EXPECT_EQ(workbook_, nullptr);
+  EXPECT_EQ(Logged(), "OtevriXls: pokus o GetObject(C:\\a.xls)\tChyba: 1004; Zdroj: ; Popis: no such file");
 }
 
 }  // namespace

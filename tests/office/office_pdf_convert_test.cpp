@@ -42,5 +42,25 @@ TEST(OfficePdfConvert, FailuresAreShownAndTheSourceIsClosed) {
                              "word close C:\\a.doc", "word updating on"}));
 }
 
+TEST(OfficePdfConvert, ExcelDoesTheSame) {
+  MemoryPlatform computer;
+  cOfficePdfConvert convert(computer.platform);
+  EXPECT_TRUE(convert.XlExportToPdfFormat(u"C:\\a.xls", u"C:\\a.pdf"));
+  EXPECT_EQ(computer.journal.back(), "excel updating on");
+  EXPECT_TRUE(computer.excel.exported->IncludeDocProperties && !computer.excel.exported->IgnorePrintAreas);
+  computer.excel.refusesToExport = true;
+  EXPECT_FALSE(convert.XlExportToPdfFormat(u"C:\\a.xls", u"C:\\b.pdf"));
+  const Journal ending(computer.journal.end() - 4, computer.journal.end());
+  EXPECT_EQ(ending, (Journal{"excel export C:\\b.pdf",
+                             std::string(kMessage) + "Došlo k chybě při konverzi souboru \"C:\\a.xls\" do formátu "
+                                                     "*.pdf\r\n5 - no room",
+                             "excel close Sešit1", "excel updating on"}));
+  computer.excel.refusesToAdd = true;
+  EXPECT_FALSE(convert.XlExportToPdfFormat(u"C:\\none.xls", u"C:\\a.pdf"));
+  const auto shown = std::find(computer.journal.begin(), computer.journal.end(),
+                               std::string(kMessage) + "Nepodařilo se otevřít soubor: \r\nC:\\none.xls");
+  EXPECT_NE(shown, computer.journal.end());
+}
+
 }  // namespace
 }  // namespace zorkanca::testing
