@@ -355,7 +355,6 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(self.output(*run, "default", "document", "--prefix", "ABC"),
                          f"{self.folder}/tmp/Zorix/ABC/Documents\n")
         (self.folder / "swriter").write_text("")
-        self.assertEqual(self.output(*run, "program", "document", PATH=str(self.folder / "tmp")), "\n")
         self.assertEqual(self.output(*run, "program", "document", PATH=str(self.folder)), f"{self.folder}/swriter\n")
         for arguments in [["set", "UseAlternativeTableEditor", "yes"], ["get", "none"], ["program", "sheet"],
                           ["open", "a.xls"], ["open", "a.xls", "--table", "--document"]]:
