@@ -1,6 +1,7 @@
 // Commands around the office applications: PDF, the alternative office package, what is installed, opening documents.
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <memory>
 
 #include "cli/command_line.h"
@@ -37,6 +38,11 @@ Text AbsolutePathOf(const CommandContext& context, const std::string& path) {
   return context.platform.files.GetAbsolutePathName(FromUtf8(path));
 }
 
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code missing;
+  return std::filesystem::equivalent(one, other, missing);
+}
+
 void AddPdf(CLI::App& app, Command& chosen) {
   struct Options {
     std::string source;
@@ -55,6 +61,7 @@ void AddPdf(CLI::App& app, Command& chosen) {
     chosen = [options](const CommandContext& context) {
       const Text source = AbsolutePathOf(context, options->source);
       const Text target = AbsolutePathOf(context, options->target);
+      if (IsSameFile(options->source, options->target)) throw UsageError("SOURCE and TARGET are the same file");
       cOfficePdfConvert convert(context.platform);
       const auto bookmarks = static_cast<WdExportCreateBookmarks>(options->bookmarks);
       const bool done = IsForExcel(source) ? convert.XlExportToPdfFormat(source, target)

@@ -1,6 +1,7 @@
 // Our own engines in the places of the office applications.
 #pragma once
 
+#include "host/excel/excel_engine.h"
 #include "host/word/word_engine.h"
 #include "platform/office_applications.h"
 
@@ -11,17 +12,19 @@ class OfficeEngines final : public OfficeApplications {
   /// @param locale     of numbers, dates and ANSI files; outlives the engines
   /// @param converter  makes PDF and reads documents of other formats
   /// @param warn       told in English of what an engine left as it was
-  explicit OfficeEngines(const Locale& locale, LibreOfficeConverter converter = {}, WordEngine::Warn warn = {});
+  explicit OfficeEngines(const Locale& locale, const LibreOfficeConverter& converter = {}, WordEngine::Warn warn = {})
+      : word_(locale, converter, std::move(warn)), excel_(locale, converter) {}
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
   WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
-  ExcelApplicationReference AttachExcel() override;
-  ExcelApplicationReference StartExcel() override;
-  ExcelWorkbookReference GetWorkbook(TextView path) override;
+  ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
+  ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
+  ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }
 
  private:
   WordEngine word_;
+  ExcelEngine excel_;
 };
 
 }  // namespace zorkanca

@@ -292,11 +292,11 @@ class CommandLineTest(unittest.TestCase):
             ("bad.docx", "x.pdf", opening + f"{self.folder}/bad.docx\n"),
             ("none.xlsx", "x.pdf", title + f"Nepodařilo se otevřít soubor: \n{self.folder}/none.xlsx\n"),
             ("good.docx", "none/x.pdf", converting + "76 - Path not found\n"),
-            ("good.docx", "good.docx", converting + "70 - Permission denied\n"),
         ]:
             self.assertEqual(self.run_program("pdf", source, target, status=1), ("", message))
             self.assertFalse((self.folder / "x.pdf").exists())
         self.run_program("pdf", "good.txt", "x.pdf", status=2)
+        self.run_program("pdf", "good.docx", "../" + self.folder.name + "/good.docx", status=2)
 
     def test_interrupted_pdf_leaves_no_process(self):
         self.document("good.docx")
