@@ -2,6 +2,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
+#include <set>
 
 #include "runtime/locale.h"
 #include "runtime/utf8.h"
@@ -22,8 +24,12 @@ ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
   return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
 }
 
-void Warn(TextView warning) {
-  std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+// The same warning may come with each of thousands of documents.
+std::function<void(TextView)> WarnOnceOfEach() {
+  return [told = std::make_shared<std::set<Text>>()](TextView warning) {
+    if (!told->insert(Text(warning)).second) return;
+    std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+  };
 }
 
 bool IsSet(const char* variable) {
@@ -37,7 +43,7 @@ LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic
   return {.home = options.home,
           .locale = LocaleOf(options.locale),
           .answers = AnswersOf(options),
-          .warn = Warn,
+          .warn = WarnOnceOfEach(),
           .cancelled = [&interrupted] { return interrupted.load(); }};
 }
 

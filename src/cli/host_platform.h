@@ -6,8 +6,8 @@
 
 namespace zorkanca::cli {
 
+/// @param interrupted  ends the engines' work once it is set; outlives the platform
 /// Errors: `UsageError` for a locale that we have no data for.
-/// @param interrupted  set when the user wants to stop; outlives the platform
 LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 /// True when there is a desktop that could show a document.

@@ -29,7 +29,7 @@ struct ExportContext {
   /// Lets the user choose a template of a list: `TemplateLists::TemplateList`. @return its full path; empty: none
   std::function<Text(TemplateListArguments&)> templateList{};
   /// Gets each document of an export that makes several, once it is finished; may close it. An error stops the export.
-  std::function<void(WordDocument&)> documentFinished{};
+  std::function<void(const WordDocumentReference&)> documentFinished{};
 
   /// Raises ExportState when somebody listens.
   void RaiseExportState(ExportStateValue state, TextView message) const {

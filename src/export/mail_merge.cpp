@@ -184,7 +184,7 @@ void MailMergeRun::MakeOneDocumentPerRecord() {
   for (std::int32_t record = 1; lines.Next(line); ++record) {
     if (record > 1) OpenTemplate(kDocumentNotOpened);
     MakeDocumentOf(header, line);
-    if (context_.documentFinished) context_.documentFinished(*document_);
+    if (context_.documentFinished) context_.documentFinished(document_);
     progress.RecordDone();
   }
   // Without records the document of the template is no result.

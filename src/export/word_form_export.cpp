@@ -79,7 +79,7 @@ void WordFormExport::FillDocuments() {
     session_.ShowPointer(MousePointer::kHourglass);
     FillDocument(formats);
     session_.ShowPointer(MousePointer::kDefault);
-    if (context_.documentFinished) context_.documentFinished(*document_);
+    if (context_.documentFinished) context_.documentFinished(document_);
     progress.RecordDone();
   }
   progress.Finish();

@@ -16,13 +16,15 @@ Text WorkFolderIn(FileSystem& files) {
 }  // namespace
 
 cZorOffice::cZorOffice(const Platform& platform)
-    : context_{.platform = platform,
+    : templateLists_(platform),
+      context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
                .separators = FindNumberSeparators(platform.locale)} {
   FileSystem& files = platform.files;
   MakeFolder(files, context_.workFolder);
   files.ClearFolder(context_.workFolder, u"*.tmp");
   context_.settings = ReadOfficeSettings(platform.registry);
+  context_.templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); };
 }
 
 bool cZorOffice::HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments) {

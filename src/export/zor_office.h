@@ -18,6 +18,7 @@
 #include "export/word_query_export.h"
 #include "platform/database.h"
 #include "platform/platform.h"
+#include "templates/template_lists.h"
 
 namespace zorkanca {
 
@@ -44,7 +45,7 @@ class cZorOffice {
 
   /// Hands each document of an export that makes several to a host that has no windows in which they could stay open,
   /// once it is finished; the host may close it. An error that it raises ends the export.
-  void WhenDocumentIsFinished(std::function<void(WordDocument&)> handler) {
+  void WhenDocumentIsFinished(std::function<void(const WordDocumentReference&)> handler) {
     context_.documentFinished = std::move(handler);
   }
 
@@ -77,6 +78,12 @@ class cZorOffice {
   /// Opens a document in Word; see `OpenWordDocument`.
   bool GetOpenDoc(GetOpenDocArguments& arguments) { return OpenWordDocument(context_, arguments); }
 
+  /// Lets the user choose a template of a list; see `TemplateLists`.
+  Text TemplateList(TemplateListArguments& arguments) { return templateLists_.TemplateList(arguments); }
+  /// Registers the templates of the supply file; see `TemplateLists`.
+  bool SupplyTemplateList(Text& rsZorApl, ApplOffice TypeOfApplOffice, Text& rsListName) {
+    return templateLists_.SupplyTemplateList(rsZorApl, TypeOfApplOffice, rsListName);
+  }
   /// Puts the rows of the SELECT into a new Excel workbook as a plain table; see `ExcelExport`.
   bool XlExport(Database& DB, const Text& rsSELECT, XlExportArguments& arguments) {
     return ExcelExport(context_, DB, rsSELECT, arguments).Run();
@@ -92,6 +99,7 @@ class cZorOffice {
   bool GetOpenXls(GetOpenXlsArguments& arguments) { return OpenExcelWorkbook(context_, arguments); }
 
  private:
+  TemplateLists templateLists_;
   ExportContext context_;
 };
 

@@ -24,12 +24,6 @@ std::string HomeOf(const LinuxPlatformSettings& settings) {
   return settings.home.empty() ? DefaultHomeFolder() : settings.home;
 }
 
-LibreOfficeConverter ConverterOf(const LinuxPlatformSettings& settings) {
-  LibreOfficeConverter::Settings conversion;
-  conversion.cancelled = settings.cancelled;
-  return LibreOfficeConverter(std::move(conversion));
-}
-
 }  // namespace
 
 LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
@@ -38,7 +32,7 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
       registry_(HomeOf(settings)),
       userInterface_(settings.answers),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
-      office_(locale_, ConverterOf(settings), settings.warn),
+      office_(locale_, settings.warn, settings.cancelled),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,

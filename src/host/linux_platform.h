@@ -21,7 +21,7 @@ struct LinuxPlatformSettings {
   Locale locale = *FindLocale(u"cs-CZ");  ///< of the user: separators, date forms, ANSI code page
   ConsoleUserInterface::Answers answers = ConsoleUserInterface::Answers::kAsk;
   std::function<void(TextView)> warn{};  ///< told in English of what an engine left as it was in a document
-  std::function<bool()> cancelled{};     ///< asked now and then while a document is converted
+  std::function<bool()> cancelled{};     ///< asked now and then during long work of the engines, which ends then
 };
 
 /// Owns what the platform refers to.

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,8 @@ class FakeWord final {
   bool refusesKind = false;                         ///< setting the kind of the main document raises 4605
   bool refusesToOpen = false;                       ///< opening raises 5174
   bool refusesToExport = false;                     ///< ExportAsFixedFormat raises 5
+  std::set<Text> formFields;                        ///< of every document; others raise 5941
+  std::int32_t sections = 1;                        ///< of every document; others raise 5941
   std::optional<ExportDocumentArguments> exported;  ///< those of the last export
   std::int32_t windowCount = 1;                     ///< of every document
   WordWindowState windowState = WordWindowState::kNormal;

@@ -1,7 +1,5 @@
-// A client of cZorOffice that writes down what it hears.
+// A client that writes the events of an export into the journal and may cancel at one of them.
 #pragma once
-
-#include <string>
 
 #include "export/zor_office_events.h"
 #include "runtime/utf8.h"
@@ -9,19 +7,19 @@
 
 namespace zorkanca::testing {
 
-/// Events become lines like "state 1 text" and "percent 25".
 class JournalEvents final : public ZorOfficeEvents {
  public:
   explicit JournalEvents(Journal& journal) : journal_(journal) {}
 
-  float cancelAt = -1;  ///< the percentage at which the client cancels
+  float cancelAt = -1;     ///< cancels at this percentage
+  int cancelAfter = 1000;  ///< cancels at this percent event, from 1
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override {
     journal_.push_back("state " + std::to_string(static_cast<int>(state)) + " " + ToUtf8(DefaultMessage));
   }
   void PercentDone(float Percent, bool& Cancel) override {
     journal_.push_back("percent " + std::to_string(static_cast<int>(Percent)));
-    Cancel = Percent == cancelAt;
+    Cancel = Percent == cancelAt || --cancelAfter <= 0;
   }
 
  private:

@@ -142,7 +142,8 @@ void WorkbookSaver::WriteTexts() {
   texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet, family));
   part->Finish();
   if (!workbook_.textsPart_.empty()) return package_.ReplacePart(workbook_.textsPart_, part);
-  const std::string name = package_.FreshPartName("/xl/sharedStrings#.xml");
+  std::string name = "/xl/sharedStrings.xml";
+  if (package_.HasPart(name)) name = package_.FreshPartName("/xl/sharedStrings#.xml");
   package_.AddPart(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml", part);
   Relationships relationships = package_.RelationshipsOf(workbook_.mainPart_);
   relationships.Add(OfficeRelationshipType("sharedStrings", family), name);

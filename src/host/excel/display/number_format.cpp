@@ -235,6 +235,7 @@ void NumberFormat::ShowDate(Text& text, double value, const Section& section) co
   if (hasFraction) serial = std::floor(serial * kSecondsOfDay + 1e-6) / kSecondsOfDay;
   DateParts parts = Disassemble(Date{serial});
   if (falseDay) parts.month = 2, parts.day = 29;
+  const Locale& names = section.names ? *section.names : locale_;
   const auto name = [&](const Text& full, const Text& abbreviation, std::size_t width) {
     text += width == 3 ? abbreviation : width == 5 ? full.substr(0, 1) : full;
   };
@@ -248,8 +249,8 @@ void NumberFormat::ShowDate(Text& text, double value, const Section& section) co
         if (step.width <= 2) {
           AppendPadded(text, parts.month, step.width);
         } else {
-          name((section.hasDay ? locale_.monthNamesGenitive : locale_.monthNames)[month],
-               locale_.monthAbbreviations[month], step.width);
+          name((section.hasDay ? names.monthNamesGenitive : names.monthNames)[month], names.monthAbbreviations[month],
+               step.width);
         }
         break;
       }
@@ -258,7 +259,7 @@ void NumberFormat::ShowDate(Text& text, double value, const Section& section) co
         if (step.width <= 2) {
           AppendPadded(text, parts.day, step.width);
         } else {
-          name(locale_.dayNames[weekday], locale_.dayAbbreviations[weekday], step.width);
+          name(names.dayNames[weekday], names.dayAbbreviations[weekday], step.width);
         }
         break;
       }

@@ -68,6 +68,7 @@ class NumberFormat {
     bool hasDay = false;
     bool twelveHours = false;
     bool grouped = false;
+    const Locale* names = nullptr;  ///< of days and months, when the format says which
     int percents = 0;
     int thousands = 0;
   };

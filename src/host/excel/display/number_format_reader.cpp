@@ -14,6 +14,16 @@ bool StartsWithIgnoringCase(TextView text, TextView start) {
   return EqualsIgnoringCase(text.substr(0, start.size()), start);
 }
 
+// The system's numbers of languages; the low four digits of what a format names.
+const Locale* LocaleOfNumber(TextView hexadecimal) {
+  const Text low = UpperCase(hexadecimal.substr(hexadecimal.size() > 4 ? hexadecimal.size() - 4 : 0));
+  const auto is = [&](TextView digits) { return low == digits || low == u"0" + Text(digits); };
+  if (is(u"405")) return FindLocale(u"cs-CZ");
+  if (is(u"41B")) return FindLocale(u"sk-SK");
+  if (is(u"407")) return FindLocale(u"de-DE");
+  return is(u"409") || is(u"809") ? FindLocale(u"en-US") : nullptr;
+}
+
 }  // namespace
 
 std::vector<NumberFormat::Section> NumberFormatReader::Read() {
@@ -96,6 +106,8 @@ void NumberFormatReader::ReadBracket(Section& section) {
   if (inside.starts_with(u'$')) {
     const TextView symbol = inside.substr(1, inside.find(u'-') - 1);
     if (!symbol.empty()) AddLiteral(section, symbol);
+    const std::size_t dash = inside.find(u'-');
+    if (dash != TextView::npos) section.names = LocaleOfNumber(inside.substr(dash + 1));
     return;
   }
   if (!inside.empty() && TextView(u"<>=").find(inside[0]) != TextView::npos) {

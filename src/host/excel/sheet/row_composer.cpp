@@ -186,12 +186,15 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
     merged_.push_back({.column = column, .style = below->style});
     return;
   }
-  CellView cell{.column = column, .kind = content.kind, .content = content.text, .formula = content.formula};
+  CellView& cell = merged_.emplace_back();
+  cell.column = column;
+  cell.kind = content.kind;
+  cell.content = content.text;
+  cell.formula = content.formula;
   if (layer.withLooks) cell.shown = content.shown;
   cell.style = layer.withLooks ? StyleOfLook(content.look, *layer.source) : below ? below->style : StyleBelow(column);
   if (content.quotePrefix) cell.style = Quoted(cell.style);
   if (model_.is1904() && content.kind == CellKind::kNumber && IsDate(content.look)) cell.content = DateText(content);
-  merged_.push_back(cell);
 }
 
 void RowComposer::Apply(const ContentsLayer& layer, LayerState& state) {
