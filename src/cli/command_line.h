@@ -59,6 +59,7 @@ void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
 void AddTemplateCommands(CLI::App& app, Command& chosen);
 void AddBarcodeCommands(CLI::App& app, Command& chosen);
+void AddOfficeCommands(CLI::App& app, Command& chosen);
 void AddLogCommands(CLI::App& app, Command& chosen);
 
 /// All bytes that are left in a file. Errors: 57 when it cannot be read.

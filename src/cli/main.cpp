@@ -80,6 +80,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddRegistryCommands(app, command);
   AddTemplateCommands(app, command);
   AddBarcodeCommands(app, command);
+  AddOfficeCommands(app, command);
   AddLogCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
