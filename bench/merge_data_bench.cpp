@@ -7,12 +7,12 @@
 #include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
 #include "host/files/linux_file_system.h"
+#include "host/office_engines.h"
 #include "host/registry/file_registry.h"
 #include "host/sqlite/sqlite_database.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
 #include "host/system_clock.h"
-#include "host/word/word_engine.h"
 #include "runtime/utf8.h"
 
 int main(int count, char** arguments) {
@@ -28,10 +28,10 @@ int main(int count, char** arguments) {
   DesktopShell shell;
   SystemClock clock;
   SyslogEventLog eventLog;
-  LinuxSuiteEnvironment environment("/nonexistent", "0");
-  WordEngine word(locale);
+  LinuxSuiteEnvironment environment("/nonexistent", "0", registry);
+  OfficeEngines office(locale);
   ExportContext context{
-      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, word}};
+      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, office}};
 
   SqliteDatabase database(arguments[1]);
   const Text select = FromUtf8(arguments[2]);
@@ -47,6 +47,7 @@ int main(int count, char** arguments) {
                      QueryReader reader(session);
                      reader.Open(database, select, 0);
                      WriteQueryMergeData(session, reader, source, names, path, {.formats = formats});
+                     return true;
                    })
              ? 0
              : 1;

@@ -1,47 +1,14 @@
-// The Linux computer as one platform: the parts of host/ put together by the global options.
+// The computer as the global options ask for it.
 #pragma once
 
-#include <filesystem>
-#include <memory>
-#include <string>
-
 #include "cli/command_line.h"
-#include "host/console/console_user_interface.h"
-#include "host/desktop/desktop_shell.h"
-#include "host/files/linux_file_system.h"
-#include "host/registry/file_registry.h"
-#include "host/system/linux_suite_environment.h"
-#include "host/system/syslog_event_log.h"
-#include "host/system_clock.h"
-#include "host/word/word_engine.h"
+#include "host/desktop/display.h"
+#include "host/linux_platform.h"
 
 namespace zorkanca::cli {
 
-/// Owns what the platform refers to.
-class HostPlatform {
- public:
-  /// Errors: `UsageError` for a locale that we have no data for.
-  explicit HostPlatform(const GlobalOptions& options);
-
-  const Platform& platform() const { return platform_; }
-
- private:
-  SystemClock clock_;
-  Locale locale_;  // reads the clock when it is made
-  LinuxFileSystem files_;
-  FileRegistry registry_;
-  ConsoleUserInterface userInterface_;
-  DesktopShell shell_;
-  SyslogEventLog eventLog_;
-  LinuxSuiteEnvironment environment_;
-  WordEngine word_;
-  Platform platform_;
-};
-
-/// The home folder of the registry and the log: the option, else $ZORKANCA_HOME, else the user's data folder.
-std::string HomeFolder(const GlobalOptions& options);
-
-/// True when there is a desktop that could show a document.
-bool HasDisplay();
+/// @param interrupted  ends the engines' work once it is set; outlives the platform
+/// Errors: `UsageError` for a locale that we have no data for.
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 }  // namespace zorkanca::cli

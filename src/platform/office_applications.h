@@ -1,6 +1,7 @@
 // How the product gets at the office applications of the computer.
 #pragma once
 
+#include "platform/excel/excel_application.h"
 #include "platform/word/word_application.h"
 #include "runtime/text.h"
 
@@ -13,6 +14,16 @@ class OfficeApplications {
   virtual WordApplicationReference AttachWord() = 0;
   /// Starts Word; it stays running and invisible until it is shown. Errors: 429 when it cannot be started.
   virtual WordApplicationReference StartWord() = 0;
+  /// `GetObject(path)`: the document of a file, from the running Word that has it open, else opened in Word.
+  /// Errors: 429 when Word cannot be started; 5174 when the file is missing, 5 when it cannot be read.
+  virtual WordDocumentReference GetDocument(TextView path) = 0;
+  /// The running Excel. Errors: 429 when none runs.
+  virtual ExcelApplicationReference AttachExcel() = 0;
+  /// Starts Excel; it stays running and invisible until it is shown. Errors: 429 when it cannot be started.
+  virtual ExcelApplicationReference StartExcel() = 0;
+  /// `GetObject(path)`: the workbook of a file, from the running Excel that has it open, else opened in Excel.
+  /// Errors: 429 when Excel cannot be started; 1004 when the file is missing, 5 when it cannot be read.
+  virtual ExcelWorkbookReference GetWorkbook(TextView path) = 0;
 };
 
 }  // namespace zorkanca

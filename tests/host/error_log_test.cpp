@@ -53,7 +53,7 @@ TEST(ErrorLogOnDisk, TwoProcessesNeverMixTheirEntries) {
   LinuxFileSystem files(*rest.locale.codePage);
   LinuxSuiteEnvironment environment(folder.Path("home"), "4.1.0", rest.registry);
   const Platform platform{files,       rest.registry, rest.userInterface, rest.shell, rest.clock,
-                          rest.locale, rest.eventLog, environment,        rest.word};
+                          rest.locale, rest.eventLog, environment,        rest.office};
   const auto write = [&](int writer) {
     ErrorLogWriter log(platform);
     for (int number = 0; number < kEntries; ++number) log.WriteMessage(MessageOf(writer, number), kErrorEvent);

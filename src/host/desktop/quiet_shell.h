@@ -3,7 +3,7 @@
 
 #include "platform/shell.h"
 
-namespace zorkanca::cli {
+namespace zorkanca {
 
 /// Opens nothing: the user said so with --no-open, or there is no display to open anything on.
 class QuietShell final : public Shell {
@@ -14,6 +14,8 @@ class QuietShell final : public Shell {
   void OpenDocument(TextView) override {}
   void StartCommandLine(TextView commandLine) override { shell_.StartCommandLine(commandLine); }
   Text SearchTree(TextView rootFolder, TextView fileName) override { return shell_.SearchTree(rootFolder, fileName); }
+  ProgramPlaces Programs() override { return shell_.Programs(); }
+  bool IsProgram(TextView path) override { return shell_.IsProgram(path); }
   Text LongPathName(TextView path) override { return shell_.LongPathName(path); }
   void ClearClipboard() override { shell_.ClearClipboard(); }
 
@@ -21,4 +23,4 @@ class QuietShell final : public Shell {
   Shell& shell_;
 };
 
-}  // namespace zorkanca::cli
+}  // namespace zorkanca

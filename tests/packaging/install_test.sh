@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Installs the built project into an empty folder and uses it from outside: the program, the library by CMake and by
+# pkg-config, the man page, the completion, the Debian package.
+#   install_test.sh BUILD_FOLDER SOURCE_FOLDER
+set -euo pipefail
+build=$1 source=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+prefix=$work/prefix
+export ZORKANCA_HOME=$work/home TMPDIR=$work DISPLAY='' WAYLAND_DISPLAY=''
+
+cmake --install "$build" --prefix "$prefix" >"$work/install.log"
+sqlite3 "$work/sklad.db" <"$source/examples/sklad.sql"
+"$prefix/bin/zorkanca" html --db "$work/sklad.db" --select 'SELECT kod, nazev, zasoba FROM zbozi ORDER BY kod' \
+  --title 'Zásoby' -o "$work/program.htm" >/dev/null
+
+# By CMake.
+cmake -S "$source/examples/embedding" -B "$work/embedding" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" >"$work/cmake.log"
+cmake --build "$work/embedding" >"$work/cmake.log" || { cat "$work/cmake.log"; exit 1; }
+"$work/embedding/stock_list" "$work/sklad.db" "$work/cmake.htm" 2>"$work/events"
+cmp "$work/program.htm" "$work/cmake.htm"
+grep -qx '100 %' "$work/events"
+
+# By pkg-config.
+PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name zorkanca.pc)")
+export PKG_CONFIG_PATH
+# shellcheck disable=SC2046
+c++ $(pkg-config --cflags zorkanca) "$source/examples/embedding/stock_list.cpp" -o "$work/stock_list" \
+  $(pkg-config --libs zorkanca)
+"$work/stock_list" "$work/sklad.db" "$work/pkgconfig.htm" 2>/dev/null
+cmp "$work/program.htm" "$work/pkgconfig.htm"
+
+# The man page names every command of the program, and formats without complaints.
+page=$prefix/share/man/man1/zorkanca.1
+"$prefix/bin/zorkanca" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z][a-z-]*\) .*/\1/p' >"$work/commands"
+[[ -s "$work/commands" ]]
+while read -r command; do
+  grep -q "^\.B[RI]* .*${command//-/\\\\-}" "$page" || { echo "zorkanca.1 does not tell of $command"; exit 1; }
+done <"$work/commands"
+
+# The completion offers commands, sub-commands and options.
+export PATH=$prefix/bin:$PATH
+# shellcheck disable=SC1091
+source "$prefix/share/bash-completion/completions/zorkanca"
+completions() {
+  COMP_WORDS=(zorkanca "$@") COMP_CWORD=$#
+  _zorkanca
+  echo "${COMPREPLY[*]}"
+}
+[[ "$(completions ht)" == html ]]
+[[ "$(completions --locale cs-CZ registry ex)" == export ]]
+[[ "$(completions html --sel)" == --select ]]
+
+# The Debian package needs nothing of the build folder.
+cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log" || { cat "$work/cpack.log"; exit 1; }
+dpkg -x "$work"/package/zorkanca_*.deb "$work/root"
+[[ "$(env -i "$work/root/usr/bin/zorkanca" number 0.00 1)" == 1,00 ]]
