@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "host/desktop/display.h"
+#include "host/desktop/windows_library.h"
 #include "host/engine_registration.h"
 #include "runtime/date.h"
 
@@ -30,7 +32,9 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
     : locale_(InThisYear(settings.locale, clock_)),
       files_(*locale_.codePage),
       registry_(HomeOf(settings)),
-      userInterface_(settings.answers),
+      userInterface_({.answers = settings.answers,
+                      .openWindows = HasDisplay() ? LoadWindows : DesktopUserInterface::WindowsOpener(),
+                      .insteadOfDialogs = settings.insteadOfDialogs}),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
       office_(locale_, settings.warn, settings.cancelled),
       platform_{.files = files_,

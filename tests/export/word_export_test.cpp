@@ -1,10 +1,14 @@
 // WdExport and WdExport_file: from the data to the merged document, and how they end when they cannot go on.
 #include "export/word_export.h"
 
+#include <set>
+
 #include "export/zor_office.h"
+#include "support/form_person.h"
 #include "support/journal_events.h"
 #include "support/memory_database.h"
 #include "support/memory_platform.h"
+#include "support/template_lists.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
@@ -156,8 +160,6 @@ TEST_F(WordExportTest, FailuresShowMessagesAndCheckpoints) {
   events.cancelAt = -1;
   arguments.rsTemplate = u"nic.dot";
   expect({kTitle + "Neplatný název šablony !"});
-  arguments.rsTemplate = u"";
-  expect({kUnexpected + "438 - not supported: TemplateList.", stoppedAt(8)});
   computer.word.refusesToOpen = true;
   expect({kTitle + "Nepodařilo se naplnit dokument !"});
   computer.word.refusesToOpen = false;
@@ -169,12 +171,40 @@ TEST_F(WordExportTest, FailuresShowMessagesAndCheckpoints) {
   expect({kTitle + "Nebyly nalezeny žádné záznamy !"});
 }
 
+TEST(WordExport, TheUserChoosesATemplateOrNone) {
+  TemplatePlatform computer;
+  computer.Store(u"faktura.dot", 1);
+  MemoryDatabase database;
+  database.columns = {{u"kod"}};
+  database.rows = {{Text(u"1")}};
+  cZorOffice office(computer.platform);
+  WdExportArguments arguments;
+  arguments.rsZorApl = u"A1";
+  const auto choose = [&](TextView button) {
+    arguments.rsTemplate = u"[]";
+    computer.userInterface.scripts.emplace_back([button](Form& form) {
+      FormPerson(form).Pick(0);
+      FormPerson(form).Press(button);
+    });
+    const bool done = office.WdExport(database, u"SELECT * FROM t", arguments);
+    for (const std::string& line : computer.journal) EXPECT_FALSE(line.starts_with("message "));
+    EXPECT_EQ(database.openRecordsets, 0);
+    return done;
+  };
+  EXPECT_TRUE(choose(u"cmd_OK"));
+  EXPECT_EQ(arguments.rsTemplate, u"C:\\S\\faktura.dot");
+  EXPECT_FALSE(choose(u"cmd_Zrusit"));
+  EXPECT_EQ(arguments.rsTemplate, u"");
+  EXPECT_TRUE(computer.files.FileExists(arguments.rsSourceFile)) << "the data stay";
+}
+
 TEST_F(WordExportTest, AFailureOfAnyFileCallLeavesNoIntermediateFile) {
   for (const bool multi : {false, true}) {
     arguments.MultiDocument = multi;
     arguments.rsSourceFile = u"C:\\Temp\\data.txt";
     WatchMerges();
     std::size_t documents = 0;
+    std::set<std::string> last;  // messages
     int call = 1;
     for (; call < 100; ++call) {
       computer.word.documents.clear();
@@ -186,8 +216,12 @@ TEST_F(WordExportTest, AFailureOfAnyFileCallLeavesNoIntermediateFile) {
       EXPECT_EQ(computer.files.Paths(), std::vector<Text>{Text(kTemplate)}) << call;
       EXPECT_EQ(database.openRecordsets, 0);
       documents = std::max(documents, computer.word.documents.size());
+      last.insert(Messages().back());
     }
     EXPECT_GT(call, multi ? 12 : 5);
+    for (const char* checkpoint : {"3", "4", "6", "7"}) {
+      EXPECT_TRUE(last.contains("message 0 [] Přerušení v kontrolním bodě " + std::string(checkpoint))) << checkpoint;
+    }
     EXPECT_EQ(documents, multi ? 2u : 1u) << "a finished document stays";
     computer.files.DeleteFile(arguments.rsSourceFile, false);
   }
