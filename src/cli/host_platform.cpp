@@ -1,7 +1,8 @@
 #include "cli/host_platform.h"
 
 #include <cstdio>
-#include <cstdlib>
+#include <memory>
+#include <set>
 
 #include "runtime/locale.h"
 #include "runtime/utf8.h"
@@ -17,28 +18,28 @@ const Locale& LocaleOf(const std::string& tag) {
   throw UsageError("no data for the locale " + tag + "; known are" + tags);
 }
 
-ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
-  if (options.yes) return ConsoleUserInterface::Answers::kYes;
-  return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
+DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
+  if (options.yes) return DesktopUserInterface::Answers::kYes;
+  return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
 }
 
-void Warn(TextView warning) {
-  std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
-}
-
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
+// The same warning may come with each of thousands of documents.
+std::function<void(TextView)> WarnOnceOfEach() {
+  return [told = std::make_shared<std::set<Text>>()](TextView warning) {
+    if (!told->insert(Text(warning)).second) return;
+    std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+  };
 }
 
 }  // namespace
 
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options) {
-  return {.home = options.home, .locale = LocaleOf(options.locale), .answers = AnswersOf(options), .warn = Warn};
-}
-
-bool HasDisplay() {
-  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted) {
+  return {.home = options.home,
+          .locale = LocaleOf(options.locale),
+          .answers = AnswersOf(options),
+          .insteadOfDialogs = u"--template",
+          .warn = WarnOnceOfEach(),
+          .cancelled = [&interrupted] { return interrupted.load(); }};
 }
 
 }  // namespace zorkanca::cli

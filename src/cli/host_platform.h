@@ -2,14 +2,13 @@
 #pragma once
 
 #include "cli/command_line.h"
+#include "host/desktop/display.h"
 #include "host/linux_platform.h"
 
 namespace zorkanca::cli {
 
+/// @param interrupted  ends the engines' work once it is set; outlives the platform
 /// Errors: `UsageError` for a locale that we have no data for.
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options);
-
-/// True when there is a desktop that could show a document.
-bool HasDisplay();
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 }  // namespace zorkanca::cli

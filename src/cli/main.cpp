@@ -1,7 +1,10 @@
 // zorkanca: the library's face on a computer without a COM client.
+#include <malloc.h>
+
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,6 +28,12 @@ std::string ReadToEnd(std::FILE* file) {
   return bytes;
 }
 
+std::string BytesOf(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
+  return ReadToEnd(file.get());
+}
+
 void PrintLine(TextView text) {
   const std::string line = ToUtf8(text) + "\n";
   std::fwrite(line.data(), 1, line.size(), stdout);
@@ -41,9 +50,24 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--quiet", options.quiet, "no progress bar and no states");
 }
 
+// Thousands of documents come and go; giving their memory back to the system after each would cost as much as filling
+// them.
+void KeepFreedMemory() {
+  constexpr int kKept = 32 << 20;
+  mallopt(M_TRIM_THRESHOLD, kKept);
+  mallopt(M_MMAP_THRESHOLD, kKept);
+}
+
 int RunCommand(const GlobalOptions& options, const Command& command) {
-  const LinuxPlatform host(SettingsOf(options));
-  const int status = command({.options = options, .platform = host.platform(), .interrupted = WatchForInterrupt()});
+  KeepFreedMemory();
+  const std::atomic<bool>& interrupted = WatchForInterrupt();
+  const LinuxPlatform host(SettingsOf(options, interrupted));
+  int status = kInterrupted;
+  try {
+    status = command({.options = options, .platform = host.platform(), .interrupted = interrupted});
+  } catch (const Error&) {
+    if (!interrupted) throw;
+  }
   if (std::fflush(stdout) == 0) return status;
   std::perror("zorkanca: standard output");
   return kFailed;
@@ -57,11 +81,15 @@ int Main(const std::vector<std::string>& arguments) {
   Command command;
   AddGlobalOptions(app, options);
   AddExportCommands(app, command);
-  AddMergeCommands(app, command);
+  AddWordCommands(app, command);
+  AddExcelCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
+  AddTemplateCommands(app, command);
   AddBarcodeCommands(app, command);
+  AddOfficeCommands(app, command);
   AddLogCommands(app, command);
+  AddFillCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first

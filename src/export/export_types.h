@@ -5,9 +5,6 @@
 
 namespace zorkanca {
 
-/// The office application that a template list is filtered for.
-enum class ApplOffice : std::int32_t { AllTypes = 0, MSWord = 1, MSExcel = 2, SDS = 10 };
-
 /// Visibility asked for when an office application is opened.
 enum class AppVisible : std::int32_t { avFalse = 0, avTrue = -1, avLeave = 2 };
 

@@ -1,6 +1,6 @@
 #include "export/zor_office.h"
 
-#include "foundation/ignore_errors.h"
+#include "foundation/folders.h"
 #include "platform/paths.h"
 
 namespace zorkanca {
@@ -13,19 +13,14 @@ Text WorkFolderIn(FileSystem& files) {
   return BuildPath(files, temporary, u"Zorix");
 }
 
-// Another process may make the folder at the same moment.
-void MakeFolder(FileSystem& files, const Text& folder) {
-  const auto exists = [&] { return files.FolderExists(folder); };
-  const bool made = exists() || IgnoreErrors([&] { files.CreateFolder(folder); }) || exists();
-  if (!made) files.CreateFolder(folder);  // raises what stands in the way
-}
-
 }  // namespace
 
 cZorOffice::cZorOffice(const Platform& platform)
-    : context_{.platform = platform,
+    : templateLists_(platform),
+      context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
-               .separators = FindNumberSeparators(platform.locale)} {
+               .separators = FindNumberSeparators(platform.locale),
+               .templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); }} {
   FileSystem& files = platform.files;
   MakeFolder(files, context_.workFolder);
   files.ClearFolder(context_.workFolder, u"*.tmp");

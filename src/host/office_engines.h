@@ -9,13 +9,15 @@ namespace zorkanca {
 
 class OfficeEngines final : public OfficeApplications {
  public:
-  /// @param locale  of numbers, dates and ANSI files; outlives the engines
-  /// @param warn    told in English of what an engine left as it was
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {})
-      : word_(locale, {}, std::move(warn)), excel_(locale) {}
+  /// @param locale     of numbers, dates and ANSI files; outlives the engines
+  /// @param warn       told in English of what an engine left as it was
+  /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
+  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
+  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
+  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
   ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
   ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
   ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }

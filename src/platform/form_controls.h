@@ -51,6 +51,7 @@ class Control {
   const Text& caption() const { return caption_; }
   void SetCaption(TextView caption);
   bool enabled() const { return enabled_; }
+  /// A control that can no longer have the focus passes it to the next tab stop; so does one that is hidden.
   void SetEnabled(bool enabled);
   bool visible() const { return visible_; }
   void SetVisible(bool visible);
@@ -70,13 +71,17 @@ class Control {
   /// Moves the focus here; nothing happens when the control cannot take it.
   void SetFocus();
   /// Visible, enabled and in the tab order of the form; a tab stop or not.
-  bool CanTakeFocus() const { return visible_ && enabled_ && tabIndex_.has_value(); }
+  virtual bool CanTakeFocus() const { return visible_ && enabled_ && tabIndex_.has_value(); }
 
  protected:
   /// Tells the shower that this control looks different.
   void Changed();
+  /// For a person's click: takes the focus unless it is here already.
+  void FocusByClick();
 
  private:
+  void FocusMustNotStay();
+
   Form& form_;
   Text name_;
   Text caption_;
@@ -93,6 +98,7 @@ class Control {
 class Label final : public Control {
  public:
   Label(Form& form, Text name) : Control(form, std::move(name)) { SetTabStop(false); }
+  bool CanTakeFocus() const override { return false; }
 };
 
 /// What a button shows in place of a caption.
@@ -114,6 +120,8 @@ class Button final : public Control {
 
   /// The person presses the button. Nothing happens while it is disabled or invisible.
   void Click();
+  /// The same, but the focus stays where it is: Enter and Esc press buttons from elsewhere.
+  void Press();
 
  private:
   ButtonImage image_ = ButtonImage::kNone;
@@ -142,7 +150,7 @@ class TextBox final : public Control {
 
   /// Runs on every change of `text`, by a person or by the logic.
   std::function<void()> onChange;
-  /// Decides whether a typed character enters the text; all do without it. Pasted text is typed character by character.
+  /// Decides whether a typed character enters the text, which holds all that was typed before it; all do without it.
   std::function<bool(char16_t)> acceptsKey;
 
   const Text& text() const { return text_; }
@@ -151,8 +159,9 @@ class TextBox final : public Control {
   void SelectAll();
   bool allSelected() const { return allSelected_; }
 
-  /// The person types characters in place of the part of the text from `start` on, `length` characters long (both are
-  /// brought into the text). Nothing happens while the box is disabled or invisible.
+  /// The person types or pastes characters in place of the part of the text from `start` on, `length` characters long
+  /// (both are brought into the text). The first accepted character takes the part's place, so that the part stays when
+  /// none is; no characters at all delete it. Nothing happens while the box is disabled or invisible.
   /// @return the characters that were accepted
   Text Type(TextView characters, std::size_t start, std::size_t length);
   /// The same at the end of the text, or over all of it when all is selected.

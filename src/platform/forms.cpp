@@ -26,12 +26,14 @@ void Control::SetEnabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
   Changed();
+  FocusMustNotStay();
 }
 
 void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
   Changed();
+  FocusMustNotStay();
 }
 
 void Control::SetBounds(const Bounds& bounds) {
@@ -52,6 +54,16 @@ void Control::SetFocus() {
   if (form_.view_ != nullptr) form_.view_->FocusMoved(*this);
 }
 
+void Control::FocusByClick() {
+  if (form_.activeControl_ != this) SetFocus();
+}
+
+void Control::FocusMustNotStay() {
+  if (form_.activeControl_ != this || CanTakeFocus()) return;
+  form_.activeControl_ = nullptr;
+  if (Control* next = form_.NextTabStop(tabIndex_.value_or(-1))) next->SetFocus();
+}
+
 void Button::SetImage(ButtonImage image) {
   if (image_ == image) return;
   image_ = image;
@@ -59,9 +71,12 @@ void Button::SetImage(ButtonImage image) {
 }
 
 void Button::Click() {
-  if (!enabled() || !visible()) return;
-  form().PersonFocused(*this);
-  if (onClick) onClick();
+  if (enabled() && visible()) FocusByClick();
+  Press();
+}
+
+void Button::Press() {
+  if (enabled() && visible() && onClick) onClick();
 }
 
 void CheckBox::SetChecked(bool checked) {
@@ -73,7 +88,7 @@ void CheckBox::SetChecked(bool checked) {
 
 void CheckBox::Click() {
   if (!enabled() || !visible()) return;
-  form().PersonFocused(*this);
+  FocusByClick();
   SetChecked(!checked_);
 }
 
@@ -93,10 +108,17 @@ void TextBox::SelectAll() {
 Text TextBox::Type(TextView characters, std::size_t start, std::size_t length) {
   if (!enabled() || !visible()) return {};
   start = std::min(start, text_.size());
+  if (!acceptsKey || characters.empty()) {
+    SetText(Text(text_).replace(start, length, characters));
+    return Text(characters);
+  }
   Text accepted;
-  std::copy_if(characters.begin(), characters.end(), std::back_inserter(accepted),
-               [this](char16_t character) { return !acceptsKey || acceptsKey(character); });
-  SetText(Text(text_).replace(start, length, accepted));
+  for (const char16_t character : characters) {
+    if (!acceptsKey(character)) continue;
+    const std::size_t place = std::min(start + accepted.size(), text_.size());  // onChange may shorten the text
+    SetText(Text(text_).replace(place, std::exchange(length, 0), 1, character));
+    accepted.push_back(character);
+  }
   return accepted;
 }
 
@@ -131,6 +153,8 @@ void ListBox::DoubleClick(int row) {
 
 Form::Form(BorderStyle borderStyle, float innerWidth, float innerHeight)
     : borderStyle_(borderStyle),
+      designWidth_(innerWidth),
+      designHeight_(innerHeight),
       innerWidth_(innerWidth),
       innerHeight_(innerHeight),
       bounds_{.width = innerWidth, .height = innerHeight} {}
@@ -168,6 +192,8 @@ void Form::Load() {
 void Form::Show() {
   Load();
   visible_ = true;
+  Control* first = activeControl_ == nullptr ? NextTabStop(-1) : nullptr;
+  if (first != nullptr) first->SetFocus();
 }
 
 void Form::Hide() {
@@ -177,11 +203,25 @@ void Form::Hide() {
 bool Form::Unload() {
   if (!loaded_) return true;
   if (!OnQueryUnload()) return false;
-  OnUnload();
   loaded_ = false;
-  activeControl_ = nullptr;
   Hide();
+  OnUnload();
+  activeControl_ = nullptr;
   return true;
+}
+
+Control* Form::NextTabStop(int tabIndex) const {
+  Control* next = nullptr;
+  Control* first = nullptr;
+  const auto isEarlier = [](const Control* control, const Control* other) {
+    return other == nullptr || *control->tabIndex() < *other->tabIndex();
+  };
+  for (Control* control : controls_) {
+    if (!control->tabStop() || !control->CanTakeFocus()) continue;
+    Control*& place = *control->tabIndex() > tabIndex ? next : first;
+    if (isEarlier(control, place)) place = control;
+  }
+  return next != nullptr ? next : first;
 }
 
 int Form::AddResizeListener(std::function<void()> listener) {
@@ -194,27 +234,32 @@ void Form::RemoveResizeListener(int number) {
 }
 
 bool Form::PressKey(const KeyStroke& key) {
+  if (!visible_) return false;
   OnKeyDown(key);
-  if (key.withModifiers) return false;
-  const auto pressed = std::find_if(controls_.begin(), controls_.end(), [&key](Control* control) {
-    const auto* button = dynamic_cast<Button*>(control);
-    return button != nullptr &&
-           ((key.code == KeyCode::kEnter && button->isDefault) || (key.code == KeyCode::kEscape && button->isCancel));
-  });
+  if (!visible_) return true;
   // Enter on a button presses that button, which the window does by itself.
-  const bool onOtherButton = key.code == KeyCode::kEnter && dynamic_cast<Button*>(activeControl_) != nullptr;
-  if (pressed == controls_.end() || onOtherButton) return false;
-  static_cast<Button*>(*pressed)->Click();
-  return true;
+  const bool onButton = key.code == KeyCode::kEnter && dynamic_cast<Button*>(activeControl_) != nullptr;
+  if (key.withModifiers || onButton) return false;
+  for (Control* control : controls_) {
+    auto* button = dynamic_cast<Button*>(control);
+    const bool isMeant = button != nullptr && ((key.code == KeyCode::kEnter && button->isDefault) ||
+                                               (key.code == KeyCode::kEscape && button->isCancel));
+    if (!isMeant || !button->enabled() || !button->visible()) continue;
+    button->Press();
+    return true;
+  }
+  return false;
 }
 
 void Form::ReleaseKey(const KeyStroke& key) {
-  OnKeyUp(key);
+  if (visible_) OnKeyUp(key);
 }
 
 void Form::PersonResized(const Bounds& bounds, WindowState state, float innerWidth, float innerHeight) {
-  if (state == WindowState::kNormal) bounds_ = bounds;
-  placed_ = true;
+  if (state == WindowState::kNormal) {
+    bounds_ = bounds;
+    placed_ = true;
+  }
   windowState_ = state;
   if (state != WindowState::kMinimized) Layout(innerWidth, innerHeight);
   TellResized();

@@ -54,6 +54,9 @@ class Form {
   void SetCaption(TextView caption);
   BorderStyle borderStyle() const { return borderStyle_; }
   bool sizable() const;
+  /// The design size of the inner area, twips: a window need not become smaller.
+  float designWidth() const { return designWidth_; }
+  float designHeight() const { return designHeight_; }
   /// The window's place and outer size while it is in normal state, twips of the screen. Left and top count only once
   /// they were set; until then the shower centres the form.
   const Bounds& bounds() const { return bounds_; }
@@ -65,12 +68,16 @@ class Form {
   const std::vector<Control*>& controls() const { return controls_; }
   /// Null until a control has the focus.
   Control* activeControl() const { return activeControl_; }
+  /// The tab stop that can take the focus and has the smallest tab index greater than the one given; behind the last
+  /// one it goes on from the first. Null when the form has none.
+  Control* NextTabStop(int tabIndex) const;
   bool loaded() const { return loaded_; }
   bool visible() const { return visible_; }
 
   /// Loads the form if it is not loaded.
   void Load();
-  /// Marks a loaded form as shown; for `UserInterface::ShowModal` implementations, which call it first.
+  /// Marks the form as shown, loads it if need be, and gives the focus to the first tab stop unless a control has it;
+  /// for `UserInterface::ShowModal` implementations, which call it first.
   void Show();
   void Hide();
   /// Asks the form first, which may refuse; then hides and unloads it. Nothing happens to a form that is not loaded.
@@ -82,7 +89,8 @@ class Form {
   int AddResizeListener(std::function<void()> listener);
   void RemoveResizeListener(int number);
 
-  /// What a person does; the shower calls these.
+  /// What a person does; the shower calls these. Keys count only while the form is visible: the release of the key that
+  /// closed it finds nobody.
   void Activate() { OnActivate(); }
   /// A key was pressed, or released; the form sees it before its controls.
   /// @return true when the key was used up and the focused control must not get it
@@ -108,6 +116,7 @@ class Form {
   virtual void OnKeyUp(const KeyStroke&) {}
   /// Before unloading. @return false when the form must stay
   virtual bool OnQueryUnload() { return true; }
+  /// The form is out of sight already. Raises nothing: nobody could answer it.
   virtual void OnUnload() {}
 
  private:
@@ -118,6 +127,8 @@ class Form {
   void TellResized();
 
   BorderStyle borderStyle_;
+  float designWidth_;
+  float designHeight_;
   float innerWidth_;
   float innerHeight_;
   Text caption_;

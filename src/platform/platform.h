@@ -30,6 +30,10 @@ struct Platform {
   Platform With(Shell& otherShell) const {
     return {files, registry, userInterface, otherShell, clock, locale, eventLog, environment, office};
   }
+  /// The same computer before another user.
+  Platform With(UserInterface& otherUser) const {
+    return {files, registry, otherUser, shell, clock, locale, eventLog, environment, office};
+  }
 };
 
 }  // namespace zorkanca

@@ -28,13 +28,16 @@ class TemplateLists {
   explicit TemplateLists(const Platform& platform);
   ~TemplateLists();
 
-  /// Lets the user choose a template. @return its full file name; empty when nothing was chosen or could be
+  /// Lets the user choose a template. An error goes to the error log and is shown; nothing is raised.
+  /// @return its full file name; empty when nothing was chosen or could be
   Text TemplateList(TemplateListArguments& arguments);
 
   /// Registers the templates of the supply file. @return false when the list or the file cannot be read
   bool SupplyTemplateList(Text& rsZorApl, ApplOffice typeOfApplOffice, Text& rsListName);
 
  private:
+  Text Choose(TemplateListArguments& arguments);
+
   Platform platform_;
   std::unique_ptr<frmSP_SablOffice> dialog_;
 };

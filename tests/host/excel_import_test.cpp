@@ -103,7 +103,7 @@ TEST(ExcelImportTest, FieldsOfRecords) {
   EXPECT_EQ(shown("\"dva\r\nřádky\";b\r\n"), "'dva\\nřádky|'b");
   EXPECT_EQ(shown("a;;c\r\n\r\n;;\r\nd"), "'a||'c / ~|~|~ / || / 'd|~|~");
   EXPECT_EQ(shown(" ;;\r\nx;y;z\r\n"), "' || / 'x|'y|'z");
-  EXPECT_EQ(shown("a\nb\rc"), "'a / 'b / 'c");
+  EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\\nb\\nc|'d\\ne / 'x\\ny / 'z\\n");
   EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\\nc");
   EXPECT_EQ(shown("\r\n"), "~");
 }
@@ -136,7 +136,7 @@ TEST(ExcelImportTest, RefusesWhatASheetCannotHold) {
   EXPECT_NE(refused(std::string(32768, 'x')).find("32767"), std::string::npos);
   EXPECT_NE(refused(std::string(16384, ';')).find("16384"), std::string::npos);
   std::string rows;
-  for (int row = 0; row <= 1048576; ++row) rows += "\n";
+  for (int row = 0; row <= 1048576; ++row) rows += "\r\n";
   EXPECT_NE(refused(rows).find("1048576"), std::string::npos);
   EXPECT_EQ(ErrorOf([&] {
               bench.Application()->OpenText({.Filename = u"/none/such.txt", .Other = true, .OtherChar = u";"});

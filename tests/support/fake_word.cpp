@@ -1,6 +1,7 @@
 #include "support/fake_word.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -60,6 +61,24 @@ class FakeRange final : public WordRange {
   std::int32_t end_;
 };
 
+class FakePageSetup final : public WordPageSetup {
+ public:
+  FakePageSetup(Journal& journal, std::string section) : journal_(journal), section_(std::move(section)) {}
+
+  void LeftMargin(float points) override { Note("left", points); }
+  void TopMargin(float points) override { Note("top", points); }
+
+ private:
+  void Note(const char* side, float points) {
+    char text[64];
+    std::snprintf(text, sizeof text, "word %s%s %.5f", side, section_.c_str(), static_cast<double>(points));
+    journal_.emplace_back(text);
+  }
+
+  Journal& journal_;
+  std::string section_;
+};
+
 }  // namespace
 
 class FakeDocument final : public WordDocument, public WordMailMerge {
@@ -82,15 +101,31 @@ class FakeDocument final : public WordDocument, public WordMailMerge {
   WordMailMerge& MailMerge() override { return *this; }
 
   Text FormFieldResult(TextView) override { Raise(RuntimeError::kNotSupported); }
-  void FormFieldResult(TextView, TextView) override { Raise(RuntimeError::kNotSupported); }
-  void Unprotect() override { Raise(RuntimeError::kNotSupported); }
-  void Protect(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
-  std::unique_ptr<WordPageSetup> PageSetup() override { Raise(RuntimeError::kNotSupported); }
-  std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
+  void FormFieldResult(TextView name, TextView result) override {
+    if (!word_.formFields.contains(Text(name))) throw Error(5941, Text(), u"no such field");
+    Note("field " + ToUtf8(name) + "=" + ToUtf8(result));
+  }
+  void Unprotect() override {
+    Note("unprotect");
+    throw Error(4605, Text(), u"not protected");
+  }
+  void Protect(std::int32_t type) override { Note("protect " + std::to_string(type)); }
+  std::unique_ptr<WordPageSetup> PageSetup() override { return std::make_unique<FakePageSetup>(word_.journal, ""); }
+  std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t section) override {
+    if (section > word_.sections) throw Error(5941, Text(), u"no such section");
+    return std::make_unique<FakePageSetup>(word_.journal, std::to_string(section));
+  }
   void SaveAs(TextView, WordSaveFormat) override { Raise(RuntimeError::kNotSupported); }
-  void ExportAsFixedFormat(const ExportDocumentArguments&) override { Raise(RuntimeError::kNotSupported); }
+  void ExportAsFixedFormat(const ExportDocumentArguments& arguments) override {
+    Note("export " + ToUtf8(arguments.OutputFileName));
+    word_.exported = arguments;
+    if (word_.refusesToExport) throw Error(5, Text(), u"no room");
+  }
 
   void Activate() override { Note("activate " + ToUtf8(name_)); }
+  std::int32_t WindowCount() const override { return word_.windowCount; }
+  WordWindowState WindowState() const override { return word_.documentState; }
+  void WindowState(WordWindowState state) override { word_.documentState = state; }
   void Close(bool) override {
     Note("close " + ToUtf8(name_));
     std::erase_if(word_.documents, [&](const auto& each) { return each.get() == this; });
@@ -150,9 +185,14 @@ class FakeApplication final : public WordApplication {
   void ScreenUpdating(bool updating) override { Set("updating ", updating_, updating); }
   bool CheckLanguage() const override { return checks_; }
   void CheckLanguage(bool check) override { Set("checks ", checks_, check); }
-  WordWindowState WindowState() const override { return WordWindowState::kNormal; }
-  void WindowState(WordWindowState) override { word_.journal.push_back("word maximised"); }
+  WordWindowState WindowState() const override { return word_.windowState; }
+  void WindowState(WordWindowState state) override {
+    word_.windowState = state;
+    if (state == WordWindowState::kMaximize) word_.journal.push_back("word maximised");
+  }
   void ActiveWindowState(WordWindowState) override {}
+  void Activate() override { word_.journal.push_back("word activate"); }
+  void ScreenRefresh() override { word_.journal.push_back("word refresh"); }
 
  private:
   WordDocumentReference Make(const char* how, TextView path) {
@@ -178,6 +218,11 @@ class FakeApplication final : public WordApplication {
 WordApplicationReference FakeWord::AttachWord() {
   if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
   return application;
+}
+
+WordDocumentReference FakeWord::GetDocument(TextView path) {
+  if (!running) StartWord();
+  return application->OpenDocument({.FileName = Text(path)});
 }
 
 WordApplicationReference FakeWord::StartWord() {

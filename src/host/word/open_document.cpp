@@ -3,7 +3,6 @@
 #include "host/files/native_path.h"
 #include "host/word/document/sections.h"
 #include "host/word/document/temporary_file.h"
-#include "host/word/forms/form_fields.h"
 #include "host/word/forms/page_setup.h"
 #include "host/word/forms/protection.h"
 #include "host/word/word_errors.h"
@@ -23,6 +22,18 @@ class NoStory final : public StoryText {
   void ReplaceAll(const std::vector<Interval>&, TextView) override {}
 };
 
+PdfBookmarks BookmarksOf(WdExportCreateBookmarks kind) {
+  switch (kind) {
+    case WdExportCreateBookmarks::wdExportCreateNoBookmarks:
+      return PdfBookmarks::kNone;
+    case WdExportCreateBookmarks::wdExportCreateHeadingBookmarks:
+      return PdfBookmarks::kHeadings;
+    case WdExportCreateBookmarks::wdExportCreateWordBookmarks:
+      return PdfBookmarks::kNamedPlaces;
+  }
+  Raise(RuntimeError::kInvalidCall);
+}
+
 }  // namespace
 
 OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, DocumentHolder holder)
@@ -36,6 +47,7 @@ OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, 
                   [this](const MergeOrder& order) {
                     MergeOrder reporting = order;
                     reporting.warn = holder_.warn;
+                    reporting.cancelled = holder_.cancelled;
                     holder_.add(std::make_unique<MergedContent>(Opened().Parts(), reporting, holder_.locale));
                   }},
                  holder_.locale) {}
@@ -95,13 +107,21 @@ WordMailMerge& OpenDocument::MailMerge() {
   return mailMerge_;
 }
 
+FormFields& OpenDocument::Fields() {
+  const pugi::xml_node body = RequireBody(u"Document.FormFields");
+  if (!fields_ || fields_->stale() || fieldsVersion_ != Opened().BodyVersion()) fields_.emplace(body);
+  // Looking for them splits runs, setting one changes the text.
+  Opened().BodyChanged();
+  fieldsVersion_ = Opened().BodyVersion();
+  return *fields_;
+}
+
 Text OpenDocument::FormFieldResult(TextView name) {
-  return FormFieldResultOf(RequireBody(u"Document.FormFields"), name);
+  return Fields().Result(name);
 }
 
 void OpenDocument::FormFieldResult(TextView name, TextView result) {
-  SetFormFieldResult(RequireBody(u"Document.FormFields"), name, result, holder_.locale);
-  Opened().BodyChanged();
+  Fields().SetResult(name, result, holder_.locale);
 }
 
 void OpenDocument::Unprotect() {
@@ -133,6 +153,17 @@ std::unique_ptr<WordPageSetup> OpenDocument::SectionPageSetup(std::int32_t secti
 void OpenDocument::Activate() {
   Opened();
   holder_.activate(*this);
+}
+
+// There are no windows; those of all documents have the state of the application's.
+WordWindowState OpenDocument::WindowState() const {
+  Opened();
+  return holder_.application()->WindowState();
+}
+
+void OpenDocument::WindowState(WordWindowState state) {
+  Opened();
+  holder_.application()->WindowState(state);
 }
 
 // A file that is to hold macros keeps them; the usual format has none.
@@ -168,10 +199,11 @@ void OpenDocument::ExportAsFixedFormat(const ExportDocumentArguments& arguments)
   if (arguments.OpenAfterExport) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with OpenAfterExport");
   if (arguments.Range != 0) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with a range");
   if (arguments.Item != 0) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with markup");
-  PdfOptions options;
-  options.archive = arguments.UseISO19005_1;
-  options.bookmarks = arguments.CreateBookmarks != WdExportCreateBookmarks::wdExportCreateNoBookmarks;
-  WritePdf(AbsolutePath(ToNativePath(arguments.OutputFileName)), options);
+  const std::string path = AbsolutePath(ToNativePath(arguments.OutputFileName));
+  if (path == ToNativePath(name_)) Raise(RuntimeError::kPermissionDenied);  // a file is not open for others to replace
+  WritePdf(path, {.archive = arguments.UseISO19005_1,
+                  .bookmarks = BookmarksOf(arguments.CreateBookmarks),
+                  .tagged = arguments.DocStructureTags});
 }
 
 void OpenDocument::Close(bool SaveChanges) {

@@ -15,8 +15,14 @@ constexpr std::size_t kWindow = 256 * 1024;
 // No field may be longer; quotes may double its bytes.
 constexpr std::size_t kLongestRecord = std::size_t{kLastColumn} * (2 * kLongestText + 3);
 
-bool EndsField(char c, char delimiter) {
-  return c == delimiter || c == '\r' || c == '\n';
+bool EndsField(const char* at, const char* end, char delimiter) {
+  return *at == delimiter || (*at == '\r' && at + 1 != end && at[1] == '\n');
+}
+
+// Copies up to the end of the field, lone carriage returns as line feeds. @return the end of the copy
+char* CopyUnquoted(const char*& at, const char* end, char delimiter, char* out) {
+  for (; at != end && !EndsField(at, end, delimiter); ++at) *out++ = *at == '\r' ? '\n' : *at;
+  return out;
 }
 }  // namespace
 
@@ -83,13 +89,7 @@ RecordReader::Outcome RecordReader::Parse() {
     if (*at != text_->delimiter) break;
     ++at;
   }
-  if (at < end && *at == '\r') {
-    if (at + 1 == end && !complete) return Outcome::kNeedMore;
-    ++at;
-    if (at < end && *at == '\n') ++at;
-  } else if (at < end) {
-    ++at;
-  }
+  if (at < end) at += 2;  // CR LF
   if (fields_.size() == 1 && fields_[0].empty()) fields_.clear();
   length_ = static_cast<std::size_t>(at - begin);
   at_ += length_;
@@ -101,8 +101,16 @@ bool RecordReader::ParseField(const char*& at, const char* end) {
   const char delimiter = text_->delimiter;
   const char* start = at;
   if (at == end || *at != '"') {
-    while (at != end && !EndsField(*at, delimiter)) ++at;
-    fields_.emplace_back(start, static_cast<std::size_t>(at - start));
+    while (at != end && *at != delimiter && *at != '\r') ++at;
+    if (at != end && !EndsField(at, end, delimiter)) {
+      char* const field = unquoted_.data() + unquotedSize_;
+      at = start;
+      const char* const out = CopyUnquoted(at, end, delimiter, field);
+      unquotedSize_ += static_cast<std::size_t>(out - field);
+      fields_.emplace_back(field, static_cast<std::size_t>(out - field));
+    } else {
+      fields_.emplace_back(start, static_cast<std::size_t>(at - start));
+    }
   } else {
     char* const field = unquoted_.data() + unquotedSize_;
     char* out = field;
@@ -123,7 +131,7 @@ bool RecordReader::ParseField(const char*& at, const char* end) {
       }
       *out++ = *at;
     }
-    while (at != end && !EndsField(*at, delimiter)) *out++ = *at++;
+    out = CopyUnquoted(at, end, delimiter, out);
     unquotedSize_ += static_cast<std::size_t>(out - field);
     fields_.emplace_back(field, static_cast<std::size_t>(out - field));
   }

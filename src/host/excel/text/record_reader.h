@@ -2,7 +2,8 @@
 //
 // A field that begins with a double quote ends at the next one that is not doubled; what follows up to the delimiter
 // belongs to it too. Inside quotes delimiters are text and line ends are line feeds. Elsewhere a quote is a character.
-// Records end with CR LF, LF or CR.
+// Records end with CR LF; a lone CR or LF belongs to its field, as a line feed, for the exports write such values
+// without quotes.
 #pragma once
 
 #include <cstdint>

@@ -1,0 +1,284 @@
+// Commands that show and change the lists of registered templates.
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "cli/command_line.h"
+#include "host/console/console_user_interface.h"
+#include "platform/paths.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
+#include "runtime/utf8.h"
+#include "templates/seznam_sablon_office.h"
+#include "templates/template_lists.h"
+
+namespace zorkanca::cli {
+
+namespace {
+
+struct TemplateOptions {
+  std::string application;
+  std::string list;
+  std::string type = "all";
+  bool json = false;
+  std::int32_t position = 0;
+  std::optional<std::string> file;
+  std::optional<std::string> description;
+  std::optional<std::int32_t> id;
+  std::optional<std::int32_t> before;
+  bool admin = false;
+  std::string caption;
+};
+
+ApplOffice TypeNamed(const std::string& name) {
+  if (name == "word") return ApplOffice::MSWord;
+  if (name == "excel") return ApplOffice::MSExcel;
+  return name == "sds" ? ApplOffice::SDS : ApplOffice::AllTypes;
+}
+
+// The list of a command and what the command does to it.
+class ListedTemplates {
+ public:
+  /// Errors: why the list cannot be loaded.
+  ListedTemplates(const CommandContext& context, const TemplateOptions& options)
+      : unattended_(ConsoleUserInterface::Answers::kNo),
+        platform_(context.options.yes ? context.platform : context.platform.With(unattended_)),
+        options_(options),
+        list_(platform_) {
+    list_.TypeOfApplOffice(TypeNamed(options.type));
+    if (!list_.Fill({.ZorAplName = FromUtf8(options.application), .listName = FromUtf8(options.list)})) Fail();
+  }
+
+  int Show();
+  int Add();
+  int Edit();
+  int Supply();
+
+  int Remove() {
+    return Change([&](std::int32_t position) { list_.KillItem(position - 1); });
+  }
+  int MoveUp() {
+    return Change([&](std::int32_t position) { list_.MoveUp(position); });
+  }
+  int MoveDown() {
+    return Change([&](std::int32_t position) { list_.MoveDown(position); });
+  }
+  int Activate() {
+    std::int16_t position = ToInteger(RequirePosition(), platform_.locale);
+    list_.SetActive(position);
+    return kDone;
+  }
+
+ private:
+  [[noreturn]] void Fail() const { throw Error(list_.Failure().value()); }
+  std::int32_t RequirePosition() const;
+  int Change(const std::function<void(std::int32_t)>& change);
+  void SetDetails(c_SablonaOffice& changed) const;
+  bool Save(c_SablonaOffice& changed);
+
+  ConsoleUserInterface unattended_;  // says why a template is refused; a wrong extension is one of the reasons
+  Platform platform_;
+  const TemplateOptions& options_;
+  c_SeznamSablonOffice list_;
+};
+
+std::int32_t ListedTemplates::RequirePosition() const {
+  if (options_.position >= 1 && options_.position <= list_.Count()) return options_.position;
+  Text text = u"There is no template at position ";
+  AppendDecimal(text, options_.position);
+  text.append(u"; the list has ");
+  AppendDecimal(text, list_.Count());
+  Raise(RuntimeError::kSubscriptOutOfRange, std::move(text));
+}
+
+// A change that moves templates, with the positions that they have then.
+int ListedTemplates::Change(const std::function<void(std::int32_t)>& change) {
+  const std::int32_t position = RequirePosition();
+  platform_.registry.Change([&] {
+    change(position);
+    list_.SaveKeys();
+  });
+  return kDone;
+}
+
+// A value as one cell of a line.
+Text Cell(TextView value) {
+  Text cell(value);
+  std::replace_if(
+      cell.begin(), cell.end(), [](char16_t unit) { return unit < u' '; }, u' ');
+  return cell;
+}
+
+Text Quoted(TextView value) {
+  constexpr TextView kDigits = u"0123456789abcdef";
+  Text quoted(u"\"");
+  for (const char16_t unit : value) {
+    if (unit < u' ') {
+      quoted.append(u"\\u00").append({kDigits[unit >> 4], kDigits[unit & 15]});
+      continue;
+    }
+    if (unit == u'"' || unit == u'\\') quoted.push_back(u'\\');
+    quoted.push_back(unit);
+  }
+  return quoted.append(u"\"");
+}
+
+void PrintAsLine(const c_SablonaOffice& shown) {
+  const std::vector<Text> cells = {DecimalText(shown.key()), shown.Active() ? u"*" : u"", DecimalText(shown.Id()),
+                                   Cell(shown.name()),       Cell(shown.description()),   Cell(shown.Path())};
+  PrintLine(Join(cells, u"\t"));
+}
+
+Text AsJson(const c_SablonaOffice& shown) {
+  return u"{\"position\": " + DecimalText(shown.key()) + u", \"active\": " + (shown.Active() ? u"true" : u"false") +
+         u", \"id\": " + DecimalText(shown.Id()) + u", \"file\": " + Quoted(shown.name()) + u", \"description\": " +
+         Quoted(shown.description()) + u", \"path\": " + Quoted(shown.Path()) + u", \"exists\": " +
+         (shown.FileExist() ? u"true" : u"false") + u"}";
+}
+
+int ListedTemplates::Show() {
+  if (!options_.json) {
+    for (const auto& each : list_) PrintAsLine(*each);
+    return kDone;
+  }
+  std::vector<Text> objects;
+  for (const auto& each : list_) objects.push_back(u"\n  " + AsJson(*each));
+  PrintLine(u"[" + Join(objects, u",") + (objects.empty() ? u"]" : u"\n]"));
+  return kDone;
+}
+
+// The path comes after name and description: it looks for the file, and marks the description where there is none.
+void ListedTemplates::SetDetails(c_SablonaOffice& changed) const {
+  Text folder = changed.Path();
+  if (options_.file) {
+    const Text path = platform_.files.GetAbsolutePathName(FromUtf8(*options_.file));
+    changed.name(WithExtension(GetFileName(path), list_.TypeOfApplOffice()));
+    folder = GetParentFolderName(path);
+  }
+  if (options_.description) changed.description(FromUtf8(*options_.description));
+  if (changed.description().empty()) changed.description(changed.name());
+  changed.Path(folder);
+  if (options_.id) changed.Id(*options_.id);
+  if (changed.FileExist()) return;
+  std::fprintf(stderr, "zorkanca: warning: no such file: %s\n", ToUtf8(changed.FullFileName()).c_str());
+}
+
+// False after a message that says why.
+bool ListedTemplates::Save(c_SablonaOffice& changed) {
+  bool saved = false;
+  platform_.registry.Change([&] {
+    saved = changed.Save(true);
+    if (!saved) return;
+    list_.SaveKeys();
+    if (changed.Active()) changed.SaveActive();  // a new name made a new key, which does not have it
+  });
+  return saved;
+}
+
+int ListedTemplates::Add() {
+  const std::int32_t behind = list_.Count() + 1;
+  const auto added = list_.AddNewItem(std::min(options_.before.value_or(behind), behind) - 1);
+  SetDetails(*added);
+  return Save(*added) ? kDone : kFailed;
+}
+
+int ListedTemplates::Edit() {
+  if (!options_.file && !options_.description && !options_.id) throw UsageError("nothing to change");
+  c_SablonaOffice& edited = *list_.Item(RequirePosition());
+  SetDetails(edited);
+  return Save(edited) ? kDone : kFailed;
+}
+
+int ListedTemplates::Supply() {
+  if (list_.SupplyFromFile()) return kDone;
+  if (list_.Failure()) Fail();
+  return kFailed;  // the message was shown
+}
+
+// Lets the person choose in the dialog. Who chose nothing knows it, and has seen a message when something failed.
+int Choose(const CommandContext& context, const TemplateOptions& options) {
+  TemplateListArguments arguments{.rsZorApl = FromUtf8(options.application),
+                                  .TypeOfApplOffice = TypeNamed(options.type),
+                                  .rbAdmin = options.admin,
+                                  .rsListName = FromUtf8(options.list),
+                                  .rsCaption = FromUtf8(options.caption)};
+  const Text path = TemplateLists(context.platform).TemplateList(arguments);
+  if (path.empty()) return kFailed;
+  PrintLine(path);
+  return kDone;
+}
+
+// Adds the commands of the group; all share one set of options.
+class TemplateCommands {
+ public:
+  TemplateCommands(CLI::App& app, Command& chosen)
+      : group_(*app.add_subcommand("templates", "Show and change the lists of templates")), chosen_(chosen) {
+    group_.require_subcommand(1);
+  }
+
+  using Operation = std::function<int(const CommandContext&, const TemplateOptions&)>;
+
+  CLI::App& Add(const char* name, const char* description, Operation operation) {
+    CLI::App& command = *group_.add_subcommand(name, description);
+    command.add_option("--application", options_->application, "code of the suite application")->required();
+    command.add_option("--list", options_->list, "name of the list; without it the default list");
+    command.add_option("--type", options_->type, "all, word, excel or sds")
+        ->check(CLI::IsMember({"all", "word", "excel", "sds"}));
+    command.callback([&chosen = chosen_, options = options_, operation] {
+      chosen = [options, operation](const CommandContext& context) { return operation(context, *options); };
+    });
+    return command;
+  }
+
+  CLI::App& Add(const char* name, const char* description, int (ListedTemplates::*operation)()) {
+    return Add(name, description, [operation](const CommandContext& context, const TemplateOptions& options) {
+      return (ListedTemplates(context, options).*operation)();
+    });
+  }
+
+  CLI::App& AddAtPosition(const char* name, const char* description, int (ListedTemplates::*operation)()) {
+    CLI::App& command = Add(name, description, operation);
+    command.add_option("POSITION", options_->position, "position in the list, from 1")->required();
+    return command;
+  }
+
+  TemplateOptions& options() { return *options_; }
+
+ private:
+  CLI::App& group_;
+  Command& chosen_;
+  std::shared_ptr<TemplateOptions> options_ = std::make_shared<TemplateOptions>();
+};
+
+void AddDetails(CLI::App& command, TemplateOptions& options) {
+  command.add_option("--description", options.description, "text for the list");
+  command.add_option("--id", options.id, "identifier, 0 for none");
+}
+
+}  // namespace
+
+void AddTemplateCommands(CLI::App& app, Command& chosen) {
+  TemplateCommands group(app, chosen);
+  TemplateOptions& options = group.options();
+  group.Add("show", "Print a list", &ListedTemplates::Show).add_flag("--json", options.json, "print it as JSON");
+  CLI::App& add = group.Add("add", "Register a template", &ListedTemplates::Add);
+  add.add_option("FILE", options.file, "the template")->required();
+  AddDetails(add, options);
+  add.add_option("--before", options.before, "position of the template before which it goes")
+      ->check(CLI::PositiveNumber);
+  CLI::App& edit = group.AddAtPosition("edit", "Change a template", &ListedTemplates::Edit);
+  edit.add_option("--file", options.file, "the template");
+  AddDetails(edit, options);
+  group.AddAtPosition("remove", "Take a template out of the list", &ListedTemplates::Remove);
+  group.AddAtPosition("up", "Move a template up", &ListedTemplates::MoveUp);
+  group.AddAtPosition("down", "Move a template down", &ListedTemplates::MoveDown);
+  group.AddAtPosition("activate", "Make a template the active one", &ListedTemplates::Activate);
+  group.Add("supply", "Register the templates of the supply file", &ListedTemplates::Supply);
+  CLI::App& choose = group.Add("choose", "Choose a template in the dialog and print its path", Choose);
+  choose.add_flag("--admin", options.admin, "let templates be added, edited and deleted there");
+  choose.add_option("--caption", options.caption, "caption of the dialog");
+}
+
+}  // namespace zorkanca::cli
