@@ -47,6 +47,7 @@ int main(int count, char** arguments) {
                      QueryReader reader(session);
                      reader.Open(database, select, 0);
                      WriteQueryMergeData(session, reader, source, names, path, {.formats = formats});
+                     return true;
                    })
              ? 0
              : 1;

@@ -1,4 +1,4 @@
-SELECT kod, nazev, replace(printf('%.2f', cena), '.', ',') AS cena
+SELECT kod, nazev, cena
 FROM zbozi
 WHERE NOT vyrazeno
 ORDER BY nazev

@@ -4,7 +4,6 @@
 The templates are kept as files, as a user would have them; this script is how they came about.
 """
 import pathlib
-import zipfile
 
 from docx import Document
 from docx.enum.table import WD_ROW_HEIGHT_RULE
@@ -13,16 +12,22 @@ from docx.oxml import OxmlElement
 from docx.oxml.ns import qn
 from docx.shared import Cm, Pt, RGBColor
 
+import code39_font
+import make_form
+from template_file import save_template, set_widths
+
 FOLDER = pathlib.Path(__file__).resolve().parent
+GREY = RGBColor(0x60, 0x60, 0x60)
 FIRM = "Železářství Na Růžku, Dlouhá 14, 586 01 Jihlava"
 
 
-def add_field(paragraph, code, shown="", bold=False, size=None):
+def add_field(paragraph, code, shown="", bold=False, size=None, font=None):
     """A field as Word writes it: begin, code, separator, the old result, end, each in a run of its own."""
     def run_with(tag, **attributes):
         run = paragraph.add_run()
         run.bold = bold
         run.font.size = size
+        run.font.name = font
         element = OxmlElement(tag)
         for name, value in attributes.items():
             element.set(qn(f"w:{name}"), value)
@@ -37,11 +42,27 @@ def add_field(paragraph, code, shown="", bold=False, size=None):
     result = paragraph.add_run(shown)
     result.bold = bold
     result.font.size = size
+    result.font.name = font
     run_with("w:fldChar", fldCharType="end")
 
 
-def add_merge_field(paragraph, name, switches="", bold=False, size=None):
-    add_field(paragraph, f"MERGEFIELD {name} {switches}".rstrip(), f"«{name}»", bold, size)
+def add_merge_field(paragraph, name, switches="", bold=False, size=None, font=None):
+    add_field(paragraph, f"MERGEFIELD {name} {switches}".rstrip(), f"«{name}»", bold, size, font)
+
+
+def add_plain(holder, text):
+    paragraph = holder.add_paragraph(text)
+    paragraph.paragraph_format.space_after = Pt(0)
+    return paragraph
+
+
+def add_line(holder, names):
+    """A paragraph for one line of an address; a line of empty fields is dropped by the merge."""
+    paragraph = add_plain(holder, "")
+    for index, name in enumerate(names.split()):
+        if index:
+            paragraph.add_run(" ")
+        add_merge_field(paragraph, name, bold=name == "nazev")
 
 
 def new_document(margins=2.0):
@@ -53,17 +74,6 @@ def new_document(margins=2.0):
     section.page_width, section.page_height = Cm(21), Cm(29.7)
     section.left_margin = section.right_margin = section.top_margin = section.bottom_margin = Cm(margins)
     return document
-
-
-def lines(document, *names):
-    """A paragraph for each line of an address; a line of empty fields is dropped by the merge."""
-    for line in names:
-        paragraph = document.add_paragraph()
-        paragraph.paragraph_format.space_after = Pt(0)
-        for index, name in enumerate(line.split()):
-            if index:
-                paragraph.add_run(" ")
-            add_merge_field(paragraph, name, bold=name == "nazev")
 
 
 def make_letter():
@@ -78,7 +88,8 @@ def make_letter():
     add_field(footer, "PAGE", "1")
 
     document.add_paragraph()
-    lines(document, "nazev", "ulice", "psc mesto")
+    for names in ("nazev", "ulice", "psc mesto"):
+        add_line(document, names)
     subject = document.add_paragraph()
     subject.paragraph_format.space_before = Pt(48)
     run = subject.add_run("Upomínka faktury č. ")
@@ -105,7 +116,7 @@ def make_letter():
     closing.add_run("Pokud jste již zaplatili, považujte prosím tento dopis za bezpředmětný.")
     document.add_paragraph("S pozdravem")
     document.add_paragraph(FIRM.split(",")[0])
-    save_as_template(document, FOLDER / "upominka.dotx")
+    save_template(document, FOLDER / "upominka.dotx")
 
 
 def make_price_list():
@@ -159,20 +170,74 @@ def make_labels():
     document.save(FOLDER / "stitky.docx")
 
 
-def save_as_template(document, path):
-    """Saves under the content type of a template, which is all that makes one."""
-    plain = path.with_suffix(".docx")
-    document.save(plain)
-    with zipfile.ZipFile(plain) as source, zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as target:
-        for entry in source.infolist():
-            data = source.read(entry)
-            if entry.filename == "[Content_Types].xml":
-                data = data.replace(b"wordprocessingml.document.main+xml", b"wordprocessingml.template.main+xml")
-            target.writestr(entry, data)
-    plain.unlink()
+def make_invoice():
+    """One record is one invoice; its items are lines within one value for each column of the table."""
+    document = new_document(2.0)
+    head = document.add_table(rows=1, cols=2)
+    left, right = head.rows[0].cells
+    left.paragraphs[0].add_run(FIRM.split(",")[0]).bold = True
+    left.paragraphs[0].paragraph_format.space_after = Pt(0)
+    add_plain(left, FIRM.split(", ", 1)[1])
+    right.paragraphs[0].alignment = WD_ALIGN_PARAGRAPH.RIGHT
+    right.paragraphs[0].add_run("FAKTURA ").font.size = Pt(18)
+    add_merge_field(right.paragraphs[0], "cislo", bold=True, size=Pt(18))
+    code = right.add_paragraph()
+    code.alignment = WD_ALIGN_PARAGRAPH.RIGHT
+    add_merge_field(code, "carkod", size=Pt(20), font=code39_font.NAME)
+
+    facts = document.add_table(rows=1, cols=2)
+    left, right = facts.rows[0].cells
+    left.paragraphs[0].add_run("Odběratel").font.color.rgb = GREY
+    for names in ("nazev", "ulice", "psc mesto"):
+        add_line(left, names)
+    for caption, name in (("IČO: ", "ico"), ("DIČ: ", "dic")):
+        paragraph = add_plain(left, "")
+        add_merge_field(paragraph, name, f'\\b "{caption}"')
+    right.paragraphs[0].add_run("Platební údaje").font.color.rgb = GREY
+    for caption, name, switches in [("Datum vystavení", "vystavena", '\\@ "d. M. yyyy"'),
+                                    ("Datum splatnosti", "splatna", '\\@ "d. M. yyyy"'),
+                                    ("Způsob úhrady", "uhrada", ""), ("Variabilní symbol", "cislo", "")]:
+        paragraph = add_plain(right, caption + "\t")
+        paragraph.paragraph_format.tab_stops.add_tab_stop(Cm(3.8))
+        add_merge_field(paragraph, name, switches, bold=True)
+    for cell in (left, right):
+        cell.paragraphs[0].paragraph_format.space_before = Pt(18)
+        cell.paragraphs[0].paragraph_format.space_after = Pt(3)
+
+    add_plain(document, "").paragraph_format.space_after = Pt(10)
+    add_items(document)
+    for caption, name, size in [("Základ daně", "zaklad", None), ("DPH", "dph", None), ("Celkem k úhradě", "celkem", Pt(14))]:
+        paragraph = add_plain(document, "")
+        paragraph.paragraph_format.tab_stops.add_tab_stop(Cm(9))
+        paragraph.paragraph_format.tab_stops.add_tab_stop(Cm(16.8), WD_TAB_ALIGNMENT.RIGHT)
+        paragraph.paragraph_format.space_before = Pt(4 if size is None else 8)
+        run = paragraph.add_run(f"\t{caption}\t")
+        run.font.size = size
+        add_merge_field(paragraph, name, '\\# "# ##0,00 Kč"', bold=size is not None, size=size)
+    note = add_plain(document, "")
+    note.paragraph_format.space_before = Pt(24)
+    add_merge_field(note, "poznamka", '\\b "Poznámka: "')
+    save_template(document, FOLDER / "faktura.dotx")
+
+
+def add_items(document):
+    columns = [("Kód", "polozky_kod", 1.9, False), ("Zboží", "polozky_nazev", 8.4, False), ("Počet", "polozky_pocet", 1.5, True),
+               ("Cena", "polozky_cena", 2.5, True), ("Částka Kč", "polozky_castka", 2.7, True)]
+    table = document.add_table(rows=2, cols=len(columns))
+    table.style = "Light List Accent 1"
+    set_widths(table, [width for _, _, width, _ in columns])
+    for index, (caption, name, _, right) in enumerate(columns):
+        table.rows[0].cells[index].text = caption
+        for row in table.rows:
+            row.cells[index].paragraphs[0].alignment = WD_ALIGN_PARAGRAPH.RIGHT if right else WD_ALIGN_PARAGRAPH.LEFT
+        values = table.rows[1].cells[index].paragraphs[0]
+        values.paragraph_format.line_spacing = 1.25
+        add_merge_field(values, name, size=Pt(9.5))
 
 
 if __name__ == "__main__":
     make_letter()
     make_price_list()
     make_labels()
+    make_invoice()
+    make_form.make()

@@ -114,18 +114,13 @@ class BarCodeRecords {
 
 int RunRecords(const CommandContext& context, const BarCodeOptions& options) {
   const Text path = context.platform.files.GetAbsolutePathName(FromUtf8(options.svg));
-  try {
-    BarCodeRecords records(context, options);
-    if (options.svg.empty()) {
-      records.PrintTexts();
-    } else if (options.svg.ends_with('/') || context.platform.files.FolderExists(path)) {
-      records.DrawIntoFolder(path);
-    } else {
-      records.DrawInto(options.svg);
-    }
-  } catch (const Error&) {
-    if (context.interrupted) return kInterrupted;
-    throw;
+  BarCodeRecords records(context, options);
+  if (options.svg.empty()) {
+    records.PrintTexts();
+  } else if (options.svg.ends_with('/') || context.platform.files.FolderExists(path)) {
+    records.DrawIntoFolder(path);
+  } else {
+    records.DrawInto(options.svg);
   }
   return kDone;
 }

@@ -2,11 +2,10 @@
 #include <memory>
 
 #include "cli/command_line.h"
+#include "cli/export_run.h"
 #include "cli/host_platform.h"
-#include "cli/progress_display.h"
 #include "cli/query_arguments.h"
 #include "export/column_names.h"
-#include "export/zor_office.h"
 #include "host/desktop/quiet_shell.h"
 #include "host/sqlite/sqlite_database.h"
 #include "runtime/error.h"
@@ -16,27 +15,6 @@ namespace zorkanca::cli {
 
 namespace {
 
-// Options that every export over a query has.
-struct QueryOptions {
-  std::string database;
-  std::string select;
-  std::string names;
-  std::int16_t options = 0;
-  float step = 1.0f;
-  std::string multiplier;
-  std::int16_t blankRecords = 0;
-};
-
-void AddQueryOptions(CLI::App& command, QueryOptions& query) {
-  command.add_option("--db", query.database, "SQLite database file")->required();
-  command.add_option("--select", query.select, "SELECT statement; - reads it from standard input")->required();
-  command.add_option("--names", query.names, "column names separated by ';'");
-  command.add_option("--options", query.options, "options passed to the database");
-  command.add_option("--step", query.step, "percent between two progress events")->capture_default_str();
-  command.add_option("--multiplier", query.multiplier, "column that tells how often a record is written");
-  command.add_option("--blank-records", query.blankRecords, "empty records before the data");
-}
-
 // A path given by the user means the current folder; to the library a bare name would mean the work folder.
 Text OutputFile(const std::string& path, FileSystem& files) {
   if (path.empty()) return Text();
@@ -44,33 +22,6 @@ Text OutputFile(const std::string& path, FileSystem& files) {
   if (path.ends_with('/') || files.FolderExists(absolute)) throw UsageError("-o names a folder, not a file: " + path);
   return absolute;
 }
-
-// An export of this program: the office object, its events on the terminal, the database.
-class QueryExport {
- public:
-  QueryExport(const CommandContext& context, const QueryOptions& query, const Platform& platform, bool showsStates)
-      : interrupted_(context.interrupted),
-        display_(context.options.events, !context.options.quiet, showsStates, context.interrupted),
-        database_(SqlitePath(query.database), &context.interrupted),
-        office_(platform) {
-    office_.Advise(&display_);
-    office_.PercentInterval(query.step);
-    office_.Multiplier(FromUtf8(query.multiplier));
-    office_.BlankRecordsBefore(query.blankRecords);
-  }
-
-  cZorOffice& office() { return office_; }
-  Database& database() { return database_; }
-
-  // Exit status of an export with this result.
-  int StatusOf(bool done) const { return done ? kDone : interrupted_ ? kInterrupted : kFailed; }
-
- private:
-  const std::atomic<bool>& interrupted_;
-  ProgressDisplay display_;
-  SqliteDatabase database_;
-  cZorOffice office_;
-};
 
 struct HtmlOptions {
   QueryOptions query;
@@ -94,24 +45,25 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
                                 .riTblBorder = options.border,
                                 .riTblCellPadding = options.padding,
                                 .riTblCellSpacing = options.spacing};
-  QueryExport run(context, options.query, platform, opens);
-  const bool done = run.office().HTMLExport(run.database(), Statement(options.query.select), arguments);
+  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  ExportRun run(context, platform, options.query, opens);
+  const bool done = run.office().HTMLExport(database, Statement(options.query.select), arguments);
   if (done) PrintLine(arguments.rsSourceFile);
-  return run.StatusOf(done);
+  return run.StatusOf(done, "HTMLExport");
 }
 
 void AddHtml(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("html", "Write the rows of a query as an HTML table");
   const auto options = std::make_shared<HtmlOptions>();
   AddQueryOptions(*command, options->query);
+  AddRecordOptions(*command, options->query);
   command->add_option("-o,--output", options->output, "output file (default: a temporary file in the work folder)");
   command->add_option("--title", options->title, "title of the page");
   command->add_option("--border", options->border, "border width of the table")->capture_default_str();
   command->add_option("--padding", options->padding, "cell padding")->capture_default_str();
   command->add_option("--spacing", options->spacing, "cell spacing")->capture_default_str();
   command->add_flag("--no-open", options->noOpen, "do not open the result in its associated program");
-  command->callback(
-      [&chosen, options] { chosen = [options](const CommandContext& context) { return RunHtml(context, *options); }; });
+  SetCallback(*command, chosen, options, RunHtml);
 }
 
 void AddNames(CLI::App& app, Command& chosen) {

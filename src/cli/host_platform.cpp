@@ -1,6 +1,8 @@
 #include "cli/host_platform.h"
 
 #include <cstdio>
+#include <memory>
+#include <set>
 
 #include "runtime/locale.h"
 #include "runtime/utf8.h"
@@ -21,18 +23,23 @@ DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
   return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
 }
 
-void Warn(TextView warning) {
-  std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+// The same warning may come with each of thousands of documents.
+std::function<void(TextView)> WarnOnceOfEach() {
+  return [told = std::make_shared<std::set<Text>>()](TextView warning) {
+    if (!told->insert(Text(warning)).second) return;
+    std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
+  };
 }
 
 }  // namespace
 
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options) {
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted) {
   return {.home = options.home,
           .locale = LocaleOf(options.locale),
           .answers = AnswersOf(options),
           .insteadOfDialogs = u"--template",
-          .warn = Warn};
+          .warn = WarnOnceOfEach(),
+          .cancelled = [&interrupted] { return interrupted.load(); }};
 }
 
 }  // namespace zorkanca::cli

@@ -7,7 +7,8 @@
 
 namespace zorkanca::cli {
 
+/// @param interrupted  ends the engines' work once it is set; outlives the platform
 /// Errors: `UsageError` for a locale that we have no data for.
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options);
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
 
 }  // namespace zorkanca::cli

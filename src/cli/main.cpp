@@ -1,4 +1,6 @@
 // zorkanca: the library's face on a computer without a COM client.
+#include <malloc.h>
+
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
@@ -41,9 +43,24 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--quiet", options.quiet, "no progress bar and no states");
 }
 
+// Thousands of documents come and go; giving their memory back to the system after each would cost as much as filling
+// them.
+void KeepFreedMemory() {
+  constexpr int kKept = 32 << 20;
+  mallopt(M_TRIM_THRESHOLD, kKept);
+  mallopt(M_MMAP_THRESHOLD, kKept);
+}
+
 int RunCommand(const GlobalOptions& options, const Command& command) {
-  const LinuxPlatform host(SettingsOf(options));
-  const int status = command({.options = options, .platform = host.platform(), .interrupted = WatchForInterrupt()});
+  KeepFreedMemory();
+  const std::atomic<bool>& interrupted = WatchForInterrupt();
+  const LinuxPlatform host(SettingsOf(options, interrupted));
+  int status = kInterrupted;
+  try {
+    status = command({.options = options, .platform = host.platform(), .interrupted = interrupted});
+  } catch (const Error&) {
+    if (!interrupted) throw;
+  }
   if (std::fflush(stdout) == 0) return status;
   std::perror("zorkanca: standard output");
   return kFailed;
@@ -57,7 +74,8 @@ int Main(const std::vector<std::string>& arguments) {
   Command command;
   AddGlobalOptions(app, options);
   AddExportCommands(app, command);
-  AddMergeCommands(app, command);
+  AddWordCommands(app, command);
+  AddExcelCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddTemplateCommands(app, command);

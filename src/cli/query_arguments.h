@@ -1,6 +1,7 @@
 // What the commands over a database share: the database, its statement, and the names of several results.
 #pragma once
 
+#include <CLI/App.hpp>
 #include <cstdint>
 #include <string>
 
@@ -8,10 +9,36 @@
 
 namespace zorkanca::cli {
 
+/// Options of the exports over a database.
+struct QueryOptions {
+  std::string database;
+  std::string select;
+  std::int16_t options = 0;
+  std::string names;
+  float step = 1.0f;
+  std::string multiplier;
+  std::int16_t blankRecords = 0;
+};
+
+/// The query itself.
+void AddQueryOptions(CLI::App& command, QueryOptions& query);
+/// How its columns are called and how often its records are written.
+void AddRecordOptions(CLI::App& command, QueryOptions& query);
+void AddStepOption(CLI::App& command, QueryOptions& query);
+void AddBlankRecordsOption(CLI::App& command, QueryOptions& query);
+
+/// The prepared files that stand in the place of a query.
+struct PreparedFileOptions {
+  std::string headers;
+  std::string data;
+};
+
+void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
+
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);
 
-/// The statement as --select gave it; "-" is all of standard input. Errors: 57 when that cannot be read.
+/// The statement as --select gave it, on one line; "-" is all of standard input. Errors: 57 when that cannot be read.
 Text Statement(const std::string& argument);
 
 /// Name of the n-th of several results, in at least four digits: "0001.docx".

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "export/office_settings.h"
 #include "export/zor_office_events.h"
 #include "foundation/number_separators.h"
 #include "platform/platform.h"
+#include "templates/template_lists.h"
 
 namespace zorkanca {
 
@@ -23,6 +25,11 @@ struct ExportContext {
   std::int16_t blankRecordsBefore = 0;    ///< empty records before the data of the next export
   Recordset* currentRecordset = nullptr;  ///< of the running export; null when none runs over a query
   bool withinDataProcess = false;         ///< an export itself drives Word, document after document
+
+  /// Lets the user choose a template of a list: `TemplateLists::TemplateList`. @return its full path; empty: none
+  std::function<Text(TemplateListArguments&)> templateList{};
+  /// Gets each document of an export that makes several, once it is finished; may close it. An error stops the export.
+  std::function<void(const WordDocumentReference&)> documentFinished{};
 
   /// Raises ExportState when somebody listens.
   void RaiseExportState(ExportStateValue state, TextView message) const {

@@ -1,6 +1,7 @@
 #include "export/export_failure.h"
 
 #include "export/export_session.h"
+#include "foundation/ignore_errors.h"
 
 namespace zorkanca {
 
@@ -11,12 +12,13 @@ constexpr std::int32_t kStopNumber = -1;
 
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
-Text MessageOf(const Error& error) {
+Text MessageOf(const Error& error, const UnforeseenFailure& unforeseen) {
   if (const std::optional<Text> stop = StopMessage(error)) return *stop;
   Text message(kUnexpectedError);
   message.append(kCrLf);
   AppendDecimal(message, error.number());
-  return message.append(u" - ").append(error.description()).append(u".");
+  message.append(u" - ").append(error.description()).append(u".");
+  return unforeseen.details ? message.append(unforeseen.details(error)) : message;
 }
 
 }  // namespace
@@ -31,12 +33,14 @@ std::optional<Text> StopMessage(const Error& error) {
   return std::nullopt;
 }
 
-bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body) {
+bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
+               const UnforeseenFailure& unforeseen) {
   try {
-    body();
-    return true;
+    return body();
   } catch (...) {
-    session.Fail(title, MessageOf(*ErrorBeingHandled()));
+    const Error error = *ErrorBeingHandled();
+    session.Fail(title, MessageOf(error, unforeseen));
+    if (unforeseen.afterwards && !StopMessage(error)) IgnoreErrors(unforeseen.afterwards);
     return false;
   }
 }

@@ -30,9 +30,29 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// @return nothing for any other error
 std::optional<Text> StopMessage(const Error& error);
 
+/// Runs a step whose every failure means the same to the user: the data cannot be had. What stops the export as
+/// foreseen stays what it is.
+template <typename Body>
+auto AccessingData(Body body) {
+  try {
+    return body();
+  } catch (const Error& error) {
+    if (StopMessage(error)) throw;
+    StopExport(kDataAccessFailed);
+  }
+}
+
+/// What an export adds to a failure that none of its messages foresees; each may be empty.
+struct UnforeseenFailure {
+  std::function<Text(const Error&)> details{};  ///< what follows the error in the message
+  std::function<void()> afterwards{};           ///< called once the message was shown
+};
+
 /// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
 /// @param session  the export's session; its ending follows when the caller lets go of it
-/// @return         true when the body ran to its end
-bool RunToEdge(ExportSession& session, TextView title, const std::function<void()>& body);
+/// @param body     its answer is the export's result: false when the user chose to do nothing
+/// @return         the body's answer; false after a failure
+bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
+               const UnforeseenFailure& unforeseen = {});
 
 }  // namespace zorkanca

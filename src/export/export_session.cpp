@@ -39,14 +39,17 @@ TextStream& ExportSession::OpenOutput(const Text& path, TextFormat format) {
 void ExportSession::CloseOutput() {
   output_->Close();
   output_.reset();
+  IgnoreErrors([&] { lock_ = context_.platform.files.LockFile(outputPath_); });
 }
 
 void ExportSession::Fail(TextView title, const Text& message) {
   IgnoreErrors([&] {
     context_.platform.userInterface.Show({.text = message, .title = Text(title), .icon = MessageIcon::kExclamation});
   });
+  if (keepsOutput_ && output_) IgnoreErrors([&] { output_->Close(); });
   output_.reset();
-  if (outputPath_.empty()) return;
+  lock_.reset();
+  if (keepsOutput_ || outputPath_.empty()) return;
   IgnoreErrors([&] { context_.platform.files.DeleteFile(outputPath_, /*force=*/true); });
 }
 

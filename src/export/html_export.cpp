@@ -23,7 +23,10 @@ HtmlExport::HtmlExport(ExportContext& context, Database& database, TextView sele
       reader_(session_) {}
 
 bool HtmlExport::Run() {
-  return RunToEdge(session_, kTitle, [&] { Export(); });
+  return RunToEdge(session_, kTitle, [&] {
+    Export();
+    return true;
+  });
 }
 
 void HtmlExport::Export() {

@@ -19,11 +19,8 @@ namespace {
 
 constexpr TextView kMerging = u"Hromadná korespondence zpracovává přijatá data ...";
 constexpr TextView kMerged = u"Dokončeno zpracování dat nástrojem hromadné korespondence";
-constexpr TextView kWordNotOpened = u"Nepodařilo se otevřít aplikaci MS Word !";
-constexpr TextView kDocumentNotOpened = u"Nepodařilo se otevřít dokument v aplikaci MS Word !";
 constexpr TextView kMergeFailed = u"Chyba ve zpracování dat nástrojem hromadné korespondence: ";
 
-constexpr std::int32_t kFirstVersionWithLanguageCheck = 9;
 // From this version on the kind of the main document is lost when its data source is opened.
 constexpr std::int32_t kFirstVersionThatForgetsTheKind = 10;
 constexpr std::int32_t kToggleFieldCodes = 9999998;
@@ -106,9 +103,9 @@ class RecordFile {
 };
 
 std::int32_t CountLines(FileSystem& files, const Text& path) {
-  const auto stream = files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kUnicode);
+  MergeDataLines lines(files, path);
   std::int32_t count = 0;
-  for (; !stream->AtEndOfStream(); ++count) stream->ReadLine();
+  for (Text line; lines.Next(line);) ++count;
   return count;
 }
 
@@ -157,11 +154,7 @@ void MailMergeRun::Make() {
   IgnoreErrors([&] { lock = context_.platform.files.LockFile(arguments_.rsDataSourceFile); });
 
   OpenTemplate(kWordNotOpened);
-  word_ = document_->Application();
-  if (MajorVersion(*word_) >= kFirstVersionWithLanguageCheck) {
-    checkLanguage_ = word_->CheckLanguage();
-    word_->CheckLanguage(false);
-  }
+  word_.Take(document_->Application());
   context_.RaiseExportState(ExportStateValue::esWaitForApp, kMerging);
   if (arguments_.MultiDocument) return MakeOneDocumentPerRecord();
   context_.platform.userInterface.SetMousePointer(MousePointer::kHourglass);
@@ -176,21 +169,22 @@ void MailMergeRun::OpenTemplate(TextView failure) {
 }
 
 void MailMergeRun::MergeInto(const Text& dataFile) {
-  document_ = RunMailMerge(context_, *document_, dataFile, *word_);
+  document_ = RunMailMerge(context_, *document_, dataFile, *word_.application());
   arguments_.roRetDoc = document_;
 }
 
 void MailMergeRun::MakeOneDocumentPerRecord() {
   FileSystem& files = context_.platform.files;
   const std::int32_t records = CountLines(files, arguments_.rsDataSourceFile) - 1;
-  const auto stream =
-      files.OpenTextFile(arguments_.rsDataSourceFile, IoMode::kForReading, /*create=*/false, TextFormat::kUnicode);
-  const Text header = stream->ReadLine();
+  MergeDataLines lines(files, arguments_.rsDataSourceFile);
+  Text header;
+  Text line;
+  lines.Next(header);
   Progress progress(context_, records);
-  for (std::int32_t record = 1; !stream->AtEndOfStream(); ++record) {
-    const Text line = stream->ReadLine();
+  for (std::int32_t record = 1; lines.Next(line); ++record) {
     if (record > 1) OpenTemplate(kDocumentNotOpened);
     MakeDocumentOf(header, line);
+    if (context_.documentFinished) context_.documentFinished(document_);
     progress.RecordDone();
   }
   // Without records the document of the template is no result.
@@ -209,21 +203,14 @@ void MailMergeRun::Finish(const std::optional<Text>& failure) {
   if (failure) {
     IgnoreErrors([&] {
       // An opening that failed may have hidden a Word that somebody works in.
-      if (!word_) word_ = context_.platform.office.AttachWord();
-      word_->ScreenUpdating(true);
-      word_->Visible(true);
+      const WordApplicationReference word =
+          word_.application() ? word_.application() : context_.platform.office.AttachWord();
+      word->ScreenUpdating(true);
+      word->Visible(true);
     });
     context_.RaiseExportState(ExportStateValue::esStill, *failure);
   }
-  IgnoreErrors([&] {
-    if (!word_) return;
-    word_->ScreenUpdating(true);
-    if (arguments_.rbSetAppVisible) {
-      word_->Visible(true);
-      word_->WindowState(WordWindowState::kMaximize);
-    }
-    if (checkLanguage_) word_->CheckLanguage(*checkLanguage_);
-  });
+  word_.Leave(arguments_.rbSetAppVisible);
   if (!failure) context_.RaiseExportState(ExportStateValue::esStill, kMerged);
   context_.withinDataProcess = false;
   context_.platform.userInterface.SetMousePointer(MousePointer::kDefault);

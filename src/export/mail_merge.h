@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "export/driven_word.h"
 #include "export/export_context.h"
 #include "platform/word/word_application.h"
 
@@ -36,8 +37,7 @@ class MailMergeRun {
   ExportContext& context_;
   MakeMailDocumentArguments& arguments_;
   WordDocumentReference document_;
-  WordApplicationReference word_;
-  std::optional<bool> checkLanguage_;  // of a Word that checks the language, as it was
+  DrivenWord word_;
 };
 
 /// Merges a main document with a data file and closes it; the kind of the merge is that of the marker in its text, else

@@ -5,6 +5,12 @@
 
 namespace zorkanca {
 
+namespace {
+
+constexpr std::int32_t kPieceSize = 64 * 1024;  // characters
+
+}  // namespace
+
 Text LineBreakPlaceholder(const CodePage& codePage) {
   return {codePage.Decode(215), codePage.Decode(182)};
 }
@@ -52,6 +58,49 @@ void MergeDataFile::EndRecord(std::int32_t copies) {
   for (; copies > 0; --copies) stream_.Write(line_);
   line_.clear();
   hasValues_ = false;
+}
+
+MergeDataFile OpenMergeDataFile(ExportSession& session, Text& rsSourceFile, bool multiDocument) {
+  const ExportContext& context = session.context();
+  rsSourceFile = OutputPathInWorkFolder(context, rsSourceFile);
+  return MergeDataFile(session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
+                       multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
+                       *context.platform.locale.codePage);
+}
+
+MergeDataLines::MergeDataLines(FileSystem& files, const Text& path)
+    : stream_(files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kUnicode)) {}
+
+bool MergeDataLines::ReadPiece() {
+  if (stream_->AtEndOfStream()) return false;
+  piece_.erase(0, position_);
+  position_ = 0;
+  piece_.append(stream_->Read(kPieceSize));
+  return true;
+}
+
+bool MergeDataLines::Next(Text& line) {
+  std::size_t searched = 0;  // characters of the line that hold no end
+  for (;;) {
+    const std::size_t end = piece_.find(lineEnd_.empty() ? u"\n" : lineEnd_, position_ + searched);
+    if (end != Text::npos) {
+      if (lineEnd_.empty()) {
+        const bool crLf = TextView(piece_).substr(0, end).ends_with(u'\r');
+        lineEnd_ = crLf ? kCrLf : kCrLf.substr(1);
+        if (crLf) continue;
+      }
+      line.assign(piece_, position_, end - position_);
+      position_ = end + lineEnd_.size();
+      return true;
+    }
+    const std::size_t held = piece_.size() - position_;
+    if (!ReadPiece()) {
+      line.assign(piece_, position_);
+      position_ = piece_.size();
+      return held > 0;
+    }
+    searched = held > 0 ? held - 1 : 0;  // a CR at the end may be half of one
+  }
 }
 
 }  // namespace zorkanca

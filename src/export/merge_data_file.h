@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
+#include "export/export_session.h"
 #include "platform/file_system.h"
 #include "runtime/code_page.h"
 #include "runtime/text.h"
@@ -48,6 +50,31 @@ class MergeDataFile {
   Text placeholder_;
   Text line_;               // of the current record, kept for its room
   bool hasValues_ = false;  // of the current record
+};
+
+/// Creates the data file of an export.
+/// @param rsSourceFile   path, settled by `OutputPathInWorkFolder`; receives the path
+/// @param multiDocument  one document is made of each record
+/// Errors: those of files.
+MergeDataFile OpenMergeDataFile(ExportSession& session, Text& rsSourceFile, bool multiDocument);
+
+/// Reads such a file line by line where each record is one line. The end of the header settles what ends a line: after
+/// CR LF, a lone CR or LF belongs to its value; a header that ends with a lone LF is that of another program's file.
+class MergeDataLines {
+ public:
+  /// Errors: those of files.
+  MergeDataLines(FileSystem& files, const Text& path);
+
+  /// Takes the next line, without its end. @return false when there is none. Errors: those of files.
+  bool Next(Text& line);
+
+ private:
+  bool ReadPiece();
+
+  std::unique_ptr<TextStream> stream_;
+  TextView lineEnd_;  // unknown, empty, until the header was read
+  Text piece_;
+  std::size_t position_ = 0;  // of the next line in piece_
 };
 
 }  // namespace zorkanca

@@ -44,11 +44,11 @@ void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnName
                          Text& rsSourceFile, const QueryMergeDataOptions& options) {
   const ExportContext& context = session.context();
   const Locale& locale = context.platform.locale;
-  rsSourceFile = OutputPathInWorkFolder(context, rsSourceFile);
-  MergeDataFile file(
-      session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
-      options.multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
-      *locale.codePage);
+  std::int16_t unasked = 0;
+  std::int16_t& checkpointNumber = options.checkpointNumber ? *options.checkpointNumber : unasked;
+  checkpointNumber = 3;
+  MergeDataFile file = OpenMergeDataFile(session, rsSourceFile, options.multiDocument);
+  checkpointNumber = 4;
   const TextView separator(&kExportSeparator, 1);
   if (names == ColumnNameSource::kFieldNames) rsFieldNames = Join(FieldNames(session.recordset()), separator);
   if (options.barCode) rsFieldNames.append(separator).append(options.barCode->BarCodeField());
@@ -57,13 +57,16 @@ void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnName
 
   const ColumnFormats formats(options.formats, reader.FieldCount(), locale);
   reader.ValidateMultiplier();
+  checkpointNumber = 5;
   RecordWriter record(reader.Columns(), file, formats, locale);
   reader.ForEachRecord(options.multiDocument ? QueryReader::Reporting::kSilent : QueryReader::Reporting::kPercent,
                        [&](std::int16_t copies) {
                          record.Write();
+                         checkpointNumber = 6;
                          if (options.barCode) file.AppendBarCode(options.barCode->EncodeRecord());
                          file.EndRecord(copies);
                        });
+  checkpointNumber = 7;
   session.CloseOutput();
 }
 

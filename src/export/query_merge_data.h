@@ -15,8 +15,9 @@ namespace zorkanca {
 
 struct QueryMergeDataOptions {
   bool multiDocument = false;  ///< one document per record: line breaks become placeholders, no percent is reported
-  std::span<const Text> formats{};  ///< of the columns
-  cBarCode* barCode = nullptr;      ///< encodes the last column; its recordset is that of the query
+  std::span<const Text> formats{};           ///< of the columns
+  cBarCode* barCode = nullptr;               ///< encodes the last column; its recordset is that of the query
+  std::int16_t* checkpointNumber = nullptr;  ///< follows the steps of the writing from 3 to 7; null: nobody asks
 };
 
 /// Writes the file.

@@ -7,21 +7,6 @@
 
 namespace zorkanca {
 
-namespace {
-
-// Any failure until the first record is current means the same to the user; only an interruption stays what it is.
-template <typename Body>
-auto AccessingData(Body body) {
-  try {
-    return body();
-  } catch (const Error& error) {
-    if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) throw;
-    StopExport(kDataAccessFailed);
-  }
-}
-
-}  // namespace
-
 void QueryReader::Open(Database& database, TextView select, std::int16_t options) {
   const bool found = AccessingData([&] {
     session_.Hold(database.OpenRecordset(select, RecordsetType::kDynaset, options));

@@ -28,6 +28,7 @@ class QueryReader {
   void Open(Database& database, TextView select, std::int16_t options);
 
   std::int32_t FieldCount() const { return fieldCount_; }
+  std::int32_t RecordCount() const { return recordCount_; }
   /// The columns in field order; call it once, before the records are read and after `ValidateMultiplier`.
   std::vector<QueryColumn> Columns();
 

@@ -7,6 +7,11 @@
 
 namespace zorkanca {
 
+/// The first document of an export could not be opened.
+inline constexpr TextView kWordNotOpened = u"Nepodařilo se otevřít aplikaci MS Word !";
+/// A further one could not.
+inline constexpr TextView kDocumentNotOpened = u"Nepodařilo se otevřít dokument v aplikaci MS Word !";
+
 /// Arguments of GetOpenDoc under their published names.
 struct GetOpenDocArguments {
   /// Empty for a blank document; a path ending in .dot or .dotx gives a new document based on it; any other file is

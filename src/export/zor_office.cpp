@@ -26,11 +26,13 @@ cZorOffice::cZorOffice(const Platform& platform)
     : templateLists_(platform),
       context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
-               .separators = FindNumberSeparators(platform.locale)} {
+               .separators = FindNumberSeparators(platform.locale),
+               .templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); }} {
   FileSystem& files = platform.files;
   MakeFolder(files, context_.workFolder);
   files.ClearFolder(context_.workFolder, u"*.tmp");
   context_.settings = ReadOfficeSettings(platform.registry);
+  context_.templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); };
 }
 
 bool cZorOffice::HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments) {

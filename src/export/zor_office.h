@@ -5,10 +5,17 @@
 
 #include <cstdint>
 
+#include "export/excel_export.h"
+#include "export/excel_opening.h"
+#include "export/excel_template_export.h"
 #include "export/export_context.h"
 #include "export/html_export.h"
 #include "export/mail_merge.h"
+#include "export/prepared_file.h"
+#include "export/word_file_export.h"
+#include "export/word_form_export.h"
 #include "export/word_opening.h"
+#include "export/word_query_export.h"
 #include "platform/database.h"
 #include "platform/platform.h"
 #include "templates/template_lists.h"
@@ -36,12 +43,35 @@ class cZorOffice {
   std::int16_t BlankRecordsBefore() const { return context_.blankRecordsBefore; }
   void BlankRecordsBefore(std::int16_t count) { context_.blankRecordsBefore = count; }
 
+  /// Hands each document of an export that makes several to a host that has no windows in which they could stay open,
+  /// once it is finished; the host may close it. An error that it raises ends the export.
+  void WhenDocumentIsFinished(std::function<void(const WordDocumentReference&)> handler) {
+    context_.documentFinished = std::move(handler);
+  }
+
   /// Folder of intermediate files.
   const Text& WorkFolder() const { return context_.workFolder; }
 
   /// Writes the rows of the SELECT as an HTML table and opens the file; see `HtmlExport`.
   /// @return true when done; failures are shown to the user, nothing is raised
   bool HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments);
+
+  /// Merges the rows of the SELECT into a Word template; see `WordQueryExport`. Failures are shown to the user.
+  bool WdExport(Database& DB, const Text& rsSELECT, WdExportArguments& arguments) {
+    return WordQueryExport(context_, DB, rsSELECT, arguments).Run();
+  }
+  /// Merges prepared files into a Word template; see `WordFileExport`. Failures are shown to the user.
+  bool WdExport_file(const Text& vsHeadersFileName, const Text& vsDataFileName, WordExportArguments& arguments) {
+    return WordFileExport(context_, vsHeadersFileName, vsDataFileName, arguments).Run();
+  }
+  /// Fills a Word form once per row of the SELECT; see `WordFormExport`. Failures are shown to the user.
+  bool WdExportForm(Database& DB, const Text& rsSELECT, WdExportFormArguments& arguments) {
+    return WordFormExport(context_, DB, rsSELECT, arguments).Run();
+  }
+  /// Splits a line of a prepared data file; see `SplitColumnsFromDataRow`.
+  void up_SplitColumnsFromDataRow(const Text& vsSource, std::vector<Text>& RetVal) const {
+    SplitColumnsFromDataRow(vsSource, RetVal);
+  }
 
   /// Merges a template with a data file; see `MailMergeRun`. Failures are told by ExportState.
   bool MakeMailDocument(MakeMailDocumentArguments& arguments) { return MailMergeRun(context_, arguments).Run(); }
@@ -54,6 +84,19 @@ class cZorOffice {
   bool SupplyTemplateList(Text& rsZorApl, ApplOffice TypeOfApplOffice, Text& rsListName) {
     return templateLists_.SupplyTemplateList(rsZorApl, TypeOfApplOffice, rsListName);
   }
+  /// Puts the rows of the SELECT into a new Excel workbook as a plain table; see `ExcelExport`.
+  bool XlExport(Database& DB, const Text& rsSELECT, XlExportArguments& arguments) {
+    return ExcelExport(context_, DB, rsSELECT, arguments).Run();
+  }
+  /// Fills an Excel template with the rows of the SELECT, or with those of prepared files; see `ExportIntoTemplate`.
+  bool XlExport_sab(Database& DB, const Text& rsSELECT, XlSabArguments& arguments) {
+    return ExportIntoTemplate(context_, DB, rsSELECT, arguments);
+  }
+  bool XlExport_sab_file(const Text& vsHeadersFileName, const Text& vsDataFileName, XlTemplateArguments& arguments) {
+    return ExportIntoTemplate(context_, vsHeadersFileName, vsDataFileName, arguments);
+  }
+  /// Opens a workbook in Excel; see `OpenExcelWorkbook`.
+  bool GetOpenXls(GetOpenXlsArguments& arguments) { return OpenExcelWorkbook(context_, arguments); }
 
  private:
   TemplateLists templateLists_;

@@ -28,13 +28,15 @@ void RegistryKeyCursor::Root(RegistryHive root) {
 }
 
 void RegistryKeyCursor::OpenKey(TextView name) {
-  const bool up = name == kParentKey;
-  Text path = up ? key_.substr(0, key_.rfind(u'\\')) : PathOf(name);
-  const bool aboveStart = path.size() < kCursorStart.size();
-  if (aboveStart || !registry_.KeyExists(root_, path)) {
+  Text path = PathOf(name);
+  if (!registry_.KeyExists(root_, path)) {
     Raise(RuntimeError::kPathNotFound, u"Klíč registru " + Shown(path) + u" neexistuje.");
   }
   key_ = std::move(path);
+}
+
+void RegistryKeyCursor::OpenParent() {
+  if (key_.size() > kCursorStart.size()) key_.resize(key_.rfind(u'\\'));
 }
 
 void RegistryKeyCursor::CreateKey(TextView name) {

@@ -12,9 +12,6 @@ namespace zorkanca {
 /// Where every cursor starts, below its root.
 inline constexpr TextView kCursorStart = u"Software\\QRD\\Zorix";
 
-/// Moves one level up, given to `RegistryKeyCursor::OpenKey`.
-inline constexpr TextView kParentKey = u"..\\";
-
 /// Has a current key. Keys are opened and made one level at a time: a name with "\" in it is none.
 /// Errors of every call: those of platform/registry.h, and 5 for an empty name or one with "\".
 class RegistryKeyCursor {
@@ -26,10 +23,11 @@ class RegistryKeyCursor {
   /// Goes to the start below another root.
   void Root(RegistryHive root);
 
-  /// Makes a sub-key the current key, or with `kParentKey` the key above.
-  /// Errors: 76 with "neexistuje" in its description when there is no such key, and for the key above the start; the
-  /// current key stays.
+  /// Makes a sub-key the current key.
+  /// Errors: 76 with "neexistuje" in its description when there is no such key; the current key stays.
   void OpenKey(TextView name);
+  /// Makes the key above the current key; at the start nothing happens.
+  void OpenParent();
   /// Makes a sub-key, where it is missing, and makes it the current key.
   void CreateKey(TextView name);
   /// Names of the sub-keys in order of creation.

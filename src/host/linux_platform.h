@@ -22,6 +22,7 @@ struct LinuxPlatformSettings {
   DesktopUserInterface::Answers answers = DesktopUserInterface::Answers::kAsk;
   Text insteadOfDialogs{};               ///< as in `DesktopUserInterface::Settings`
   std::function<void(TextView)> warn{};  ///< told in English of what an engine left as it was in a document
+  std::function<bool()> cancelled{};     ///< asked now and then during long work of the engines, which ends then
 };
 
 /// Owns what the platform refers to.

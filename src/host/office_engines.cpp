@@ -1,21 +1,20 @@
 #include "host/office_engines.h"
 
-#include "runtime/error.h"
+#include <utility>
 
 namespace zorkanca {
 
-OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn) : word_(locale, {}, std::move(warn)) {}
+namespace {
 
-ExcelApplicationReference OfficeEngines::AttachExcel() {
-  Raise(RuntimeError::kCannotCreateObject);
+LibreOfficeConverter CancelledBy(const std::function<bool()>& cancelled) {
+  LibreOfficeConverter::Settings settings;
+  settings.cancelled = cancelled;
+  return LibreOfficeConverter(std::move(settings));
 }
 
-ExcelApplicationReference OfficeEngines::StartExcel() {
-  Raise(RuntimeError::kCannotCreateObject);
-}
+}  // namespace
 
-ExcelWorkbookReference OfficeEngines::GetWorkbook(TextView) {
-  Raise(RuntimeError::kCannotCreateObject);
-}
+OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
+    : word_(locale, CancelledBy(cancelled), std::move(warn), cancelled), excel_(locale, CancelledBy(cancelled)) {}
 
 }  // namespace zorkanca

@@ -1,6 +1,7 @@
 // Our own engines in the places of the office applications.
 #pragma once
 
+#include "host/excel/excel_engine.h"
 #include "host/word/word_engine.h"
 #include "platform/office_applications.h"
 
@@ -8,18 +9,20 @@ namespace zorkanca {
 
 class OfficeEngines final : public OfficeApplications {
  public:
-  /// @param locale  of numbers, dates and ANSI files; outlives the engines
-  /// @param warn    told in English of what an engine left as it was
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {});
+  /// @param locale     of numbers, dates and ANSI files; outlives the engines
+  /// @param warn       told in English of what an engine left as it was
+  /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
+  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
-  ExcelApplicationReference AttachExcel() override;
-  ExcelApplicationReference StartExcel() override;
-  ExcelWorkbookReference GetWorkbook(TextView path) override;
+  ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
+  ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
+  ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }
 
  private:
   WordEngine word_;
+  ExcelEngine excel_;
 };
 
 }  // namespace zorkanca

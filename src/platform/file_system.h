@@ -29,6 +29,8 @@ class TextStream {
   /// The next line without its end (CR LF or LF). Errors: 62 at the end of the file.
   virtual Text ReadLine() = 0;
   virtual Text ReadAll() = 0;
+  /// The next `characters` characters, fewer at the end. Errors: 62 at the end of the file, 5 for less than one.
+  virtual Text Read(std::int32_t characters) = 0;
   virtual bool AtEndOfStream() = 0;
   /// Errors: 61 when the disk is full, 57, 70. Nothing is written then. A second call does nothing.
   virtual void Close() = 0;

@@ -24,7 +24,7 @@ constexpr Anchors kRightBottom = {.left = false, .top = false, .right = true, .b
 }  // namespace
 
 frmSP_SablOfficeEdit::frmSP_SablOfficeEdit(const Platform& platform)
-    : TemplateDialog(platform, u"zorKancA_SablOfficeEdit", 7200, 2160) {
+    : TemplateDialog(platform, u"zorKancA_SablOfficeEdit", 7200, 2250) {
   SetCaption(u"Šablona");
   lbl_kod_.SetCaption(u"&Kód:");
   lbl_popis_.SetCaption(u"&Popis:");

@@ -94,7 +94,7 @@ std::vector<Text> c_SeznamSablonOffice::InStoredOrder(RegistryKeyCursor& cursor)
     if (!PassesFilter(name)) continue;
     cursor.OpenKey(name);
     const std::int32_t key = ValueOr(platform_, cursor, u"key", 0);
-    cursor.OpenKey(kParentKey);
+    cursor.OpenParent();
     if (key < 0) {
       const Text message = u"Šablona \"" + name + u"\" má zápornou pozici, proto v seznamu není.";
       LogMessageWithContext(platform_, message, kWarningEvent, kFill);
@@ -116,7 +116,7 @@ void c_SeznamSablonOffice::LoadTemplate(RegistryKeyCursor& cursor, TextView name
                                  .Id = ValueOr(platform_, cursor, u"id", 0),
                                  .Path = ValueOr(platform_, cursor, u"path", TextView(defaultPath_)),
                                  .Active = ValueOr(platform_, cursor, u"active", 0) != 0};
-  cursor.OpenKey(kParentKey);
+  cursor.OpenParent();
   const auto loaded = std::make_shared<c_SablonaOffice>(platform_, key_, *this);
   loaded->key(Count() + 1);
   loaded->Load(stored);

@@ -3,6 +3,7 @@
 
     command_line_test.py PROGRAM SAMPLE_SQL
 """
+import json
 import os
 import pathlib
 import pty
@@ -15,6 +16,7 @@ import threading
 import time
 import unittest
 import zipfile
+from xml.etree import ElementTree
 
 PROGRAM = pathlib.Path(sys.argv[1]).resolve()
 SAMPLE = pathlib.Path(sys.argv[2]).resolve()
@@ -240,6 +242,198 @@ class CommandLineTest(unittest.TestCase):
         self.run_program("merge", "--template", template, "--data-file", data, "-o", "no.txt", status=2)
         self.run_program("merge", "--template", template, "--data-file", data, "--multi", "-o", "no.docx", status=2)
 
+    # --- exports into Word ---------------------------------------------------------------------------------------
+
+    def query(self, name, limit=1000):
+        return f"SELECT * FROM ({(SAMPLE.parent / name).read_text()}) LIMIT {limit}"
+
+    def left_behind(self):
+        return list((self.folder / "tmp").rglob("*.tmp")) + list((self.folder / "tmp").rglob("*.docx"))
+
+    def test_word_from_the_query_to_the_document(self):
+        word = ["word", "--db", "sklad.db", "--template", SAMPLE.parent / "faktura.dotx", "--select", self.query("faktury.sql", 2),
+                "--names", "{Code39;cislo,trim;carkod;0}"]
+        formats = [part for text in [""] * 5 + ["00000000"] for part in ("--format", text)]
+        stdout, stderr = self.run_program(*word, *formats, "--data-file", "data.txt", "-o", "invoices.docx")
+        self.assertEqual((stdout, stderr), (f"{self.folder}/invoices.docx\n", ""))
+        text = self.part(self.folder / "invoices.docx", "word/document.xml")
+        self.assertEqual(text.count("<w:sectPr"), 2)
+        self.assertRegex(text, r">\*20\d{8}\*<")
+        data = (self.folder / "data.txt").read_bytes().decode("utf-16")
+        self.assertRegex(data, r"^cislo;nazev;.*;polozky_castka;carkod\r\n")
+        self.assertRegex(data, r"(?m);\d{8};")
+
+        stdout, _ = self.run_program(*word, "--multi", "-o", "invoices/")
+        self.assertEqual(stdout, f"{self.folder}/invoices/0001.docx\n{self.folder}/invoices/0002.docx\n")
+        self.assertIn("<w:br/>", self.part(self.folder / "invoices/0001.docx", "word/document.xml"))
+        stdout, _ = self.run_program(*word, "--multi", "--pdf", "-o", "pdfs/")
+        self.assertEqual([(self.folder / "pdfs" / name).read_bytes()[:5] for name in ("0001.pdf", "0002.pdf")], [b"%PDF-"] * 2)
+        self.assertEqual(stdout.count("\n"), 2)
+        self.assertEqual(self.left_behind(), [])
+        for wrong in (["-o", "a/"], ["-o", "a.txt"], ["--multi", "-o", "a.docx"]):
+            self.run_program(*word, *wrong, status=2)
+
+    def test_templates_of_the_shared_folder(self):
+        home = ["--home", "templates-home"]
+        # The names are derived from a SELECT of several lines.
+        word = [*home, "word", "--db", "sklad.db", "--select", (SAMPLE.parent / "cenik.sql").read_text(), "--no-open"]
+        title = "Export dat do aplikace MS Word: "
+        self.assertEqual(self.run_program(*word, "--template", "cenik.docx", status=1)[1], title + "Neplatný název šablony !\n")
+        self.run_program(*home, "registry", "set", "HKLM\\SOFTWARE\\QRD\\Zorix\\Instalace", "sablony", SAMPLE.parent)
+        self.assertEqual(self.run_program(*word, "--template", "cenik.docx"), (f"{self.folder}/cenik.docx\n", ""))
+        self.assertIn(">Z01010<", self.part(self.folder / "cenik.docx", "word/document.xml"))
+        self.assertEqual(self.run_program(*word, "--template", "cenik.docx", "-o", "none/x.docx", status=1)[0], "")
+        self.assertEqual(self.left_behind(), [])
+
+    def test_word_from_prepared_files(self):
+        (self.folder / "h.txt").write_bytes("kod;nazev;cena".encode("cp1250"))
+        (self.folder / "d.txt").write_bytes('A1;"Šroub ""M8""; 10 ks";12,5\r\nA2;Matice;3\r\n'.encode("cp1250"))
+        command = ["word-file", "--headers", "h.txt", "--data", "d.txt", "--template", SAMPLE.parent / "cenik.docx", "-o"]
+        self.run_program(*command, "list.docx")
+        text = self.part(self.folder / "list.docx", "word/document.xml")
+        self.assertIn('Šroub "M8"; 10 ks', text)
+        self.assertIn("12,50 Kč", text.replace("\u00a0", " "))
+        (self.folder / "d.txt").write_bytes(b"A1;x\r\n")
+        self.assertIn("9 - Subscript out of range.", self.run_program(*command, "no.docx", status=1)[1])
+        self.assertEqual(self.output("split", 'a;"x;""y""";'), 'a\nx;"y"\n\n')
+
+    def test_forms(self):
+        form = ["form", "--db", "sklad.db", "--template", SAMPLE.parent / "registrace.dotx", "--barcode",
+                "Code39;'ODB'|cislo,4;kod;0", "--left", "3", "--one-char", "6", "--select"]
+        self.output(*form, self.query("registrace.sql", 1), "-o", "one.docx")
+        text = self.part(self.folder / "one.docx", "word/document.xml")
+        for expected in ("*ODB0001*", "Truhlářství Březina a syn", 'w:left="1701"', "objednavky@odberatel01.example",
+                         '<w:checked w:val="1"/>', '<w:result w:val="1"/>'):
+            self.assertIn(expected, text)
+        self.assertIn('w:enforcement="1"', self.part(self.folder / "one.docx", "word/settings.xml"))
+        stdout = self.output(*form, self.query("registrace.sql", 3), "--no-open")
+        self.assertEqual(stdout, "".join(f"{self.folder}/registrace/000{i}.docx\n" for i in (1, 2, 3)))
+        message = self.run_program(*form, self.query("registrace.sql", 3), "-o", "one-file.docx", status=1)[1]
+        self.assertIn("-o must name a folder", message)
+        self.assertFalse((self.folder / "one-file.docx").exists())
+
+    def test_interrupted_word_exports_keep_what_is_finished(self):
+        numbers = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c LIMIT 300000) SELECT i AS "
+        for command, column in ((["form", "--template", SAMPLE.parent / "registrace.dotx"], "nazev"),
+                                (["word", "--template", SAMPLE.parent / "cenik.docx", "--multi"], "kod"),
+                                (["word", "--template", SAMPLE.parent / "upominka.dotx"], "cislo")):
+            several = command[0] == "form" or "--multi" in command
+            output = "stopped/" if several else "stopped.docx"
+            names = [] if command[0] == "form" else ["--names", column]
+            with subprocess.Popen([PROGRAM, "--quiet", *command, "--db", "sklad.db", "--select", numbers + column + " FROM c",
+                                   *names, "-o", output], cwd=self.folder, env=self.environment(),
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+                first = b""
+                if several:
+                    first = process.stdout.readline()  # some documents are finished
+                else:
+                    time.sleep(1)
+                process.send_signal(signal.SIGINT)
+                stdout, stderr = first + process.stdout.read(), process.stderr.read()
+                self.assertEqual(process.wait(timeout=30), 130, stderr.decode())
+            if several:
+                self.assertIn("přerušen uživatelem !", stderr.decode())
+            self.assertEqual(self.left_behind(), [])
+            finished = sorted((self.folder / "stopped").glob("*")) if several else []
+            self.assertEqual(len(finished), stdout.count(b"\n"))
+            for path in finished[-1:]:
+                self.part(path, "word/document.xml")
+            for path in finished:
+                path.unlink()
+        self.assertFalse((self.folder / "stopped.docx").exists())
+
+    # --- exports into Excel --------------------------------------------------------------------------------------
+
+    def cells(self, name, sheet=1):
+        """Rows of a sheet of a workbook: by column the text, the formula with its "=", or the stored value."""
+        main = "{http://schemas.openxmlformats.org/spreadsheetml/2006/main}"
+        path = self.folder / name
+        shared = ["".join(item.itertext()) for item in ElementTree.fromstring(self.part(path, "xl/sharedStrings.xml"))]
+
+        def content(cell):
+            value, formula, inline = (cell.find(main + tag) for tag in ("v", "f", "is"))
+            if formula is not None:
+                return "=" + formula.text
+            if inline is not None:
+                return "".join(inline.itertext())
+            if value is not None:
+                return shared[int(value.text)] if cell.get("t") == "s" else value.text
+            return None
+
+        rows = ElementTree.fromstring(self.part(path, f"xl/worksheets/sheet{sheet}.xml")).iter(main + "row")
+        return {int(row.get("r")): {cell.get("r").rstrip("0123456789"): content(cell) for cell in row} for row in rows}
+
+    def test_excel_tables(self):
+        excel = ["excel", "--db", "sklad.db", "--no-open", "--select"]
+        stdout, stderr = self.run_program(*excel, "SELECT kod, '=' || nazev AS nazev, cena, popis FROM zbozi WHERE "
+                                          "kod = 'Z01420' OR cena = 74.9", "--blank-records", 1, "--data-file", "kept.txt")
+        self.assertEqual((stdout, stderr), (f"{self.folder}/export.xlsx\n", ""))
+        rows = self.cells("export.xlsx")
+        self.assertEqual(rows[1], {"A": "kod", "B": "nazev", "C": "cena", "D": "popis"})
+        self.assertEqual([rows[2].get(column) for column in "AB"], [" ", None])
+        found = {rows[row]["A"]: rows[row] for row in (3, 4)}
+        self.assertEqual(found["Z01420"]["B"], "=Kolečko stavební 80 l", "a text, no formula")
+        self.assertEqual(found["Z01420"]["C"], "1890")
+        self.assertIn("stavu:\n– korba", found["Z01420"]["D"].replace("\r", ""))
+        self.assertTrue((self.folder / "kept.txt").read_bytes().startswith(b"kod;nazev;cena;popis\r\n ;;;\r\n"))
+        self.output(*excel, "SELECT kod, cena FROM zbozi LIMIT 3", "-o", "table.pdf")
+        self.assertEqual((self.folder / "table.pdf").read_bytes()[:5], b"%PDF-")
+
+        title = "Export dat do aplikace MS Excel: "
+        self.assertIn(title + "Nebyly nalezeny žádné záznamy !",
+                      self.run_program(*excel, "SELECT kod FROM zbozi WHERE 0", "-o", "no.xlsx", status=1)[1])
+        long = self.run_program(*excel, "SELECT printf('%40000s', kod) AS dlouhy FROM zbozi", "-o", "no.xlsx", status=1)[1]
+        self.assertIn('6 - Characters of a text: 40000; a cell holds 32767.\r\n', long.replace("\r", "").replace("\n", "\r\n"))
+        many = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c LIMIT 1048576) SELECT i AS a FROM c"
+        self.assertIn("a sheet has 1048576", self.run_program(*excel, many, "--names", "a", "-o", "no.xlsx", status=1)[1])
+        for wrong in ("no.xls", "no/", "tmp"):
+            self.run_program(*excel, "SELECT kod FROM zbozi", "-o", wrong, status=2)
+        self.assertFalse((self.folder / "no.xlsx").exists())
+        self.assertEqual(self.left_behind(), [])
+
+    def test_excel_templates(self):
+        fill = ["excel-template", "--db", "sklad.db", "--no-open", "--template"]
+        stock = self.query("stav-zasob.sql", 3)
+        for setting in ("0", "1"):  # by the clipboard and without it
+            home = ["--home", f"home-{setting}"]
+            self.output(*home, "registry", "set", "HKLM\\SOFTWARE\\QRD\\Zorix\\Instalace\\ZorKancA", "XlPasteFormulasNoClipboard", setting)
+            stdout, stderr = self.run_program(*home, *fill, SAMPLE.parent / "stav-zasob.xltx", "--select", stock)
+            self.assertEqual((stdout, stderr), (f"{self.folder}/stav-zasob.xlsx\n", ""))
+            rows = self.cells("stav-zasob.xlsx", sheet=2)
+            self.assertEqual(len(rows), 6)
+            self.assertEqual([rows[6][column] for column in "ABCDE"],
+                             ["Z01290", "Brusný papír P120, 10 archů", "bal", "57,00", "88,00"])
+            self.assertEqual(rows[5]["H"], "hodnota")
+            self.assertEqual(rows[6]["H"], '=IF(D6="",0,_xlfn.NUMBERVALUE(D6,",")*_xlfn.NUMBERVALUE(E6,","))')
+            self.assertEqual(self.cells("stav-zasob.xlsx")[7]["C"], "=SUM(Zásoby!H:H)")
+        self.assertIn("sheet.main+xml", self.part(self.folder / "stav-zasob.xlsx", "[Content_Types].xml"))
+
+        # As many labels as the multiplier sums to, each with its picture.
+        self.output(*fill, SAMPLE.parent / "cenovky.xltx", "--select", (SAMPLE.parent / "cenovky.sql").read_text(),
+                    "--multiplier", "pocet", "-o", "labels.xlsx")
+        with sqlite3.connect(self.database) as database:
+            labels = database.execute("SELECT SUM(pocet) FROM zbozi WHERE NOT vyrazeno").fetchone()[0]
+        self.assertEqual(max(self.cells("labels.xlsx")), 3 * labels)
+        self.assertEqual(self.part(self.folder / "labels.xlsx", "xl/drawings/drawing1.xml").count("<xdr:from>") +
+                         self.part(self.folder / "labels.xlsx", "xl/drawings/drawing1.xml").count("<from>"), labels)
+
+        (self.folder / "h.txt").write_bytes("nazev;cena;kod".encode("cp1250"))
+        (self.folder / "d.txt").write_bytes('"Šroub ""M8""; 10 ks";12,5;A1\r\n=1+1;3;A2\r\n'.encode("cp1250"))
+        self.output("excel-template-file", "--headers", "h.txt", "--data", "d.txt", "--template", SAMPLE.parent / "cenovky.xltx",
+                    "-o", "labels.xlsx")
+        rows = self.cells("labels.xlsx")
+        self.assertEqual([rows[row]["A"] for row in (1, 2, 3, 4)],
+                         ['Šroub "M8"; 10 ks', "12,50 Kč / ", "kód A1, EAN ", "=1+1"])
+        message = self.run_program(*fill, SAMPLE.parent / "cenovky.xltx", "--select", "SELECT kod FROM zbozi", "-o", "no.xlsx",
+                                   status=1)[1]
+        self.assertIn('Název položky: "nazev"', message)
+        (self.folder / "bad.xlsx").write_bytes(b"PK\x03\x04 no workbook")
+        message = self.run_program(*fill, "./bad.xlsx", "--select", "SELECT kod FROM zbozi", "-o", "no.xlsx", status=1)[1]
+        self.assertIn("Nepodařilo se otevřít aplikaci MS Excel !", message)
+        self.assertIn("XlExport_sab: Chyba při otvírání sešitu v aplikaci MS Excel: ", message)
+        self.assertFalse((self.folder / "no.xlsx").exists())
+        self.assertEqual(self.left_behind(), [])
+
     # --- the registry --------------------------------------------------------------------------------------------
 
     def test_registry(self):
@@ -263,6 +457,65 @@ class CommandLineTest(unittest.TestCase):
         self.run_program(*home, "registry", "list", key, status=1)
         (self.folder / "bad.reg").write_text("Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\x]\nnonsense\n")
         self.assertIn("4", self.run_program(*home, "registry", "import", "bad.reg", status=1)[1])
+
+    # --- template lists ------------------------------------------------------------------------------------------
+
+    def templates(self, command, *arguments, kind="word", **options):
+        return self.run_program("--home", "tpl", "templates", command, "--application", "A1", "--type", kind, *arguments,
+                                **options)
+
+    def listed(self):
+        """Position, mark, identifier and file name of each template."""
+        return [line.split("\t")[:4] for line in self.templates("show")[0].splitlines()]
+
+    def test_template_lists(self):
+        supplied = self.folder / "tpl" / "Sablony" / "A1"
+        supplied.mkdir(parents=True)
+        (supplied / "faktura.dot").touch()
+        (supplied.parent / "ZorSabl.txt").write_bytes("A1|výchozí|faktura|Faktura €|12|\r\nA1|x\r\n".encode("cp1250"))
+        shown = self.templates("show", "--json")[0]
+        self.assertEqual(json.loads(shown), [{"position": 1, "active": False, "id": 12, "file": "faktura.dot",
+                                              "description": "Faktura €", "path": str(supplied), "exists": True}])
+        self.assertIn("ZorSabl.txt, řádek 2", self.output("--home", "tpl", "log"))
+
+        for name in ["dopis.dot", "cenik.xlt", "nový.dot"]:
+            (self.folder / name).touch()
+        self.templates("add", "dopis", "--id", -7, "--before", 1, "--description", 'Dopis\n"a"')
+        self.assertIn("Soubor \"dopis.dot\"", self.templates("add", "dopis.dot", status=1)[1])
+        self.assertIn("má identifikátor -7", self.templates("add", "chybí.dot", "--id", -7, status=1)[1])
+        self.assertIn("Šablona pro MS Word", self.templates("add", "cenik.xlt", status=1)[1])
+        self.assertEqual(self.listed(), [["1", "*", "-7", "dopis.dot"], ["2", "", "12", "faktura.dot"]])
+        self.templates("activate", 2)
+        self.templates("edit", 2, "--file", "nový.dot", "--id", 0)
+        self.templates("up", 2)
+        self.assertEqual(self.listed(), [["1", "*", "0", "nový.dot"], ["2", "", "-7", "dopis.dot"]])
+        self.templates("down", 1)
+        self.templates("remove", 1)
+        self.templates("supply")
+        self.assertEqual(self.listed(), [["1", "*", "0", "nový.dot"], ["2", "", "12", "faktura.dot"]])
+        self.assertIn("the list has 2", self.templates("up", 3, status=1)[1])
+        self.templates("edit", 1, status=2)
+        self.templates("show", "--list", "a\\b", status=1)
+        chosen = self.templates("choose", "--admin", "--caption", "Vyberte", status=1)
+        self.assertEqual(chosen[0], "")
+        self.assertIn("Seznam šablon: ", chosen[1], "says that no dialog can be shown")
+        (self.folder / "no folder").touch()
+        self.assertIn("no folder/HKLM.reg: ", self.run_program("--home", "no folder", "templates", "show", "--application",
+                                                               "A1", status=1)[1])
+
+    def test_templates_survive_what_somebody_wrote_into_the_registry(self):
+        key = r"[HKEY_CURRENT_USER\Software\QRD\Zorix\SABLONY\B2\(Výchozí)"
+        (self.folder / "odd.reg").write_text("\n".join([
+            "Windows Registry Editor Version 5.00", "", key + r"\a.dot]", '"key"="3"', '"path"=hex(1):41,00,00,00,42,00,00,00',
+            key + r"\b.dot]", '"key"=dword:7fffffff', '"path"=dword:1', '"description"="1\t2"',
+            key + r"\c/d.dot]", '"key"=dword:80000000']))
+        home = ["--home", "odd"]
+        self.run_program(*home, "registry", "import", "odd.reg")
+        shown = self.output(*home, "templates", "show", "--application", "B2").splitlines()
+        self.assertEqual([line.split("\t")[3] for line in shown], ["b.dot", "a.dot"])
+        log = self.output(*home, "log")
+        for name in ["\"key\"", "\"path\"", "c/d.dot"]:
+            self.assertIn(name, log)
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "export/html_export.h"
 
 #include "export/zor_office.h"
+#include "support/journal_events.h"
 #include "support/memory_database.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"
@@ -9,25 +10,6 @@ namespace zorkanca::testing {
 namespace {
 
 constexpr const char* kFailureTitle = "message 48 [Export dat do formátu HTML] ";
-
-// A client that writes the events into the journal and may cancel at one of them.
-class JournalEvents final : public ZorOfficeEvents {
- public:
-  explicit JournalEvents(Journal& journal) : journal_(journal) {}
-
-  float cancelAt = -1;
-
-  void ExportState(ExportStateValue state, TextView DefaultMessage) override {
-    journal_.push_back("state " + std::to_string(static_cast<int>(state)) + " " + ToUtf8(DefaultMessage));
-  }
-  void PercentDone(float Percent, bool& Cancel) override {
-    journal_.push_back("percent " + std::to_string(static_cast<int>(Percent)));
-    Cancel = Percent == cancelAt;
-  }
-
- private:
-  Journal& journal_;
-};
 
 class HtmlExportTest : public ::testing::Test {
  protected:

@@ -1,29 +1,12 @@
 #include "export/mail_merge.h"
 
 #include "export/zor_office.h"
+#include "support/journal_events.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
 namespace {
-
-class StateEvents final : public ZorOfficeEvents {
- public:
-  explicit StateEvents(Journal& journal) : journal_(journal) {}
-
-  int cancelAfter = 1000;  // percent events
-
-  void ExportState(ExportStateValue state, TextView DefaultMessage) override {
-    journal_.push_back("state " + std::to_string(static_cast<int>(state)) + " " + ToUtf8(DefaultMessage));
-  }
-  void PercentDone(float Percent, bool& Cancel) override {
-    journal_.push_back("percent " + std::to_string(static_cast<int>(Percent)));
-    Cancel = --cancelAfter <= 0;
-  }
-
- private:
-  Journal& journal_;
-};
 
 class MailMergeTest : public ::testing::Test {
  protected:
@@ -39,7 +22,7 @@ class MailMergeTest : public ::testing::Test {
 
   MemoryPlatform computer;
   cZorOffice office{computer.platform};
-  StateEvents events{computer.journal};
+  JournalEvents events{computer.journal};
   MakeMailDocumentArguments arguments;
 };
 

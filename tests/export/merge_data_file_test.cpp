@@ -75,6 +75,25 @@ TEST_F(MergeDataTest, BlankRecordsCopiesAndFormats) {
   EXPECT_EQ(context.multiplier, u"") << "a multiplier that gives no number is dropped";
 }
 
+TEST_F(MergeDataTest, LinesEndAsTheHeaderDoes) {
+  const auto linesOf = [&](const Text& text) {
+    const auto file = computer.files.OpenTextFile(u"C:\\Temp\\x", IoMode::kForWriting, true, TextFormat::kUnicode);
+    file->Write(text);
+    file->Close();
+    MergeDataLines lines(computer.files, u"C:\\Temp\\x");
+    std::vector<Text> all;
+    for (Text line; lines.Next(line);) all.push_back(line);
+    return all;
+  };
+  using Lines = std::vector<Text>;
+  EXPECT_EQ(linesOf(u"a\r\nb\nc\rd\r\n\r\ne\r"), (Lines{u"a", u"b\nc\rd", u"", u"e\r"}));
+  EXPECT_EQ(linesOf(u"a\nb\r\nc"), (Lines{u"a", u"b\r", u"c"}));
+  EXPECT_EQ(linesOf(u""), Lines{});
+  // A line longer than what is read at once, its end on the border of two pieces.
+  const Text longLine(64 * 1024 - 3, u'x');
+  EXPECT_EQ(linesOf(u"a\r\n" + longLine.substr(1) + u"\r\nb\r\n"), (Lines{u"a", longLine.substr(1), u"b"}));
+}
+
 TEST_F(MergeDataTest, BarCodeIsTheLastColumn) {
   database.columns = {{u"kod", FieldType::kText}};
   database.rows = {{Text(u"a;b")}, {Text(u"7\"8\"")}, {Null()}};

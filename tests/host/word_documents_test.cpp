@@ -132,6 +132,69 @@ TEST(WordDocuments, TakeResultsOfFormFields) {
   EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Volba", u"možná"); }).number(), 5);
 }
 
+std::string Control(const std::string& properties, const std::string& content) {
+  return "<w:sdt><w:sdtPr>" + properties + "</w:sdtPr><w:sdtContent>" + content + "</w:sdtContent></w:sdt>";
+}
+
+std::string Tag(const std::string& name) {
+  return "<w:tag w:val=\"" + name + "\"/>";
+}
+
+TEST(WordDocuments, TakeResultsOfContentControls) {
+  WordBench bench;
+  const std::string bold = "<w:r><w:rPr><w:b/></w:rPr><w:t>staré</w:t></w:r>";
+  const std::string list =
+      "<w:dropDownList w:lastValue=\"n\"><w:listItem w:displayText=\"Ne\" w:value=\"n\"/></w:dropDownList>";
+  const std::string box =
+      "<w14:checkbox><w14:checked w14:val=\"0\"/><w14:checkedState w14:val=\"2611\"/></w14:checkbox>";
+  const auto document = bench.Add(
+      {.body = P(Control(Tag("Jmeno") + "<w:rPr><w:i/></w:rPr><w:showingPlcHdr/><w:dataBinding/>", bold)) +
+               P(Control(Tag("jmeno"), bold + R("x"))) +
+               Control(Tag("Blok"), "<w:p><w:pPr><w:jc w:val=\"center\"/></w:pPr>" + bold + "</w:p>" + P(R("druhý"))) +
+               P(Control(Tag("Volba") + list, R("?"))) + P(Control(Tag("Ano") + box, R("☐"))) +
+               P(Control(Tag("Vnejsi"),
+                         Control(Tag("Vnitrni"), R("a")) + FormField("Pole", "<w:textInput/>", "FORMTEXT", "b"))) +
+               P(Control(Tag("Obraz") + "<w:picture/>", "")) +
+               P(FormField("Dvoji", "<w:textInput/>", "FORMTEXT", "x")) + P(Control(Tag("Dvoji"), R("y")))});
+  EXPECT_EQ(document->FormFieldResult(u"Jmeno"), u"") << "a placeholder is no result";
+  document->FormFieldResult(u"Jmeno", u"a\r\nb");
+  document->FormFieldResult(u"Blok", u"c");
+  document->FormFieldResult(u"Volba", u"n");
+  document->FormFieldResult(u"Ano", u"True");
+  document->FormFieldResult(u"Dvoji", u"pole");
+  EXPECT_EQ(document->FormFieldResult(u"Ano"), u"1");
+  EXPECT_EQ(document->FormFieldResult(u"Blok"), u"c");
+  // What stood in a control goes with its old text.
+  document->FormFieldResult(u"Vnejsi", u"d");
+  EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Vnitrni", u"x"); }).number(), 5941);
+  EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Pole", u"x"); }).number(), 5941);
+  EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Volba", u"možná"); }).number(), 5);
+  EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Ano", u"možná"); }).number(), 5);
+  EXPECT_EQ(ErrorOf([&] { document->FormFieldResult(u"Obraz", u"x"); }).number(), 5);
+  EXPECT_EQ(Shown(document->Content()->Text()), "a\vb\\ra\vb\\rc\\rNe\\r☑\\rd\\r\\rpole\\ry\\r");
+  const std::string body = bench.SavedBody(*document);
+  EXPECT_EQ(CountOf(body, "<w:rPr><w:i/></w:rPr><w:t xml:space=\"preserve\">a</w:t><w:br/>"), 1u) << body;
+  EXPECT_EQ(CountOf(body, "<w:rPr><w:b/></w:rPr><w:t xml:space=\"preserve\">a</w:t><w:br/>"), 1u) << body;
+  EXPECT_EQ(CountOf(body, "<w:jc w:val=\"center\"/></w:pPr><w:r><w:rPr><w:b/>"), 1u) << body;
+  for (const char* gone : {"showingPlcHdr", "dataBinding", "lastValue", "druhý", "staré"}) {
+    EXPECT_EQ(CountOf(body, gone), 0u) << gone;
+  }
+}
+
+TEST(WordDocuments, ComeFromTheTemplateAsItIsNow) {
+  WordBench bench;
+  const auto first = bench.Add({.body = P(R("x"))});
+  first->Range(0, 0)->Find({.FindText = u"x", .ReplaceWith = u"změna", .Replace = 1});
+  const auto again = [&] {
+    return Shown(bench.Application()->AddDocument(bench.folder.TextPath("t.dotx"), false)->Content()->Text());
+  };
+  EXPECT_EQ(again(), "x\\r") << "no document changes those after it";
+  EXPECT_EQ(Shown(bench.Add({.body = P(R("jiná"))})->Content()->Text()), "jiná\\r");
+  EXPECT_EQ(again(), "jiná\\r");
+  bench.folder.Write("t.dotx", "");
+  EXPECT_EQ(ErrorOf(again).number(), 5);
+}
+
 TEST(WordDocuments, TakeMarginsAndProtection) {
   WordBench bench;
   const std::string sections = P("<w:pPr><w:sectPr><w:pgMar w:left=\"1\" w:top=\"2\"/></w:sectPr></w:pPr>") + P("") +

@@ -26,6 +26,24 @@ TEST(WordMerge, GivesEachLetterASectionOfItsOwn) {
   EXPECT_EQ(CountOf(bench.SavedBody(*tables), "<w:sectPr"), 6u);
 }
 
+TEST(WordMerge, EndsWhenItIsCancelled) {
+  const TemporaryFolder folder;
+  bool cancelled = false;
+  WordEngine engine(*FindLocale(u"cs-CZ"), {}, {}, [&] { return cancelled; });
+  WriteWordFile(folder.Path("t.dotx"), {.body = P(F("MERGEFIELD A") + F("NEXTIF 1 = 2"))});
+  folder.Write("data.txt", "A\r\n1\r\n2\r\n");
+  const auto application = engine.StartWord();
+  const auto main = application->AddDocument(folder.TextPath("t.dotx"), false);
+  main->MailMerge().OpenDataSource({.Name = folder.TextPath("data.txt")});
+  main->MailMerge().Execute(false);
+  const auto merged = application->ActiveDocument();
+  cancelled = true;
+  EXPECT_EQ(ErrorOf([&] { main->MailMerge().Execute(false); }).number(), 18);
+  EXPECT_EQ(application->DocumentCount(), 2);
+  EXPECT_EQ(ErrorOf([&] { merged->SaveAs(folder.TextPath("x.docx"), WordSaveFormat::kDocumentXml); }).number(), 18);
+  EXPECT_FALSE(folder.Has("x.docx"));
+}
+
 TEST(WordMerge, RunsCopiesOfACatalogueTogether) {
   WordBench bench;
   const auto merged = bench.Merge({.body = P(F("MERGEFIELD A") + R("/") + F("MERGESEQ")) + "<w:sectPr/>"}, kThree,

@@ -1,6 +1,7 @@
 #include "support/fake_word.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -60,6 +61,24 @@ class FakeRange final : public WordRange {
   std::int32_t end_;
 };
 
+class FakePageSetup final : public WordPageSetup {
+ public:
+  FakePageSetup(Journal& journal, std::string section) : journal_(journal), section_(std::move(section)) {}
+
+  void LeftMargin(float points) override { Note("left", points); }
+  void TopMargin(float points) override { Note("top", points); }
+
+ private:
+  void Note(const char* side, float points) {
+    char text[64];
+    std::snprintf(text, sizeof text, "word %s%s %.5f", side, section_.c_str(), static_cast<double>(points));
+    journal_.emplace_back(text);
+  }
+
+  Journal& journal_;
+  std::string section_;
+};
+
 }  // namespace
 
 class FakeDocument final : public WordDocument, public WordMailMerge {
@@ -82,11 +101,20 @@ class FakeDocument final : public WordDocument, public WordMailMerge {
   WordMailMerge& MailMerge() override { return *this; }
 
   Text FormFieldResult(TextView) override { Raise(RuntimeError::kNotSupported); }
-  void FormFieldResult(TextView, TextView) override { Raise(RuntimeError::kNotSupported); }
-  void Unprotect() override { Raise(RuntimeError::kNotSupported); }
-  void Protect(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
-  std::unique_ptr<WordPageSetup> PageSetup() override { Raise(RuntimeError::kNotSupported); }
-  std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t) override { Raise(RuntimeError::kNotSupported); }
+  void FormFieldResult(TextView name, TextView result) override {
+    if (!word_.formFields.contains(Text(name))) throw Error(5941, Text(), u"no such field");
+    Note("field " + ToUtf8(name) + "=" + ToUtf8(result));
+  }
+  void Unprotect() override {
+    Note("unprotect");
+    throw Error(4605, Text(), u"not protected");
+  }
+  void Protect(std::int32_t type) override { Note("protect " + std::to_string(type)); }
+  std::unique_ptr<WordPageSetup> PageSetup() override { return std::make_unique<FakePageSetup>(word_.journal, ""); }
+  std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t section) override {
+    if (section > word_.sections) throw Error(5941, Text(), u"no such section");
+    return std::make_unique<FakePageSetup>(word_.journal, std::to_string(section));
+  }
   void SaveAs(TextView, WordSaveFormat) override { Raise(RuntimeError::kNotSupported); }
   void ExportAsFixedFormat(const ExportDocumentArguments&) override { Raise(RuntimeError::kNotSupported); }
 

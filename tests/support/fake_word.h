@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ class FakeWord final {
   std::function<Text(const Text&)> merge;  ///< text of the merged document from the main document's; may raise
   bool refusesKind = false;                ///< setting the kind of the main document raises 4605
   bool refusesToOpen = false;              ///< opening raises 5174
+  std::set<Text> formFields;               ///< of every document; others raise 5941
+  std::int32_t sections = 1;               ///< of every document; others raise 5941
   Journal& journal;
   std::vector<std::shared_ptr<FakeDocument>> documents;  ///< open ones, in order of creation
   std::shared_ptr<WordApplication> application;          ///< once started

@@ -37,6 +37,13 @@ class MemoryTextStream final : public TextStream {
     return rest;
   }
 
+  Text Read(std::int32_t characters) override {
+    if (AtEndOfStream()) Raise(RuntimeError::kPastEndOfFile);
+    const Text read = Decoded().substr(position_, static_cast<std::size_t>(characters));
+    position_ += read.size();
+    return read;
+  }
+
   bool AtEndOfStream() override { return position_ >= Decoded().size(); }
 
   void Close() override {

@@ -91,6 +91,7 @@ void MemoryRegistry::Change(const std::function<void()>& changes) {
   const std::map<RegistryHive, Key> before = hives_;
   try {
     changes();
+    if (refusesChanges) Raise(RuntimeError::kPermissionDenied);
   } catch (...) {
     hives_ = before;
     throw;

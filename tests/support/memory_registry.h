@@ -26,6 +26,8 @@ class MemoryRegistry : public Registry {
   bool DeleteValue(RegistryHive hive, TextView key, TextView name) override;
   bool DeleteKey(RegistryHive hive, TextView key) override;
   void Change(const std::function<void()>& changes) override;
+  /// Makes every `Change` end with error 70, as on a disk that cannot be written.
+  bool refusesChanges = false;
 
   /// All below a key as lines of UTF-8, keys with their paths from it, for comparison as one text:
   ///   [Sub\Key]

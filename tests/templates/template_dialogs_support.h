@@ -5,30 +5,20 @@
 #include <string>
 #include <utility>
 
-#include "foundation/registry_key_cursor.h"
 #include "support/form_person.h"
-#include "support/memory_platform.h"
+#include "support/template_lists.h"
 #include "support/text_support.h"
 #include "templates/template_lists.h"
 
 namespace zorkanca::testing {
 
-/// The list "(Výchozí)" of the application A1 with its templates in the folder C:\T.
+/// The default list of the application A1, see `TemplatePlatform`.
 class TemplateDialogTest : public ::testing::Test {
  protected:
   using Script = std::function<void(const FormPerson&)>;
 
   /// Registers a template at the end of the list.
-  void Register(TextView name, std::int32_t id = 0, bool active = false, bool exists = true) {
-    const Text key = KeyOf(name);
-    Registry& registry = computer.registry;
-    registry.Write(kUser, key, u"description", Text(u"popis ").append(name));
-    registry.Write(kUser, key, u"id", id);
-    registry.Write(kUser, key, u"path", Text(u"C:\\T"));
-    registry.Write(kUser, key, u"key", ++count_);
-    registry.Write(kUser, key, u"active", active ? -1 : 0);
-    if (exists) computer.files.Put(Text(u"C:\\T\\").append(name), "");
-  }
+  void Register(TextView name, std::int32_t id = 0, bool active = false) { computer.Store(name, ++count_, active, id); }
 
   /// One more person, in front of the next dialog that is shown.
   void Expect(Script script) {
@@ -49,18 +39,19 @@ class TemplateDialogTest : public ::testing::Test {
     return Choose({.TypeOfApplOffice = application, .rbAdmin = true});
   }
 
-  static Text ListKey() { return Text(kCursorStart).append(u"\\SABLONY\\A1\\(Výchozí)"); }
-  static Text KeyOf(TextView name) { return ListKey().append(u"\\").append(name); }
   /// The stored value of each template, for example "a.dot=1 b.dot=0 ".
-  std::string Stored(TextView valueName) {
+  std::string Stored(TextView value) {
     std::string values;
-    for (const Text& name : computer.registry.SubkeyNames(kUser, ListKey())) {
-      const auto value = computer.registry.Read(kUser, KeyOf(name), valueName);
-      values += ToUtf8(name) + "=" + (value ? std::to_string(std::get<std::int32_t>(*value)) : "-") + " ";
+    for (const Text& name : computer.registry.SubkeyNames(RegistryHive::kCurrentUser, TemplatePlatform::KeyOf({}))) {
+      values += ToUtf8(name) + "=" + computer.Stored(name, value) + " ";
     }
     return values;
   }
-  std::string StoredValues(TextView name) { return computer.registry.Listing(kUser, KeyOf(name)); }
+  /// Description, id and path of a template.
+  std::string StoredContent(TextView name) {
+    return computer.Stored(name, u"description") + "; " + computer.Stored(name, u"id") + "; " +
+           computer.Stored(name, u"path");
+  }
   /// The messages shown since the last call, one a line.
   std::string Messages() {
     std::string lines;
@@ -70,8 +61,7 @@ class TemplateDialogTest : public ::testing::Test {
     return lines;
   }
 
-  static constexpr RegistryHive kUser = RegistryHive::kCurrentUser;
-  MemoryPlatform computer;
+  TemplatePlatform computer;
   TemplateLists lists{computer.platform};
 
  private:

@@ -4,6 +4,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -82,6 +83,19 @@ Text TextReader::ReadLine() {
     break;
   }
   return line;
+}
+
+Text TextReader::Read(std::int32_t characters) {
+  if (characters < 1) Raise(RuntimeError::kInvalidCall);
+  if (!FillPiece()) Raise(RuntimeError::kPastEndOfFile);
+  Text text;
+  const auto wanted = static_cast<std::size_t>(characters);
+  while (text.size() < wanted && FillPiece()) {
+    const std::size_t count = std::min(wanted - text.size(), piece_.size() - position_);
+    text.append(piece_, position_, count);
+    position_ += count;
+  }
+  return text;
 }
 
 void TextReader::Close() {

@@ -21,6 +21,7 @@ class TextReader final : public TextStream {
   void WriteLine(TextView text) override { Write(text); }
   Text ReadLine() override;
   Text ReadAll() override;
+  Text Read(std::int32_t characters) override;
   bool AtEndOfStream() override { return !FillPiece(); }
   void Close() override;
 

@@ -44,6 +44,10 @@ Text TextWriter::ReadAll() {
   return ReadLine();
 }
 
+Text TextWriter::Read(std::int32_t) {
+  return ReadLine();
+}
+
 void TextWriter::Flush() {
   sink_->Write(buffer_);
   buffer_.clear();

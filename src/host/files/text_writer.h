@@ -21,6 +21,7 @@ class TextWriter final : public TextStream {
   void WriteLine(TextView text) override;
   Text ReadLine() override;
   Text ReadAll() override;
+  Text Read(std::int32_t characters) override;
   bool AtEndOfStream() override { return true; }
   void Close() override;
 

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "host/opc/part_sink.h"
 
@@ -39,7 +38,7 @@ class Deflater {
 
   PartSink& output_;
   std::unique_ptr<State> state_;
-  std::vector<unsigned char> input_;
+  std::unique_ptr<unsigned char[]> input_;
   std::size_t filled_ = 0;
   std::uint32_t crc_ = 0;
   std::uint64_t size_ = 0;

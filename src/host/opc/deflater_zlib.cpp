@@ -23,27 +23,30 @@ struct Deflater::State {
   State& operator=(const State&) = delete;
 
   z_stream stream{};
-  std::vector<unsigned char> output = std::vector<unsigned char>(kBlock);
+  std::unique_ptr<unsigned char[]> output = std::make_unique_for_overwrite<unsigned char[]>(kBlock);
 };
 
-Deflater::Deflater(PartSink& output) : output_(output), state_(std::make_unique<State>()), input_(kBlock) {}
+Deflater::Deflater(PartSink& output)
+    : output_(output),
+      state_(std::make_unique<State>()),
+      input_(std::make_unique_for_overwrite<unsigned char[]>(kBlock)) {}
 
 Deflater::~Deflater() = default;
 
 void Deflater::Drain(bool last) {
-  crc_ = static_cast<std::uint32_t>(crc32_z(crc_, input_.data(), filled_));
+  crc_ = static_cast<std::uint32_t>(crc32_z(crc_, input_.get(), filled_));
   size_ += filled_;
   z_stream& stream = state_->stream;
-  stream.next_in = input_.data();
+  stream.next_in = input_.get();
   stream.avail_in = static_cast<uInt>(filled_);
   filled_ = 0;
   do {
-    stream.next_out = state_->output.data();
+    stream.next_out = state_->output.get();
     stream.avail_out = static_cast<uInt>(kBlock);
     deflate(&stream, last ? Z_FINISH : Z_NO_FLUSH);  // fails for wrong parameters only
     const std::size_t count = kBlock - stream.avail_out;
     compressedSize_ += count;
-    if (count > 0) output_.Append({reinterpret_cast<const char*>(state_->output.data()), count});
+    if (count > 0) output_.Append({reinterpret_cast<const char*>(state_->output.get()), count});
   } while (stream.avail_out == 0);
 }
 

@@ -18,9 +18,9 @@ namespace {
 
 void MakeFolders(const std::string& path) {
   if (mkdir(path.c_str(), 0700) == 0 || errno == EEXIST) return;
-  if (errno != ENOENT) RaiseSystemError(errno);
+  if (errno != ENOENT) RaiseRegistryFileError(errno, path);
   MakeFolders(ParentFolder(path));
-  if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) RaiseSystemError(errno);
+  if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) RaiseRegistryFileError(errno, path);
 }
 
 }  // namespace
@@ -111,7 +111,7 @@ FileDescriptor FileRegistry::LockHome() const {
   MakeFolders(home_);
   const std::string path = JoinPath(home_, "registry.lock");
   FileDescriptor lock(Uninterrupted([&] { return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600); }));
-  if (!lock || Uninterrupted([&] { return flock(lock.get(), LOCK_EX); }) != 0) RaisePathError(errno, path);
+  if (!lock || Uninterrupted([&] { return flock(lock.get(), LOCK_EX); }) != 0) RaiseRegistryFileError(errno, path);
   return lock;
 }
 

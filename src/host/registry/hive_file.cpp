@@ -6,17 +6,18 @@
 
 #include "host/files/native_path.h"
 #include "host/files/system_error.h"
+#include "runtime/error.h"
 
 namespace zorkanca {
 
 namespace {
 
-std::string ContentOf(int file, off_t size) {
+std::string ContentOf(int file, off_t size, const std::string& path) {
   std::string content(static_cast<std::size_t>(size), '\0');
   std::size_t length = 0;
   while (length < content.size()) {
     const ssize_t count = Uninterrupted([&] { return read(file, content.data() + length, content.size() - length); });
-    if (count < 0) RaiseSystemError(errno);
+    if (count < 0) RaiseRegistryFileError(errno, path);
     if (count == 0) break;
     length += static_cast<std::size_t>(count);
   }
@@ -25,6 +26,14 @@ std::string ContentOf(int file, off_t size) {
 }
 
 }  // namespace
+
+void RaiseRegistryFileError(int code, const std::string& path) {
+  try {
+    RaiseSystemError(code);
+  } catch (const Error& error) {
+    throw Error(error.number(), error.source(), FromNativePath(path) + u": " + error.description());
+  }
+}
 
 HiveFile::Stamp HiveFile::StampOf(const struct stat& status) {
   return {.device = status.st_dev,
@@ -37,7 +46,7 @@ HiveFile::Stamp HiveFile::StampOf(const struct stat& status) {
 HiveFile::Stamp HiveFile::CurrentStamp() const {
   struct stat status {};
   if (stat(path_.c_str(), &status) == 0) return StampOf(status);
-  if (errno != ENOENT) RaiseSystemError(errno);
+  if (errno != ENOENT) RaiseRegistryFileError(errno, path_);
   return {};
 }
 
@@ -46,8 +55,8 @@ HiveFile::Stamp HiveFile::Open() {
   file_ = FileDescriptor(Uninterrupted([&] { return open(path_.c_str(), O_RDONLY | O_CLOEXEC); }));
   if (!file_ && errno == ENOENT) return {};
   struct stat status {};
-  if (!file_ || fstat(file_.get(), &status) != 0) RaiseSystemError(errno);
-  if (!S_ISREG(status.st_mode)) RaiseSystemError(EISDIR);
+  if (!file_ || fstat(file_.get(), &status) != 0) RaiseRegistryFileError(errno, path_);
+  if (!S_ISREG(status.st_mode)) RaiseRegistryFileError(EISDIR, path_);
   return StampOf(status);
 }
 
@@ -57,7 +66,7 @@ void HiveFile::Refresh() {
   const Stamp stamp = Open();
   const Text origin = FromNativePath(path_);
   std::vector<RegSection> sections;
-  if (file_) sections = ParseReg(ContentOf(file_.get(), stamp.size), origin);
+  if (file_) sections = ParseReg(ContentOf(file_.get(), stamp.size, path_), origin);
   tree_.Load(sections, hive_, deletions_, origin);
   stamp_ = stamp;
 }

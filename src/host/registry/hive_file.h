@@ -11,6 +11,9 @@
 
 namespace zorkanca {
 
+/// Raises the error of a failed system call on a file or folder of the registry, with its path in the description.
+[[noreturn]] void RaiseRegistryFileError(int code, const std::string& path);
+
 /// Keeps a hive in memory and reads it again when the file has changed.
 class HiveFile {
  public:

@@ -3,7 +3,6 @@
 #include "host/files/native_path.h"
 #include "host/word/document/sections.h"
 #include "host/word/document/temporary_file.h"
-#include "host/word/forms/form_fields.h"
 #include "host/word/forms/page_setup.h"
 #include "host/word/forms/protection.h"
 #include "host/word/word_errors.h"
@@ -36,6 +35,7 @@ OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, 
                   [this](const MergeOrder& order) {
                     MergeOrder reporting = order;
                     reporting.warn = holder_.warn;
+                    reporting.cancelled = holder_.cancelled;
                     holder_.add(std::make_unique<MergedContent>(Opened().Parts(), reporting, holder_.locale));
                   }},
                  holder_.locale) {}
@@ -95,13 +95,21 @@ WordMailMerge& OpenDocument::MailMerge() {
   return mailMerge_;
 }
 
+FormFields& OpenDocument::Fields() {
+  const pugi::xml_node body = RequireBody(u"Document.FormFields");
+  if (!fields_ || fields_->stale() || fieldsVersion_ != Opened().BodyVersion()) fields_.emplace(body);
+  // Looking for them splits runs, setting one changes the text.
+  Opened().BodyChanged();
+  fieldsVersion_ = Opened().BodyVersion();
+  return *fields_;
+}
+
 Text OpenDocument::FormFieldResult(TextView name) {
-  return FormFieldResultOf(RequireBody(u"Document.FormFields"), name);
+  return Fields().Result(name);
 }
 
 void OpenDocument::FormFieldResult(TextView name, TextView result) {
-  SetFormFieldResult(RequireBody(u"Document.FormFields"), name, result, holder_.locale);
-  Opened().BodyChanged();
+  Fields().SetResult(name, result, holder_.locale);
 }
 
 void OpenDocument::Unprotect() {

@@ -3,9 +3,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "host/libreoffice/libreoffice_converter.h"
 #include "host/word/document/document_content.h"
+#include "host/word/forms/form_fields.h"
 #include "host/word/merge/mail_merge.h"
 #include "host/word/text/story_range.h"
 #include "platform/word/word_application.h"
@@ -19,6 +21,7 @@ struct DocumentHolder {
   std::function<void(const WordDocument&)> close;
   std::function<void(std::unique_ptr<DocumentContent>)> add;  ///< opens what a merge made
   std::function<void(TextView)> warn;
+  std::function<bool()> cancelled;
   const LibreOfficeConverter& converter;
   const Locale& locale;
 };
@@ -50,6 +53,7 @@ class OpenDocument final : public WordDocument, public std::enable_shared_from_t
   /// The body's tree. Errors: 438 for a merged document.
   pugi::xml_node RequireBody(TextView member) const;
   std::unique_ptr<WordRange> HeaderRange(std::int32_t section, HeaderKind kind);
+  FormFields& Fields();
   Package PackageFor(const std::string& path);
   void WritePdf(const std::string& path, const PdfOptions& options);
 
@@ -57,6 +61,8 @@ class OpenDocument final : public WordDocument, public std::enable_shared_from_t
   Text name_;
   DocumentHolder holder_;
   word::MailMerge mailMerge_;
+  std::optional<FormFields> fields_;  // found in the body of that version
+  std::uint64_t fieldsVersion_ = 0;
 };
 
 }  // namespace zorkanca::word

@@ -7,6 +7,7 @@
 
 #include "host/files/native_path.h"
 #include "host/opc/document_kind.h"
+#include "host/word/document/last_template.h"
 #include "host/word/document/temporary_file.h"
 #include "host/word/document/tree_content.h"
 #include "host/word/open_document.h"
@@ -19,6 +20,7 @@ struct WordEngine::Environment {
   const Locale& locale;
   LibreOfficeConverter converter;
   Warn warn;
+  std::function<bool()> cancelled;
 };
 
 // The application with its open documents, the one used last first.
@@ -53,6 +55,7 @@ class EngineApplication final : public WordApplication, public std::enable_share
 
   std::shared_ptr<const WordEngine::Environment> environment_;
   std::list<WordDocumentReference> documents_;
+  word::LastTemplate lastTemplate_;
   std::int64_t lastNumber_ = 0;
   bool visible_ = false;
   bool screenUpdating_ = true;
@@ -81,7 +84,8 @@ word::WordPackage EngineApplication::Read(const std::string& path) const {
 WordDocumentReference EngineApplication::AddDocument(TextView Template, bool NewTemplate) {
   if (NewTemplate) RaiseUnsupportedWordMember(u"Documents.Add with NewTemplate");
   if (Template.empty()) return Add(std::make_unique<word::TreeContent>(word::WordPackage::Blank()), FreshName());
-  return Add(std::make_unique<word::TreeContent>(Read(AbsolutePath(ToNativePath(Template)))), FreshName());
+  const std::string path = AbsolutePath(ToNativePath(Template));
+  return Add(std::make_unique<word::TreeContent>(lastTemplate_.Open(path, [&] { return Read(path); })), FreshName());
 }
 
 WordDocumentReference EngineApplication::OpenDocument(const OpenDocumentArguments& arguments) {
@@ -106,6 +110,7 @@ WordDocumentReference EngineApplication::Add(std::unique_ptr<word::DocumentConte
       },
       [self](std::unique_ptr<word::DocumentContent> merged) { self()->Add(std::move(merged), self()->FreshName()); },
       environment_->warn,
+      environment_->cancelled,
       environment_->converter,
       environment_->locale};
   auto document = std::make_shared<word::OpenDocument>(std::move(content), std::move(name), std::move(holder));
@@ -142,8 +147,9 @@ void EngineApplication::ActiveWindowState(WordWindowState state) {
   windowState_ = state;
 }
 
-WordEngine::WordEngine(const Locale& locale, LibreOfficeConverter converter, Warn warn)
-    : environment_(std::make_shared<const Environment>(Environment{locale, std::move(converter), std::move(warn)})) {}
+WordEngine::WordEngine(const Locale& locale, LibreOfficeConverter converter, Warn warn, std::function<bool()> cancelled)
+    : environment_(std::make_shared<const Environment>(
+          Environment{locale, std::move(converter), std::move(warn), std::move(cancelled)})) {}
 
 WordEngine::~WordEngine() = default;
 

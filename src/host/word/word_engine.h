@@ -18,7 +18,9 @@ class WordEngine final {
 
   /// @param locale     of numbers, dates and ANSI data files; outlives the engine
   /// @param converter  makes PDF and reads documents of other formats
-  explicit WordEngine(const Locale& locale, LibreOfficeConverter converter = {}, Warn warn = {});
+  /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
+  explicit WordEngine(const Locale& locale, LibreOfficeConverter converter = {}, Warn warn = {},
+                      std::function<bool()> cancelled = {});
   ~WordEngine();
 
   /// The application that this engine started; it runs until the engine is gone. Errors: 429 before.

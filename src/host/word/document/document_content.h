@@ -1,6 +1,8 @@
 // What an open document holds, whether its tree is in memory or its copies are made when asked for.
 #pragma once
 
+#include <cstdint>
+
 #include "host/word/document/word_package.h"
 #include "host/word/text/story_text.h"
 
@@ -21,6 +23,8 @@ class DocumentContent {
   virtual pugi::xml_node Body() = 0;
   /// To be called after the body's tree was changed other than through its text.
   virtual void BodyChanged() = 0;
+  /// Another number after each change of the body's tree.
+  virtual std::uint64_t BodyVersion() const = 0;
   /// Parts beside the main text.
   virtual WordPackage& Parts() = 0;
 

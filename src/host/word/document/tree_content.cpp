@@ -6,11 +6,16 @@
 namespace zorkanca::word {
 
 TreeContent::TreeContent(WordPackage package)
-    : package_(std::move(package)), mainText_(package_.Body(), [this] { package_.Changed(package_.mainPart()); }) {}
+    : package_(std::move(package)), mainText_(package_.Body(), [this] { CountChange(); }) {}
+
+void TreeContent::CountChange() {
+  ++bodyVersion_;
+  package_.Changed(package_.mainPart());
+}
 
 void TreeContent::BodyChanged() {
   mainText_.Forget();
-  package_.Changed(package_.mainPart());
+  CountChange();
 }
 
 StoryText* TreeContent::HeaderText(std::int32_t section, HeaderKind kind) {

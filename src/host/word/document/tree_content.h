@@ -17,11 +17,15 @@ class TreeContent final : public DocumentContent {
   StoryText* HeaderText(std::int32_t section, HeaderKind kind) override;
   pugi::xml_node Body() override { return package_.Body(); }
   void BodyChanged() override;
+  std::uint64_t BodyVersion() const override { return bodyVersion_; }
   WordPackage& Parts() override { return package_; }
   Package Written() override { return package_.Written(); }
 
  private:
+  void CountChange();
+
   WordPackage package_;
+  std::uint64_t bodyVersion_ = 0;
   TreeStory mainText_;
   std::map<std::string, std::unique_ptr<TreeStory>> headers_;  // by part
 };

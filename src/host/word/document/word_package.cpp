@@ -38,6 +38,26 @@ WordPackage::WordPackage(Package package) : package_(std::move(package)) {
   }
 }
 
+void WordPackage::Prepare() {
+  Body();
+  if (Related("settings")) Settings();
+}
+
+WordPackage WordPackage::Copy() const {
+  WordPackage copy;
+  copy.package_ = package_;
+  copy.mainPart_ = mainPart_;
+  copy.settingsPart_ = settingsPart_;
+  copy.family_ = family_;
+  for (const auto& [part, tree] : trees_) {
+    PartTree& own = copy.trees_[part];
+    own.document = std::make_unique<pugi::xml_document>();
+    own.document->reset(*tree.document);
+    own.changed = tree.changed;
+  }
+  return copy;
+}
+
 // A page of the size that the product's users print on.
 WordPackage WordPackage::Blank() {
   Package package;

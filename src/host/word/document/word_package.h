@@ -22,6 +22,12 @@ class WordPackage {
   WordPackage(WordPackage&&) = default;
   WordPackage& operator=(WordPackage&&) = default;
 
+  /// Reads what nearly every document needs, so that copies find it read: the body and the settings.
+  /// Errors: 5 for a part that is missing or not sound.
+  void Prepare();
+  /// An independent package with copies of the trees.
+  WordPackage Copy() const;
+
   const std::string& mainPart() const { return mainPart_; }
   const std::string& file() const { return package_.path(); }
   OfficeFamily family() const { return family_; }
@@ -44,6 +50,8 @@ class WordPackage {
   Package Written() const;
 
  private:
+  WordPackage() = default;
+
   struct PartTree {
     std::unique_ptr<pugi::xml_document> document;
     bool changed = false;

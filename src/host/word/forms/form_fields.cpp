@@ -1,14 +1,12 @@
 #include "host/word/forms/form_fields.h"
 
-#include <optional>
-#include <vector>
-
-#include "host/opc/xml_escape.h"
 #include "host/word/document/word_xml.h"
 #include "host/word/fields/date_picture.h"
 #include "host/word/fields/field_fold.h"
 #include "host/word/fields/number_picture.h"
 #include "host/word/fields/number_text.h"
+#include "host/word/forms/content_controls.h"
+#include "host/word/forms/field_result.h"
 #include "host/word/text/text_units.h"
 #include "host/word/word_errors.h"
 #include "runtime/convert.h"
@@ -21,61 +19,10 @@ namespace {
 
 constexpr TextView kEmptyShown = u"\u2002\u2002\u2002\u2002\u2002";
 
-struct FormField {
-  pugi::xml_node data;      // w:ffData
-  pugi::xml_node begin;     // w:fldChar elements
-  pugi::xml_node separate;  // may be missing
-  pugi::xml_node end;
-};
-
-// Goes through the field characters in order until the field of that name has ended.
-class Finder {
- public:
-  explicit Finder(TextView name) : name_(name) {}
-
-  std::optional<FormField> Find(const pugi::xml_node& node) {
-    Visit(node);
-    return found_ && found_->end ? found_ : std::nullopt;
-  }
-
- private:
-  bool Visit(const pugi::xml_node& node) {
-    if (Is(node, "w:fldChar")) return Take(node);
-    for (const pugi::xml_node child : node.children()) {
-      if (Visit(child)) return true;
-    }
-    return false;
-  }
-
-  bool Take(const pugi::xml_node& character) {
-    const std::string_view type = character.attribute("w:fldCharType").value();
-    if (type == "begin") {
-      ++depth_;
-      const pugi::xml_node data = character.child("w:ffData");
-      const Text name = FromUtf8(data.child("w:name").attribute("w:val").value());
-      if (!found_ && data && EqualsIgnoringCase(name, name_)) {
-        found_ = FormField{data, character, {}, {}};
-        ownDepth_ = depth_;
-      }
-    } else if (type == "separate" && found_ && depth_ == ownDepth_) {
-      found_->separate = character;
-    } else if (type == "end") {
-      if (found_ && depth_ == ownDepth_) found_->end = character;
-      --depth_;
-    }
-    return found_ && found_->end;
-  }
-
-  TextView name_;
-  std::optional<FormField> found_;
-  int depth_ = 0;
-  int ownDepth_ = 0;
-};
-
-FormField Require(const pugi::xml_node& body, TextView name) {
-  std::optional<FormField> field = Finder(name).Find(body);
-  if (!field) RaiseWordError(WordError::kMemberMissing, u"There is no form field " + Text(name) + u".");
-  return *field;
+bool Holds(const pugi::xml_node& ancestor, const pugi::xml_node& node) {
+  pugi::xml_node above = node.parent();
+  while (above && above != ancestor) above = above.parent();
+  return above == ancestor;
 }
 
 // The children of runs between two field characters, in order.
@@ -83,8 +30,8 @@ class Between {
  public:
   static std::vector<pugi::xml_node> Gather(const pugi::xml_node& from, const pugi::xml_node& to) {
     Between between{from, to};
-    pugi::xml_node top = from;
-    while (top.parent() && !Is(top, "w:body")) top = top.parent();
+    pugi::xml_node top = from.parent();
+    while (top && !Holds(top, to)) top = top.parent();
     between.Visit(top);
     return between.nodes_;
   }
@@ -154,51 +101,35 @@ pugi::xml_node FormatOf(const pugi::xml_node& node) {
   return node.parent().child("w:rPr");
 }
 
-// The run that the new text goes into, at its end: made behind the separator, with the format of the old result.
-void WriteResult(const FormField& field, TextView text) {
+// A field without a result, as those that nobody has filled yet may be.
+void AddSeparator(FormField& field) {
   pugi::xml_node end = field.end.parent();
-  pugi::xml_node separate = field.separate.parent();
-  pugi::xml_node format;
-  if (!field.separate) {
-    format = FormatOf(field.begin);
-    separate = end.parent().insert_child_before("w:r", end);
-    if (format) separate.append_copy(format);
-    SetAttribute(separate.append_child("w:fldChar"), "w:fldCharType", "separate");
-  } else {
-    const std::vector<pugi::xml_node> old = Between::Gather(field.separate, field.end);
-    format = FormatOf(old.empty() ? field.separate : old.front());
-  }
-  pugi::xml_node run = separate.parent().insert_child_after("w:r", separate);
-  if (format) run.append_copy(format);
-  if (field.separate) {
-    for (pugi::xml_node node : Between::Gather(field.separate, field.end)) {
-      pugi::xml_node holder = node.parent();
-      holder.remove_child(node);
-      const bool empty =
-          !holder.first_child() || (Is(holder.first_child(), "w:rPr") && !holder.first_child().next_sibling());
-      if (empty && holder != run) holder.parent().remove_child(holder);
-    }
-  }
-  Text line;
-  const auto flush = [&] {
-    if (!line.empty()) SetTextOf(run.append_child("w:t"), XmlCharacters(line));
-    line.clear();
-  };
-  for (const char16_t unit : text) {
-    if (unit == u'\n' || unit == kLineBreak) {
-      flush();
-      run.append_child("w:br");
-    } else if (unit == u'\t') {
-      flush();
-      run.append_child("w:tab");
-    } else if (unit != u'\r') {
-      line += unit;
-    }
-  }
-  flush();
+  pugi::xml_node run = end.parent().insert_child_before("w:r", end);
+  if (const pugi::xml_node format = FormatOf(field.begin)) run.append_copy(format);
+  field.separate = run.append_child("w:fldChar");
+  SetAttribute(field.separate, "w:fldCharType", "separate");
 }
 
-void SetText(const FormField& field, TextView result, const Locale& locale) {
+void RemoveWithEmptyRun(const pugi::xml_node& node) {
+  pugi::xml_node run = node.parent();
+  run.remove_child(node);
+  const pugi::xml_node left = run.first_child();
+  if (!left || (Is(left, "w:rPr") && !left.next_sibling())) run.parent().remove_child(run);
+}
+
+// The new text stands in one run behind the separator, with the format of the old result.
+void WriteResult(FormField& field, TextView text) {
+  if (!field.separate) AddSeparator(field);
+  const std::vector<pugi::xml_node> old = Between::Gather(field.separate, field.end);
+  const pugi::xml_node format = FormatOf(old.empty() ? field.separate : old.front());
+  pugi::xml_node separate = field.separate.parent();
+  pugi::xml_node run = separate.parent().insert_child_after("w:r", separate);
+  if (format) run.append_copy(format);
+  for (const pugi::xml_node& node : old) RemoveWithEmptyRun(node);
+  AppendResultText(run, text);
+}
+
+void SetText(FormField& field, TextView result, const Locale& locale) {
   const pugi::xml_node input = field.data.child("w:textInput");
   const int longest = input.child("w:maxLength").attribute("w:val").as_int();
   const Text text = Formatted(input, result, locale);
@@ -206,20 +137,14 @@ void SetText(const FormField& field, TextView result, const Locale& locale) {
     RaiseWordError(WordError::kTextTooLong,
                    u"The form field takes " + DecimalText(longest) + u" characters at the most.");
   }
-  for (pugi::xml_node character : {field.begin, field.end}) {
-    while (!Is(character, "w:p")) character = character.parent();
-    SplitFieldRuns(character);
-  }
   WriteResult(field, text.empty() ? kEmptyShown : TextView(text));
 }
 
 void SetCheckBox(pugi::xml_node box, TextView result) {
-  if (result != u"1" && result != u"0") {
-    Raise(RuntimeError::kInvalidCall, u"A check box takes \"1\" or \"0\".");
-  }
   pugi::xml_node checked = box.child("w:checked");
+  const bool value = TruthOf(result);
   if (!checked) checked = box.append_child("w:checked");
-  SetAttribute(checked, "w:val", ToUtf8(result));
+  SetAttribute(checked, "w:val", value ? "1" : "0");
 }
 
 void SetList(pugi::xml_node list, TextView result) {
@@ -236,27 +161,103 @@ void SetList(pugi::xml_node list, TextView result) {
   Raise(RuntimeError::kInvalidCall, u"The list of the form field has no entry " + Text(result) + u".");
 }
 
+Text ListEntry(const pugi::xml_node& list) {
+  const pugi::xml_node chosen = list.child("w:result") ? list.child("w:result") : list.child("w:default");
+  int index = chosen.attribute("w:val").as_int();
+  for (const pugi::xml_node entry : list.children("w:listEntry")) {
+    if (index-- == 0) return FromUtf8(entry.attribute("w:val").value());
+  }
+  return {};
+}
+
+// What the old text of a control may take along.
+bool HoldsFields(const pugi::xml_node& control) {
+  const auto is = [](const pugi::xml_node& node) { return Is(node, "w:sdt") || Is(node, "w:fldChar"); };
+  return static_cast<bool>(control.find_node(is));
+}
+
+Text NameIn(const pugi::xml_node& properties, const char* element) {
+  return LowerCase(FromUtf8(properties.child(element).attribute("w:val").value()));
+}
+
 }  // namespace
 
-Text FormFieldResultOf(const pugi::xml_node& body, TextView name) {
-  const FormField field = Require(body, name);
+// Goes through a tree once; of several form fields of one name the first one counts, as for Word.
+class FormFields::Gatherer {
+ public:
+  explicit Gatherer(FormFields& found) : found_(found) {}
+
+  void Visit(const pugi::xml_node& node) {
+    if (Is(node, "w:fldChar")) return Take(node);
+    if (Is(node, "w:sdt")) {
+      const Text tag = NameIn(node.child("w:sdtPr"), "w:tag");
+      if (!tag.empty()) TakeControl(found_.controls_[tag], node);
+    }
+    for (const pugi::xml_node child : node.children()) Visit(child);
+  }
+
+ private:
+  void Take(const pugi::xml_node& character) {
+    const std::string_view type = character.attribute("w:fldCharType").value();
+    if (type == "begin") {
+      open_.push_back({character.child("w:ffData"), character, {}, {}});
+    } else if (type == "separate" && !open_.empty()) {
+      open_.back().separate = character;
+    } else if (type == "end" && !open_.empty()) {
+      FormField field = open_.back();
+      open_.pop_back();
+      field.end = character;
+      const Text name = NameIn(field.data, "w:name");
+      if (!name.empty()) found_.fields_.emplace(name, field);
+      if (!open_.empty()) found_.nested_ = true;
+    }
+  }
+
+  // One inside another of the same tag goes with that one's old text.
+  static void TakeControl(std::vector<pugi::xml_node>& controls, const pugi::xml_node& control) {
+    if (controls.empty() || !Holds(controls.back(), control)) controls.push_back(control);
+  }
+
+  FormFields& found_;
+  std::vector<FormField> open_;  // fields that have begun and not ended, the innermost last
+};
+
+FormFields::FormFields(pugi::xml_node body) {
+  SplitFieldRuns(body);
+  Gatherer(*this).Visit(body);
+}
+
+Text FormFields::Result(TextView name) const {
+  const Text key = LowerCase(name);
+  const auto found = fields_.find(key);
+  if (found == fields_.end()) {
+    const auto control = controls_.find(key);
+    if (control == controls_.end()) RaiseNoFormField(name);
+    return ContentControlResult(control->second.front());
+  }
+  const FormField& field = found->second;
   if (const pugi::xml_node box = field.data.child("w:checkBox")) {
     const bool checked = box.child("w:checked") ? HasProperty(box, "w:checked") : HasProperty(box, "w:default");
     return checked ? u"1" : u"0";
   }
-  if (const pugi::xml_node list = field.data.child("w:ddList")) {
-    const pugi::xml_node chosen = list.child("w:result") ? list.child("w:result") : list.child("w:default");
-    int index = chosen.attribute("w:val").as_int();
-    for (const pugi::xml_node entry : list.children("w:listEntry")) {
-      if (index-- == 0) return FromUtf8(entry.attribute("w:val").value());
-    }
-    return {};
-  }
+  if (const pugi::xml_node list = field.data.child("w:ddList")) return ListEntry(list);
   return ShownResult(field);
 }
 
-void SetFormFieldResult(pugi::xml_node body, TextView name, TextView result, const Locale& locale) {
-  const FormField field = Require(body, name);
+void FormFields::SetResult(TextView name, TextView result, const Locale& locale) {
+  const Text key = LowerCase(name);
+  const auto found = fields_.find(key);
+  if (found == fields_.end()) {
+    const auto control = controls_.find(key);
+    if (control == controls_.end()) RaiseNoFormField(name);
+    for (const pugi::xml_node& each : control->second) {
+      stale_ = stale_ || HoldsFields(each);
+      SetContentControlResult(each, result);
+    }
+    return;
+  }
+  stale_ = stale_ || nested_;
+  FormField& field = found->second;
   if (const pugi::xml_node box = field.data.child("w:checkBox")) return SetCheckBox(box, result);
   if (const pugi::xml_node list = field.data.child("w:ddList")) return SetList(list, result);
   SetText(field, result, locale);

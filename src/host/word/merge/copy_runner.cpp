@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "host/opc/xml_escape.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::word {
@@ -175,6 +176,7 @@ class StepVisitor {
 
 template <typename Output>
 CopyEnd CopyRunner::Run(const Program& program, const CopyStart& start, Output& output) {
+  if (input_.cancelled && input_.cancelled()) Raise(RuntimeError::kUserInterrupt);
   start_ = start;
   skipped_ = false;
   variables_.clear();

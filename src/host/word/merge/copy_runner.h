@@ -1,6 +1,7 @@
 // Runs a compiled template for one copy after the other.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ struct MergeInput {
   const Locale& locale;
   std::size_t endRecord;               ///< behind the last record, from 0
   const HeaderIds* headers = nullptr;  ///< null while headers are not known: no ids are written
+  std::function<bool()> cancelled{};   ///< asked before each copy; may be empty
 };
 
 /// Where a copy ended.
@@ -39,9 +41,10 @@ struct CopyEnd {
   std::size_t nextRecord = 0;  ///< the record after the last one that it used
 };
 
+/// Errors of every run: 18 when cancelled.
 class CopyRunner {
  public:
-  explicit CopyRunner(const MergeInput& input) : input_(input) {}
+  explicit CopyRunner(MergeInput input) : input_(std::move(input)) {}
 
   /// Whose ids the copies refer to from now on; outlives the runner.
   void UseHeaders(const HeaderIds& headers) { input_.headers = &headers; }

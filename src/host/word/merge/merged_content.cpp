@@ -121,8 +121,8 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
     (block == section ? endCompiler : copyCompiler).Add(block);
   }
   finalSection_ = endCompiler.Take();
-  copies_ =
-      std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord, order.endRecord);
+  copies_ = std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord,
+                                           order.endRecord, order.cancelled);
   if (copies_->count() == 0) {
     RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
   }

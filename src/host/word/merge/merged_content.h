@@ -25,6 +25,7 @@ struct MergeOrder {
   std::size_t endRecord = 0;    ///< behind the last one
   /// Told in English of fields that could not be evaluated.
   std::function<void(TextView)> warn;
+  std::function<bool()> cancelled;  ///< asked before each copy is made, while the document is open
 };
 
 class MergedContent final : public DocumentContent {
@@ -38,6 +39,7 @@ class MergedContent final : public DocumentContent {
   StoryText* HeaderText(std::int32_t section, HeaderKind kind) override;
   pugi::xml_node Body() override { return {}; }
   void BodyChanged() override {}
+  std::uint64_t BodyVersion() const override { return 0; }
   WordPackage& Parts() override { return parts_; }
   Package Written() override;
 

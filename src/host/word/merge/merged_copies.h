@@ -12,8 +12,9 @@ class MergedCopies {
  public:
   /// Finds out which records make which copy.
   /// @param firstRecord, endRecord  from 0; the end is behind the last one
+  /// @param cancelled               asked before a copy is made, then and later; may be empty
   MergedCopies(std::shared_ptr<const DataSource> source, const Locale& locale, Program program, std::size_t firstRecord,
-               std::size_t endRecord);
+               std::size_t endRecord, std::function<bool()> cancelled);
 
   std::size_t count() const { return count_; }
   CopyStart StartOf(std::size_t copy) const;

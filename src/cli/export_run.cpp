@@ -1,0 +1,32 @@
+#include "cli/export_run.h"
+
+#include <cstdio>
+
+#include "runtime/utf8.h"
+
+namespace zorkanca::cli {
+
+void OfficeEvents::ExportState(ExportStateValue state, TextView DefaultMessage) {
+  const bool failed = state == ExportStateValue::esStill && !DefaultMessage.starts_with(u"Dokončeno");
+  if (failed) failures_.emplace_back(DefaultMessage);
+  display_.ExportState(state, DefaultMessage);
+}
+
+ExportRun::ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options,
+                     bool showsStates)
+    : interrupted_(context.interrupted), events_(context, showsStates), office_(platform) {
+  office_.Advise(&events_);
+  office_.PercentInterval(options.step);
+  office_.Multiplier(FromUtf8(options.multiplier));
+  office_.BlankRecordsBefore(options.blankRecords);
+}
+
+int ExportRun::StatusOf(bool done, const char* operation) const {
+  if (done) return kDone;
+  for (const Text& failure : events_.failures()) {
+    std::fprintf(stderr, "%s: %s\n", operation, ToUtf8(failure).c_str());
+  }
+  return interrupted_ ? kInterrupted : kFailed;
+}
+
+}  // namespace zorkanca::cli

@@ -1,0 +1,47 @@
+// One export of this program: the office object, and its events on the terminal.
+#pragma once
+
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/progress_display.h"
+#include "cli/query_arguments.h"
+#include "export/zor_office.h"
+
+namespace zorkanca::cli {
+
+/// Shows the events, and keeps what they tell of failures: a state that ends no step well.
+class OfficeEvents final : public ZorOfficeEvents {
+ public:
+  /// @param showsStates  on a terminal, too, what the export waits for
+  OfficeEvents(const CommandContext& context, bool showsStates)
+      : display_(context.options.events, !context.options.quiet, showsStates, context.interrupted) {}
+
+  void ExportState(ExportStateValue state, TextView DefaultMessage) override;
+  void PercentDone(float Percent, bool& Cancel) override { display_.PercentDone(Percent, Cancel); }
+
+  const std::vector<Text>& failures() const { return failures_; }
+
+ private:
+  ProgressDisplay display_;
+  std::vector<Text> failures_;
+};
+
+class ExportRun {
+ public:
+  /// @param platform  outlives the run
+  ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options, bool showsStates);
+
+  cZorOffice& office() { return office_; }
+
+  /// Exit status of an operation with this result. What only events told of a failure is written to standard error,
+  /// one a line with the operation's name before it.
+  int StatusOf(bool done, const char* operation) const;
+
+ private:
+  const std::atomic<bool>& interrupted_;
+  OfficeEvents events_;
+  cZorOffice office_;
+};
+
+}  // namespace zorkanca::cli

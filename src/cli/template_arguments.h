@@ -1,0 +1,29 @@
+// What the commands that fill a template share.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+#include "export/template_choice.h"
+
+namespace zorkanca::cli {
+
+struct TemplateOptions {
+  std::string application;
+  std::string name;
+  bool supply = false;
+  bool admin = false;
+  std::string listCaption;
+};
+
+void AddTemplateOptions(CLI::App& command, TemplateOptions& options);
+
+/// The options as arguments of an export.
+void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options);
+
+/// --format, once for each column.
+void AddFormatOption(CLI::App& command, std::vector<std::string>& formats);
+std::vector<Text> FormatsOf(const std::vector<std::string>& formats);
+
+}  // namespace zorkanca::cli

@@ -1,0 +1,202 @@
+// Commands that make Word documents: merges, of a query, of prepared files or of a data file, and forms.
+#include <memory>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/data_file.h"
+#include "cli/document_output.h"
+#include "cli/export_run.h"
+#include "cli/query_arguments.h"
+#include "cli/template_arguments.h"
+#include "host/sqlite/sqlite_database.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::cli {
+
+namespace {
+
+struct WordOptions {
+  QueryOptions query;
+  TemplateOptions fromTemplate;
+  OutputOptions output;
+  std::vector<std::string> formats;
+  std::string dataFile;
+  bool multi = false;
+  PreparedFileOptions prepared;  // of word-file
+};
+
+struct FormOptions {
+  QueryOptions query;
+  TemplateOptions fromTemplate;
+  OutputOptions output;
+  std::vector<std::string> formats;
+  std::vector<std::size_t> oneChar;  // columns from 1
+  WdExportFormArguments arguments;
+  std::string barCode;
+};
+
+// Runs an operation of the office object that makes one document, or with --multi several.
+// @param run  the operation; its document is in `result` then
+template <typename Operation>
+int MakeDocuments(const CommandContext& context, const WordOptions& options, const Text& rsTemplate, const char* name,
+                  const WordDocumentReference& result, Operation run) {
+  using Count = DocumentOutput::Count;
+  DocumentOutput output(context, options.output, options.multi ? Count::kSeveral : Count::kOne, rsTemplate);
+  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true);
+  if (options.multi) {
+    exporting.office().WhenDocumentIsFinished([&](const WordDocumentReference& document) { output.Add(document); });
+  }
+  const bool done = run(exporting.office());
+  if (done && !options.multi) output.Add(result);
+  output.Finish(done);
+  return exporting.StatusOf(done, name);
+}
+
+template <typename Operation>
+int RunWordExport(const CommandContext& context, const WordOptions& options, WordExportArguments& arguments,
+                  const char* name, Operation run) {
+  SetTemplate(arguments, options.fromTemplate);
+  arguments.MultiDocument = options.multi;
+  arguments.rvFormat = FormatsOf(options.formats);
+  arguments.rbSetAppVisible = false;
+  const DataFile dataFile(context.platform.files, options.dataFile, arguments.rsSourceFile);
+  return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run);
+}
+
+int RunWord(const CommandContext& context, const WordOptions& options) {
+  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  const Text select = Statement(options.query.select);
+  WdExportArguments arguments;
+  arguments.rsFieldNames = FromUtf8(options.query.names);
+  arguments.ri_rsOptions = options.query.options;
+  return RunWordExport(context, options, arguments, "WdExport",
+                       [&](cZorOffice& office) { return office.WdExport(database, select, arguments); });
+}
+
+int RunWordFile(const CommandContext& context, const WordOptions& options) {
+  FileSystem& files = context.platform.files;
+  const Text headers = files.GetAbsolutePathName(FromUtf8(options.prepared.headers));
+  const Text data = files.GetAbsolutePathName(FromUtf8(options.prepared.data));
+  WordExportArguments arguments;
+  return RunWordExport(context, options, arguments, "WdExport_file",
+                       [&](cZorOffice& office) { return office.WdExport_file(headers, data, arguments); });
+}
+
+int RunMerge(const CommandContext& context, const WordOptions& options) {
+  FileSystem& files = context.platform.files;
+  MakeMailDocumentArguments arguments{
+      .rsTemplate = files.GetAbsolutePathName(FromUtf8(options.fromTemplate.name)),
+      .rsDataSourceFile = files.GetAbsolutePathName(FromUtf8(options.dataFile)),
+      .MultiDocument = options.multi,
+      .rbSetAppVisible = false,
+  };
+  return MakeDocuments(context, options, arguments.rsTemplate, "MakeMailDocument", arguments.roRetDoc,
+                       [&](cZorOffice& office) { return office.MakeMailDocument(arguments); });
+}
+
+int RunForm(const CommandContext& context, const FormOptions& options) {
+  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  WdExportFormArguments arguments = options.arguments;
+  SetTemplate(arguments, options.fromTemplate);
+  arguments.ri_rsOptions = options.query.options;
+  arguments.rsBarCodeParam = FromUtf8(options.barCode);
+  arguments.rvFormat = FormatsOf(options.formats);
+  arguments.rbSetAppVisible = false;
+  for (const std::size_t column : options.oneChar) {
+    if (arguments.rvOneChar.size() < column) arguments.rvOneChar.resize(column);
+    arguments.rvOneChar[column - 1] = true;
+  }
+  DocumentOutput output(context, options.output, DocumentOutput::Count::kUnknown, arguments.rsTemplate);
+  ExportRun run(context, context.platform, options.query, /*showsStates=*/true);
+  run.office().WhenDocumentIsFinished([&](const WordDocumentReference& document) { output.Add(document); });
+  const bool done = run.office().WdExportForm(database, Statement(options.query.select), arguments);
+  output.Finish(done);
+  return run.StatusOf(done, "WdExportForm");
+}
+
+void AddMultiOption(CLI::App& command, WordOptions& options) {
+  command.add_flag("--multi", options.multi, "one document for each record");
+}
+
+void AddWordExportOptions(CLI::App& command, WordOptions& options) {
+  AddTemplateOptions(command, options.fromTemplate);
+  AddFormatOption(command, options.formats);
+  AddMultiOption(command, options);
+  command.add_option("--data-file", options.dataFile, "keep the data file of the merge here");
+  AddOutputOptions(command, options.output);
+}
+
+void AddWord(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("word", "Merge the rows of a query into a Word template");
+  const auto options = std::make_shared<WordOptions>();
+  AddQueryOptions(*command, options->query);
+  AddRecordOptions(*command, options->query);
+  AddWordExportOptions(*command, *options);
+  SetCallback(*command, chosen, options, RunWord);
+}
+
+void AddWordFile(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("word-file", "Merge prepared files into a Word template");
+  const auto options = std::make_shared<WordOptions>();
+  AddPreparedFileOptions(*command, options->prepared);
+  AddStepOption(*command, options->query);
+  AddBlankRecordsOption(*command, options->query);
+  AddWordExportOptions(*command, *options);
+  SetCallback(*command, chosen, options, RunWordFile);
+}
+
+void AddForm(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("form", "Fill a Word form once for each row of a query");
+  const auto options = std::make_shared<FormOptions>();
+  AddQueryOptions(*command, options->query);
+  AddTemplateOptions(*command, options->fromTemplate);
+  AddFormatOption(*command, options->formats);
+  command->add_option("--barcode", options->barCode, "symbology;items;output column;check flag");
+  command->add_option("--one-char", options->oneChar, "column, from 1, of which each character has a field of its own")
+      ->allow_extra_args(false)
+      ->check(CLI::Range(1, 1000));
+  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm");
+  command->add_option("--top", options->arguments.TopMargin, "top margin in cm");
+  command->add_option("--left2", options->arguments.LeftMarginP2, "left margin of the second section in cm");
+  command->add_option("--top2", options->arguments.TopMarginP2, "top margin of the second section in cm");
+  AddOutputOptions(*command, options->output);
+  SetCallback(*command, chosen, options, RunForm);
+}
+
+void AddMerge(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("merge", "Merge a Word template with a data file");
+  const auto options = std::make_shared<WordOptions>();
+  command->add_option("--template", options->fromTemplate.name, "Word template or document")->required();
+  command->add_option("--data-file", options->dataFile, "data file: names in the first line, ';' between values")
+      ->required();
+  AddMultiOption(*command, *options);
+  AddStepOption(*command, options->query);
+  AddOutputOptions(*command, options->output);
+  SetCallback(*command, chosen, options, RunMerge);
+}
+
+void AddSplit(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("split", "Split a line of a prepared data file, one value a line");
+  const auto line = std::make_shared<std::string>();
+  command->add_option("LINE", *line, "the line")->required();
+  command->callback([&chosen, line] {
+    chosen = [line](const CommandContext&) {
+      std::vector<Text> values;
+      SplitColumnsFromDataRow(FromUtf8(*line), values);
+      for (const Text& value : values) PrintLine(value);
+      return kDone;
+    };
+  });
+}
+
+}  // namespace
+
+void AddWordCommands(CLI::App& app, Command& chosen) {
+  AddWord(app, chosen);
+  AddWordFile(app, chosen);
+  AddForm(app, chosen);
+  AddMerge(app, chosen);
+  AddSplit(app, chosen);
+}
+
+}  // namespace zorkanca::cli

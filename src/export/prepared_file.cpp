@@ -1,0 +1,69 @@
+#include "export/prepared_file.h"
+
+#include "export/column_names.h"
+#include "export/export_failure.h"
+
+namespace zorkanca {
+
+namespace {
+
+Text ReadWhole(FileSystem& files, const Text& path) {
+  return files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi)->ReadAll();
+}
+
+}  // namespace
+
+Text ReadPreparedHeader(FileSystem& files, const Text& path) {
+  if (!files.FileExists(path)) StopExport(kHeaderFileNotFound);
+  const Text text = ReadWhole(files, path);
+  if (IsBlank(text)) StopExport(kHeaderFileEmpty);
+  return Text(Trim(text));
+}
+
+PreparedData::PreparedData(FileSystem& files, const Text& path) {
+  AccessingData([&] {
+    if (!files.FileExists(path)) StopExport(kDataFileNotFound);
+    text_ = ReadWhole(files, path);
+  });
+  SplitLines();
+  const bool lastIsBlank = IsBlank(lines_.back());
+  if (lastIsBlank && lines_.size() == 1) StopExport(kNoRecords);
+  if (lastIsBlank) lines_.pop_back();
+}
+
+void PreparedData::SplitLines() {
+  TextView rest = text_;
+  for (std::size_t end; (end = rest.find(kCrLf)) != TextView::npos; rest.remove_prefix(end + kCrLf.size())) {
+    lines_.push_back(rest.substr(0, end));
+  }
+  lines_.push_back(rest);
+}
+
+void SplitColumnsFromDataRow(TextView row, std::vector<Text>& values) {
+  std::size_t count = 0;
+  const auto start = [&] {
+    if (count == values.size()) values.emplace_back();
+    values[count++].clear();
+  };
+  start();
+  bool quoted = false;
+  for (std::size_t at = 0; at < row.size(); ++at) {
+    const char16_t unit = row[at];
+    if (unit == u'"') {
+      const bool doubled = quoted && row.substr(at + 1).starts_with(u'"');
+      if (doubled) {
+        values[count - 1].push_back(unit);
+        ++at;
+      } else {
+        quoted = !quoted;
+      }
+    } else if (unit == kExportSeparator && !quoted) {
+      start();
+    } else {
+      values[count - 1].push_back(unit);
+    }
+  }
+  values.resize(count);
+}
+
+}  // namespace zorkanca

@@ -1,0 +1,60 @@
+#include "export/word_file_export.h"
+
+#include "export/bar_code_specification.h"
+#include "export/column_formats.h"
+#include "export/column_names.h"
+#include "export/export_failure.h"
+#include "export/progress.h"
+
+namespace zorkanca {
+
+bool WordFileExport::Run() {
+  return RunToEdge(session_, kWordExportTitle, [&] { return Export(); });
+}
+
+bool WordFileExport::Export() {
+  FileSystem& files = context_.platform.files;
+  Text header = ReadPreparedHeader(files, headersFileName_);
+  barCode_ = TakeBarCode(header, context_.platform.locale);
+  {
+    session_.ShowPointer(MousePointer::kHourglass);
+    const PreparedData data(files, dataFileName_);
+    session_.ShowPointer(MousePointer::kDefault);
+    WriteMergeData(std::move(header), data);
+  }
+  session_.ShowPointer(MousePointer::kDefault);
+  TemplateChoice choice(context_, ApplOffice::MSWord, arguments_);
+  return MergeIntoTemplate(session_, choice, arguments_);
+}
+
+void WordFileExport::WriteMergeData(Text header, const PreparedData& data) {
+  MergeDataFile file = OpenMergeDataFile(session_, arguments_.rsSourceFile, arguments_.MultiDocument);
+  std::vector<Text> names;
+  SplitColumnsFromDataRow(header, names);
+  if (barCode_) header.append(1, kExportSeparator).append(barCode_->BarCodeField());
+  file.WriteHeader(header);
+  const auto valueCount = static_cast<std::int32_t>(names.size()) + (barCode_ ? 1 : 0);
+  file.WriteBlankRecords(context_.blankRecordsBefore, valueCount);
+  WriteRecords(file, data, names.size());
+  session_.CloseOutput();
+}
+
+void WordFileExport::WriteRecords(MergeDataFile& file, const PreparedData& data, std::size_t columnCount) {
+  const ColumnFormats formats(arguments_.rvFormat, static_cast<std::int32_t>(columnCount), context_.platform.locale);
+  Progress progress(context_, static_cast<std::int32_t>(data.lines().size()));
+  std::vector<Text> values;
+  for (const TextView line : data.lines()) {
+    SplitColumnsFromDataRow(line, values);
+    if (values.size() < columnCount) Raise(RuntimeError::kSubscriptOutOfRange);
+    for (std::size_t column = 0; column < columnCount; ++column) {
+      const cFormat* format = formats.Of(static_cast<std::int32_t>(column));
+      file.AppendValue(format ? format->Apply(values[column]) : values[column]);
+    }
+    if (barCode_) file.AppendBarCode(barCode_->EncodeValue(values.back()));
+    file.EndRecord(1);
+    if (!arguments_.MultiDocument) progress.RecordDone();
+  }
+  if (!arguments_.MultiDocument) progress.Finish();
+}
+
+}  // namespace zorkanca
