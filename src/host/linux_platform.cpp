@@ -4,6 +4,7 @@
 
 #include "host/desktop/display.h"
 #include "host/desktop/windows_library.h"
+#include "host/engine_registration.h"
 #include "runtime/date.h"
 
 namespace zorkanca {
@@ -44,7 +45,9 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
                 .locale = locale_,
                 .eventLog = eventLog_,
                 .environment = environment_,
-                .office = office_} {}
+                .office = office_} {
+  RegisterEngines(registry_);
+}
 
 std::string DefaultHomeFolder() {
   if (const std::string home = Environment("ZORKANCA_HOME"); !home.empty()) return home;

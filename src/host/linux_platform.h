@@ -28,6 +28,7 @@ struct LinuxPlatformSettings {
 /// Owns what the platform refers to.
 class LinuxPlatform {
  public:
+  /// Enters our engines as the installed office applications, see host/engine_registration.h.
   explicit LinuxPlatform(const LinuxPlatformSettings& settings);
   LinuxPlatform(const LinuxPlatform&) = delete;
   LinuxPlatform& operator=(const LinuxPlatform&) = delete;

@@ -1,4 +1,5 @@
 // Opening documents and starting programs, with programs of our own; searching trees.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -124,6 +125,33 @@ TEST_F(Desktop, RunningOpenerIsLeftAloneAndCollectedLater) {
   EXPECT_EQ(waitid(P_ALL, 0, &child, WEXITED | WNOWAIT | WNOHANG), 0) << "still there";
   folder_.Write("stop", "");
   EXPECT_TRUE(Until(NoChildIsLeft)) << "a dead child was left in the table";
+}
+
+TEST_F(Desktop, QuotedProgramsAndFilesArriveAsTheyAre) {
+  const std::string program = folder_.Path("my \"office\" scalc");
+  folder_.Write("my \"office\" scalc",
+                "#!/bin/sh\nprintf '%s|' \"$@\" > \"${0%/*}/part\"\nmv \"${0%/*}/part\" \"${0%/*}/called\"\n");
+  DesktopShell shell;
+  EXPECT_FALSE(shell.IsProgram(FromUtf8(program))) << "it may not be started";
+  Text line(u"\"");
+  line.append(Replace(FromUtf8(program), u"\"", u"\"\"")).append(u"\" \"a  \"\"b\"\" $(c).xls\" \"\" d");
+  EXPECT_EQ(ErrorOf([&] { shell.StartCommandLine(line); }).number(), 5);
+  chmod(program.c_str(), 0755);
+  EXPECT_TRUE(shell.IsProgram(FromUtf8(program)));
+  EXPECT_FALSE(shell.IsProgram(folder_.TextPath("")));
+  shell.StartCommandLine(line);
+  for (int i = 0; i < 1000 && !folder_.Has("called"); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_EQ(folder_.Read("called"), "a  \"b\" $(c).xls||d|");
+  EXPECT_EQ(ErrorOf([&] { shell.StartCommandLine(u"\"\" \"a\""); }).number(), 53);
+}
+
+TEST_F(Desktop, ProgramsAreFoundInTheSearchPath) {
+  setenv("PATH", ("relative::" + folder_.path()).c_str(), 1);
+  DesktopShell shell;
+  const ProgramPlaces places = shell.Programs();
+  EXPECT_EQ(places.extension, u"");
+  EXPECT_EQ(places.folders.front(), FromUtf8(folder_.path()));
+  EXPECT_THAT(places.folders, ::testing::Contains(Text(u"/usr/lib/libreoffice/program")));
 }
 
 }  // namespace
