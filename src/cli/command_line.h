@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -41,9 +42,19 @@ struct CommandContext {
 /// What a command leaves to be run. @return the exit status
 using Command = std::function<int(const CommandContext&)>;
 
+/// Lets a command, when it is given, leave `run` with its options.
+template <typename Options>
+void SetCallback(CLI::App& command, Command& chosen, const std::shared_ptr<Options>& options,
+                 int (*run)(const CommandContext&, const Options&)) {
+  command.callback([&chosen, options, run] {
+    chosen = [options, run](const CommandContext& context) { return run(context, *options); };
+  });
+}
+
 /// Each adds a group of commands; the one that was given puts itself into `chosen`.
 void AddExportCommands(CLI::App& app, Command& chosen);
 void AddWordCommands(CLI::App& app, Command& chosen);
+void AddExcelCommands(CLI::App& app, Command& chosen);
 void AddValueCommands(CLI::App& app, Command& chosen);
 void AddRegistryCommands(CLI::App& app, Command& chosen);
 void AddTemplateCommands(CLI::App& app, Command& chosen);

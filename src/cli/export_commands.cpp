@@ -63,8 +63,7 @@ void AddHtml(CLI::App& app, Command& chosen) {
   command->add_option("--padding", options->padding, "cell padding")->capture_default_str();
   command->add_option("--spacing", options->spacing, "cell spacing")->capture_default_str();
   command->add_flag("--no-open", options->noOpen, "do not open the result in its associated program");
-  command->callback(
-      [&chosen, options] { chosen = [options](const CommandContext& context) { return RunHtml(context, *options); }; });
+  SetCallback(*command, chosen, options, RunHtml);
 }
 
 void AddNames(CLI::App& app, Command& chosen) {

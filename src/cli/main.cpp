@@ -75,6 +75,7 @@ int Main(const std::vector<std::string>& arguments) {
   AddGlobalOptions(app, options);
   AddExportCommands(app, command);
   AddWordCommands(app, command);
+  AddExcelCommands(app, command);
   AddValueCommands(app, command);
   AddRegistryCommands(app, command);
   AddTemplateCommands(app, command);

@@ -26,6 +26,11 @@ void AddBlankRecordsOption(CLI::App& command, QueryOptions& query) {
   command.add_option("--blank-records", query.blankRecords, "empty records before the data");
 }
 
+void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared) {
+  command.add_option("--headers", prepared.headers, "file with the column names, separated by ';'")->required();
+  command.add_option("--data", prepared.data, "file with the records, one a line")->required();
+}
+
 const std::string& SqlitePath(const std::string& argument) {
   if (!argument.starts_with("ODBC;")) return argument;
   throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");

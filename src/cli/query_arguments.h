@@ -27,6 +27,14 @@ void AddRecordOptions(CLI::App& command, QueryOptions& query);
 void AddStepOption(CLI::App& command, QueryOptions& query);
 void AddBlankRecordsOption(CLI::App& command, QueryOptions& query);
 
+/// The prepared files that stand in the place of a query.
+struct PreparedFileOptions {
+  std::string headers;
+  std::string data;
+};
+
+void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
+
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);
 

@@ -3,11 +3,11 @@
 #include <vector>
 
 #include "cli/command_line.h"
+#include "cli/data_file.h"
 #include "cli/document_output.h"
 #include "cli/export_run.h"
 #include "cli/query_arguments.h"
 #include "cli/template_arguments.h"
-#include "foundation/ignore_errors.h"
 #include "host/sqlite/sqlite_database.h"
 #include "runtime/utf8.h"
 
@@ -22,8 +22,7 @@ struct WordOptions {
   std::vector<std::string> formats;
   std::string dataFile;
   bool multi = false;
-  std::string headers;  // of word-file
-  std::string data;
+  PreparedFileOptions prepared;  // of word-file
 };
 
 struct FormOptions {
@@ -34,25 +33,6 @@ struct FormOptions {
   std::vector<std::size_t> oneChar;  // columns from 1
   WdExportFormArguments arguments;
   std::string barCode;
-};
-
-// The data file of a merge is of no use to somebody who did not ask for it, and holds other people's data.
-class DataFile {
- public:
-  DataFile(FileSystem& files, const std::string& asked, Text& path)
-      : files_(files), asked_(!asked.empty()), path_(path) {
-    if (asked_) path = files.GetAbsolutePathName(FromUtf8(asked));
-  }
-  ~DataFile() {
-    if (!asked_ && !path_.empty()) IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });
-  }
-  DataFile(const DataFile&) = delete;
-  DataFile& operator=(const DataFile&) = delete;
-
- private:
-  FileSystem& files_;
-  bool asked_;
-  const Text& path_;
 };
 
 // Runs an operation of the office object that makes one document, or with --multi several.
@@ -95,8 +75,8 @@ int RunWord(const CommandContext& context, const WordOptions& options) {
 
 int RunWordFile(const CommandContext& context, const WordOptions& options) {
   FileSystem& files = context.platform.files;
-  const Text headers = files.GetAbsolutePathName(FromUtf8(options.headers));
-  const Text data = files.GetAbsolutePathName(FromUtf8(options.data));
+  const Text headers = files.GetAbsolutePathName(FromUtf8(options.prepared.headers));
+  const Text data = files.GetAbsolutePathName(FromUtf8(options.prepared.data));
   WordExportArguments arguments;
   return RunWordExport(context, options, arguments, "WdExport_file",
                        [&](cZorOffice& office) { return office.WdExport_file(headers, data, arguments); });
@@ -134,14 +114,6 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
   return run.StatusOf(done, "WdExportForm");
 }
 
-template <typename Options>
-void SetCallback(CLI::App& command, Command& chosen, const std::shared_ptr<Options>& options,
-                 int (*run)(const CommandContext&, const Options&)) {
-  command.callback([&chosen, options, run] {
-    chosen = [options, run](const CommandContext& context) { return run(context, *options); };
-  });
-}
-
 void AddMultiOption(CLI::App& command, WordOptions& options) {
   command.add_flag("--multi", options.multi, "one document for each record");
 }
@@ -166,8 +138,7 @@ void AddWord(CLI::App& app, Command& chosen) {
 void AddWordFile(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("word-file", "Merge prepared files into a Word template");
   const auto options = std::make_shared<WordOptions>();
-  command->add_option("--headers", options->headers, "file with the column names, separated by ';'")->required();
-  command->add_option("--data", options->data, "file with the records, one a line")->required();
+  AddPreparedFileOptions(*command, options->prepared);
   AddStepOption(*command, options->query);
   AddBlankRecordsOption(*command, options->query);
   AddWordExportOptions(*command, *options);

@@ -12,12 +12,13 @@ constexpr std::int32_t kStopNumber = -1;
 
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
-Text MessageOf(const Error& error) {
+Text MessageOf(const Error& error, const UnforeseenFailure& unforeseen) {
   if (const std::optional<Text> stop = StopMessage(error)) return *stop;
   Text message(kUnexpectedError);
   message.append(kCrLf);
   AppendDecimal(message, error.number());
-  return message.append(u" - ").append(error.description()).append(u".");
+  message.append(u" - ").append(error.description()).append(u".");
+  return unforeseen.details ? message.append(unforeseen.details(error)) : message;
 }
 
 }  // namespace
@@ -33,13 +34,13 @@ std::optional<Text> StopMessage(const Error& error) {
 }
 
 bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
-               const std::function<void()>& unforeseen) {
+               const UnforeseenFailure& unforeseen) {
   try {
     return body();
   } catch (...) {
     const Error error = *ErrorBeingHandled();
-    session.Fail(title, MessageOf(error));
-    if (unforeseen && !StopMessage(error)) IgnoreErrors(unforeseen);
+    session.Fail(title, MessageOf(error, unforeseen));
+    if (unforeseen.afterwards && !StopMessage(error)) IgnoreErrors(unforeseen.afterwards);
     return false;
   }
 }

@@ -42,12 +42,17 @@ auto AccessingData(Body body) {
   }
 }
 
+/// What an export adds to a failure that none of its messages foresees; each may be empty.
+struct UnforeseenFailure {
+  std::function<Text(const Error&)> details{};  ///< what follows the error in the message
+  std::function<void()> afterwards{};           ///< called once the message was shown
+};
+
 /// Runs the body of an export. A failure is shown to the user under the title, the export's output file is deleted.
-/// @param session     the export's session; its ending follows when the caller lets go of it
-/// @param body        its answer is the export's result: false when the user chose to do nothing
-/// @param unforeseen  called after a failure that no message of the export foresees was shown; may be empty
-/// @return            the body's answer; false after a failure
+/// @param session  the export's session; its ending follows when the caller lets go of it
+/// @param body     its answer is the export's result: false when the user chose to do nothing
+/// @return         the body's answer; false after a failure
 bool RunToEdge(ExportSession& session, TextView title, const std::function<bool()>& body,
-               const std::function<void()>& unforeseen = {});
+               const UnforeseenFailure& unforeseen = {});
 
 }  // namespace zorkanca

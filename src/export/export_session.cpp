@@ -46,9 +46,10 @@ void ExportSession::Fail(TextView title, const Text& message) {
   IgnoreErrors([&] {
     context_.platform.userInterface.Show({.text = message, .title = Text(title), .icon = MessageIcon::kExclamation});
   });
+  if (keepsOutput_ && output_) IgnoreErrors([&] { output_->Close(); });
   output_.reset();
   lock_.reset();
-  if (outputPath_.empty()) return;
+  if (keepsOutput_ || outputPath_.empty()) return;
   IgnoreErrors([&] { context_.platform.files.DeleteFile(outputPath_, /*force=*/true); });
 }
 

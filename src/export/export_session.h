@@ -33,13 +33,16 @@ class ExportSession {
   /// Puts the finished output file into its place; it is kept from being cleared away until the export ends.
   void CloseOutput();
 
-  /// Shows the failure to the user and removes the output file, if this export has opened one.
+  /// Lets a failure leave the output file as far as it was written.
+  void KeepOutputAfterFailure() { keepsOutput_ = true; }
+  /// Shows the failure to the user and removes the output file, if this export has opened one and is not to keep it.
   void Fail(TextView title, const Text& message);
 
  private:
   ExportContext& context_;
   std::unique_ptr<Recordset> recordset_;
   std::unique_ptr<TextStream> output_;
+  bool keepsOutput_ = false;
   std::unique_ptr<FileLock> lock_;  // of the finished output file
   Text outputPath_;  // empty until the export has opened its file: a file of that name is nobody else's from then on
 };

@@ -24,20 +24,29 @@ void AppendDoubled(Text& line, TextView value) {
 
 }  // namespace
 
+void AppendEnclosedValue(Text& line, TextView value) {
+  line.push_back(kQuote);
+  AppendDoubled(line, value);
+  line.push_back(kQuote);
+}
+
 void AppendQuotedValue(Text& line, TextView value) {
-  if (!HoldsSpecialUnits(value)) {
-    line.append(value);
-    return;
-  }
-  const bool quotes = value.find(kQuote) != TextView::npos;
-  const bool encloses = quotes || value.find(kExportSeparator) != TextView::npos || value.find(kCrLf) != TextView::npos;
-  if (encloses) line.push_back(kQuote);
-  if (quotes) {
-    AppendDoubled(line, value);
+  const bool encloses = HoldsSpecialUnits(value) &&
+                        (value.find(kQuote) != TextView::npos || value.find(kExportSeparator) != TextView::npos ||
+                         value.find(kCrLf) != TextView::npos);
+  if (encloses) {
+    AppendEnclosedValue(line, value);
   } else {
     line.append(value);
   }
-  if (encloses) line.push_back(kQuote);
+}
+
+void AppendQuotedIfHasQuotes(Text& line, TextView value) {
+  if (value.find(kQuote) == TextView::npos) {
+    line.append(value);
+  } else {
+    AppendEnclosedValue(line, value);
+  }
 }
 
 }  // namespace zorkanca

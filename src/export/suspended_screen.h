@@ -1,28 +1,29 @@
-// Word while it does not draw: a document that is seen would be redrawn at each step of the work on it.
+// An office application while it does not draw: what is seen would be redrawn at each step of the work on it.
 #pragma once
 
 #include "foundation/ignore_errors.h"
-#include "platform/word/word_application.h"
 
 namespace zorkanca {
 
 /// Switches the drawing off and, when the work has ended, well or not, to what it shall be.
+/// @tparam Application  Word's or Excel's
+template <typename Application>
 class SuspendedScreen {
  public:
-  /// @param afterwards  whether Word draws when this object is gone
-  SuspendedScreen(WordApplication& word, bool afterwards) : word_(word), afterwards_(afterwards) {
-    word_.ScreenUpdating(false);
+  /// @param afterwards  whether the application draws when this object is gone
+  SuspendedScreen(Application& application, bool afterwards) : application_(application), afterwards_(afterwards) {
+    application_.ScreenUpdating(false);
   }
-  /// Word then draws as it did before.
-  explicit SuspendedScreen(WordApplication& word) : SuspendedScreen(word, word.ScreenUpdating()) {}
+  /// The application then draws as it did before.
+  explicit SuspendedScreen(Application& application) : SuspendedScreen(application, application.ScreenUpdating()) {}
   ~SuspendedScreen() {
-    IgnoreErrors([&] { word_.ScreenUpdating(afterwards_); });
+    IgnoreErrors([&] { application_.ScreenUpdating(afterwards_); });
   }
   SuspendedScreen(const SuspendedScreen&) = delete;
   SuspendedScreen& operator=(const SuspendedScreen&) = delete;
 
  private:
-  WordApplication& word_;
+  Application& application_;
   bool afterwards_;
 };
 

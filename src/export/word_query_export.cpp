@@ -23,8 +23,7 @@ WordQueryExport::WordQueryExport(ExportContext& context, Database& database, Tex
       reader_(session_) {}
 
 bool WordQueryExport::Run() {
-  return RunToEdge(
-      session_, kWordExportTitle, [&] { return Export(); }, [&] { ShowCheckpoint(); });
+  return RunToEdge(session_, kWordExportTitle, [&] { return Export(); }, {.afterwards = [&] { ShowCheckpoint(); }});
 }
 
 bool WordQueryExport::Export() {

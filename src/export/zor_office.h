@@ -5,6 +5,9 @@
 
 #include <cstdint>
 
+#include "export/excel_export.h"
+#include "export/excel_opening.h"
+#include "export/excel_template_export.h"
 #include "export/export_context.h"
 #include "export/html_export.h"
 #include "export/mail_merge.h"
@@ -81,6 +84,19 @@ class cZorOffice {
   bool SupplyTemplateList(Text& rsZorApl, ApplOffice TypeOfApplOffice, Text& rsListName) {
     return templateLists_.SupplyTemplateList(rsZorApl, TypeOfApplOffice, rsListName);
   }
+  /// Puts the rows of the SELECT into a new Excel workbook as a plain table; see `ExcelExport`.
+  bool XlExport(Database& DB, const Text& rsSELECT, XlExportArguments& arguments) {
+    return ExcelExport(context_, DB, rsSELECT, arguments).Run();
+  }
+  /// Fills an Excel template with the rows of the SELECT, or with those of prepared files; see `ExportIntoTemplate`.
+  bool XlExport_sab(Database& DB, const Text& rsSELECT, XlSabArguments& arguments) {
+    return ExportIntoTemplate(context_, DB, rsSELECT, arguments);
+  }
+  bool XlExport_sab_file(const Text& vsHeadersFileName, const Text& vsDataFileName, XlTemplateArguments& arguments) {
+    return ExportIntoTemplate(context_, vsHeadersFileName, vsDataFileName, arguments);
+  }
+  /// Opens a workbook in Excel; see `OpenExcelWorkbook`.
+  bool GetOpenXls(GetOpenXlsArguments& arguments) { return OpenExcelWorkbook(context_, arguments); }
 
  private:
   TemplateLists templateLists_;

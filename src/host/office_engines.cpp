@@ -1,6 +1,6 @@
 #include "host/office_engines.h"
 
-#include "runtime/error.h"
+#include <utility>
 
 namespace zorkanca {
 
@@ -15,18 +15,6 @@ LibreOfficeConverter CancelledBy(const std::function<bool()>& cancelled) {
 }  // namespace
 
 OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
-    : word_(locale, CancelledBy(cancelled), std::move(warn), cancelled) {}
-
-ExcelApplicationReference OfficeEngines::AttachExcel() {
-  Raise(RuntimeError::kCannotCreateObject);
-}
-
-ExcelApplicationReference OfficeEngines::StartExcel() {
-  Raise(RuntimeError::kCannotCreateObject);
-}
-
-ExcelWorkbookReference OfficeEngines::GetWorkbook(TextView) {
-  Raise(RuntimeError::kCannotCreateObject);
-}
+    : word_(locale, CancelledBy(cancelled), std::move(warn), cancelled), excel_(locale, CancelledBy(cancelled)) {}
 
 }  // namespace zorkanca

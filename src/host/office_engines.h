@@ -1,6 +1,7 @@
 // Our own engines in the places of the office applications.
 #pragma once
 
+#include "host/excel/excel_engine.h"
 #include "host/word/word_engine.h"
 #include "platform/office_applications.h"
 
@@ -15,12 +16,13 @@ class OfficeEngines final : public OfficeApplications {
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
-  ExcelApplicationReference AttachExcel() override;
-  ExcelApplicationReference StartExcel() override;
-  ExcelWorkbookReference GetWorkbook(TextView path) override;
+  ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
+  ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
+  ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }
 
  private:
   WordEngine word_;
+  ExcelEngine excel_;
 };
 
 }  // namespace zorkanca

@@ -3,23 +3,24 @@
 
 #include "platform/office_applications.h"
 #include "runtime/error.h"
+#include "support/fake_excel.h"
 #include "support/fake_word.h"
 
 namespace zorkanca::testing {
 
-/// Word is the fake one; Excel is not installed.
 class FakeOffice final : public OfficeApplications {
  public:
-  explicit FakeOffice(FakeWord& word) : word_(word) {}
+  FakeOffice(FakeWord& word, FakeExcel& excel) : word_(word), excel_(excel) {}
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
-  ExcelApplicationReference AttachExcel() override { Raise(RuntimeError::kCannotCreateObject); }
-  ExcelApplicationReference StartExcel() override { Raise(RuntimeError::kCannotCreateObject); }
+  ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
+  ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
   ExcelWorkbookReference GetWorkbook(TextView) override { Raise(RuntimeError::kCannotCreateObject); }
 
  private:
   FakeWord& word_;
+  FakeExcel& excel_;
 };
 
 }  // namespace zorkanca::testing

@@ -26,7 +26,8 @@ class MemoryField final : public Field {
 
 class MemoryRecordset final : public Recordset {
  public:
-  explicit MemoryRecordset(MemoryDatabase& database) : database_(database) {
+  MemoryRecordset(MemoryDatabase& database, const std::vector<std::vector<Value>>& rows)
+      : database_(database), rows_(rows) {
     ++database_.openRecordsets;
     for (std::size_t index = 0; index < database.columns.size(); ++index) {
       fields_.emplace_back(database.columns[index], *this, index);
@@ -34,19 +35,19 @@ class MemoryRecordset final : public Recordset {
   }
   ~MemoryRecordset() override { MemoryRecordset::Close(); }
 
-  bool Bof() const override { return database_.rows.empty(); }
-  bool Eof() const override { return row_ >= database_.rows.size(); }
+  bool Bof() const override { return rows_.empty(); }
+  bool Eof() const override { return row_ >= rows_.size(); }
   void MoveFirst() override {
     if (database_.forwardOnly) throw Error(3219, Text(), u"Invalid operation.");
     row_ = 0;
   }
   void MoveNext() override { ++row_; }
   void MoveLast() override {
-    row_ = database_.rows.size() - 1;
+    row_ = rows_.size() - 1;
     counted_ = true;
   }
   std::int32_t RecordCount() const override {
-    return counted_ ? static_cast<std::int32_t>(database_.rows.size()) : 1;  // not known before the move to the end
+    return counted_ ? static_cast<std::int32_t>(rows_.size()) : 1;  // not known before the move to the end
   }
   std::int32_t FieldCount() const override { return static_cast<std::int32_t>(fields_.size()); }
   Field& FieldAt(std::int32_t index) override { return fields_.at(static_cast<std::size_t>(index)); }
@@ -62,10 +63,11 @@ class MemoryRecordset final : public Recordset {
     --database_.openRecordsets;
   }
 
-  const Value& At(std::size_t column) const { return database_.rows.at(row_).at(column); }
+  const Value& At(std::size_t column) const { return rows_.at(row_).at(column); }
 
  private:
   MemoryDatabase& database_;
+  const std::vector<std::vector<Value>>& rows_;
   std::vector<MemoryField> fields_;
   std::size_t row_ = 0;
   bool counted_ = false;
@@ -82,7 +84,7 @@ std::unique_ptr<Recordset> MemoryDatabase::OpenRecordset(TextView name, Recordse
   if (failsToOpen) throw Error(3078, Text(), u"The input table or query was not found.");
   lastSelect = name;
   lastOptions = options;
-  return std::make_unique<MemoryRecordset>(*this);
+  return std::make_unique<MemoryRecordset>(*this, name.starts_with(u"SELECT SUM(") ? sums : rows);
 }
 
 }  // namespace zorkanca::testing

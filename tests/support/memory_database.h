@@ -19,6 +19,9 @@ class MemoryDatabase final : public Database {
   std::vector<MemoryColumn> columns;
   std::vector<std::vector<Value>> rows;
 
+  /// The rows of every query for a sum ("SELECT SUM(...").
+  std::vector<std::vector<Value>> sums;
+
   Text lastSelect;
   std::int16_t lastOptions = 0;
   int openRecordsets = 0;  ///< recordsets that were not closed

@@ -144,7 +144,8 @@ class MemoryPlatform {
   JournalEventLog eventLog{journal};
   FixedSuiteEnvironment environment;
   FakeWord word{journal};
-  FakeOffice office{word};
+  FakeExcel excel{journal, files};
+  FakeOffice office{word, excel};
   Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment, office};
 };
 

@@ -17,7 +17,8 @@ struct CellError final : Object {
 };
 
 /// A two-dimensional array, row after row, counted from 0. Cells are what `Value2` knows: Empty, bool, double (dates
-/// are numbers), Text, `CellError`.
+/// are numbers), Text, `CellError`; Null where a record of an imported text has no field at all: assigned to a cell, it
+/// leaves the cell alone.
 class CellGrid {
  public:
   CellGrid() = default;

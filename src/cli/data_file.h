@@ -1,0 +1,34 @@
+// The intermediate file between the records and an office application.
+#pragma once
+
+#include <string>
+
+#include "foundation/ignore_errors.h"
+#include "platform/file_system.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::cli {
+
+/// Removes the file at the end unless the user asked for it with --data-file: nobody else has a use for it, and it
+/// holds other people's data.
+class DataFile {
+ public:
+  /// @param asked  the option's value, empty without it
+  /// @param path   receives what the user asked for; names the file at the end
+  DataFile(FileSystem& files, const std::string& asked, Text& path)
+      : files_(files), asked_(!asked.empty()), path_(path) {
+    if (asked_) path = files.GetAbsolutePathName(FromUtf8(asked));
+  }
+  ~DataFile() {
+    if (!asked_ && !path_.empty()) IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });
+  }
+  DataFile(const DataFile&) = delete;
+  DataFile& operator=(const DataFile&) = delete;
+
+ private:
+  FileSystem& files_;
+  bool asked_;
+  const Text& path_;
+};
+
+}  // namespace zorkanca::cli

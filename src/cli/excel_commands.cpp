@@ -1,0 +1,156 @@
+// Commands that make Excel workbooks: plain tables of a query, and templates filled from a query or prepared files.
+#include <memory>
+
+#include "cli/command_line.h"
+#include "cli/data_file.h"
+#include "cli/export_run.h"
+#include "cli/host_platform.h"
+#include "cli/query_arguments.h"
+#include "cli/template_arguments.h"
+#include "host/sqlite/sqlite_database.h"
+#include "platform/paths.h"
+#include "runtime/error.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::cli {
+
+namespace {
+
+struct ExcelOptions {
+  QueryOptions query;
+  PreparedFileOptions prepared;
+  TemplateOptions fromTemplate;
+  std::string dataFile;
+  std::string output;
+  bool noOpen = false;
+};
+
+// Where the workbook goes.
+class WorkbookOutput {
+ public:
+  // What is wrong with -o is told before any work.
+  WorkbookOutput(const CommandContext& context, const ExcelOptions& options) : context_(context), options_(options) {
+    if (options.output.empty()) return;
+    FileSystem& files = context.platform.files;
+    path_ = files.GetAbsolutePathName(FromUtf8(options.output));
+    const Text extension = ExtensionOf(path_);
+    if ((extension != u"xlsx" && extension != u"xlsm" && extension != u"pdf") || files.FolderExists(path_)) {
+      throw UsageError("-o takes an .xlsx, .xlsm or .pdf file");
+    }
+    if (!files.FolderExists(GetParentFolderName(path_))) Raise(RuntimeError::kPathNotFound);
+  }
+
+  // @param basis  gives the workbook its name where -o does not: a template, or the name itself
+  void Save(ExcelWorkbook& workbook, const Text& basis) {
+    FileSystem& files = context_.platform.files;
+    if (path_.empty()) {
+      path_ = files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
+      if (path_ == files.GetAbsolutePathName(basis)) {
+        throw UsageError("the workbook would take the place of its template; -o names another file");
+      }
+    }
+    if (ExtensionOf(path_) == u"pdf") {
+      workbook.ExportAsFixedFormat({.fileName = path_});
+    } else {
+      workbook.SaveAs(path_, ExcelSaveFormat::kWorkbookXml);
+    }
+    PrintLine(path_);
+    if (options_.output.empty() && !options_.noOpen && HasDisplay()) context_.platform.shell.OpenDocument(path_);
+  }
+
+ private:
+  static Text ExtensionOf(TextView path) { return LowerCase(GetExtensionName(path)); }
+
+  const CommandContext& context_;
+  const ExcelOptions& options_;
+  Text path_;
+};
+
+// Runs an operation of the office object and saves its workbook.
+// @param basis  see `WorkbookOutput::Save`; known when the operation is done
+template <typename Arguments, typename Operation>
+int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arguments& arguments, const Text& basis,
+                 const char* name, Operation run) {
+  WorkbookOutput output(context, options);
+  const DataFile dataFile(context.platform.files, options.dataFile, arguments.rsSourceFile);
+  arguments.rbSetAppVisible = false;
+  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true);
+  const bool done = run(exporting.office());
+  if (done) output.Save(*arguments.roRetXls, basis);
+  return exporting.StatusOf(done, name);
+}
+
+int RunExcel(const CommandContext& context, const ExcelOptions& options) {
+  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  const Text select = Statement(options.query.select);
+  XlExportArguments arguments{.rsFieldNames = FromUtf8(options.query.names), .ri_rsOptions = options.query.options};
+  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
+                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
+}
+
+int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
+  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  const Text select = Statement(options.query.select);
+  XlSabArguments arguments;
+  SetTemplate(arguments, options.fromTemplate);
+  arguments.rsFieldNames = FromUtf8(options.query.names);
+  arguments.ri_rsOptions = options.query.options;
+  return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab",
+                      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); });
+}
+
+int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& options) {
+  FileSystem& files = context.platform.files;
+  const Text headers = files.GetAbsolutePathName(FromUtf8(options.prepared.headers));
+  const Text data = files.GetAbsolutePathName(FromUtf8(options.prepared.data));
+  XlTemplateArguments arguments;
+  SetTemplate(arguments, options.fromTemplate);
+  return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab_file",
+                      [&](cZorOffice& office) { return office.XlExport_sab_file(headers, data, arguments); });
+}
+
+void AddWorkbookOptions(CLI::App& command, ExcelOptions& options, const char* defaultName) {
+  command.add_option("--data-file", options.dataFile, "keep the file that Excel imports here");
+  command.add_option("-o,--output", options.output, std::string(".xlsx, .xlsm or .pdf file (default: ") + defaultName);
+  command.add_flag("--no-open", options.noOpen, "do not open the result in its associated program");
+}
+
+void AddExcel(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("excel", "Write the rows of a query as a table of an Excel workbook");
+  const auto options = std::make_shared<ExcelOptions>();
+  AddQueryOptions(*command, options->query);
+  AddRecordOptions(*command, options->query);
+  AddWorkbookOptions(*command, *options, "export.xlsx)");
+  SetCallback(*command, chosen, options, RunExcel);
+}
+
+void AddExcelTemplate(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("excel-template", "Fill an Excel template with the rows of a query");
+  const auto options = std::make_shared<ExcelOptions>();
+  AddQueryOptions(*command, options->query);
+  AddRecordOptions(*command, options->query);
+  AddTemplateOptions(*command, options->fromTemplate);
+  AddWorkbookOptions(*command, *options, "the template's name with .xlsx)");
+  SetCallback(*command, chosen, options, RunExcelTemplate);
+}
+
+void AddExcelTemplateFile(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("excel-template-file", "Fill an Excel template with prepared files");
+  const auto options = std::make_shared<ExcelOptions>();
+  AddPreparedFileOptions(*command, options->prepared);
+  AddStepOption(*command, options->query);
+  AddBlankRecordsOption(*command, options->query);
+  AddTemplateOptions(*command, options->fromTemplate);
+  AddWorkbookOptions(*command, *options, "the template's name with .xlsx)");
+  SetCallback(*command, chosen, options, RunExcelTemplateFile);
+}
+
+}  // namespace
+
+void AddExcelCommands(CLI::App& app, Command& chosen) {
+  AddExcel(app, chosen);
+  AddExcelTemplate(app, chosen);
+  AddExcelTemplateFile(app, chosen);
+}
+
+}  // namespace zorkanca::cli
