@@ -32,7 +32,6 @@ cZorOffice::cZorOffice(const Platform& platform)
   MakeFolder(files, context_.workFolder);
   files.ClearFolder(context_.workFolder, u"*.tmp");
   context_.settings = ReadOfficeSettings(platform.registry);
-  context_.templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); };
 }
 
 bool cZorOffice::HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments) {
