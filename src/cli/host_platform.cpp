@@ -1,7 +1,6 @@
 #include "cli/host_platform.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <set>
 
@@ -19,9 +18,9 @@ const Locale& LocaleOf(const std::string& tag) {
   throw UsageError("no data for the locale " + tag + "; known are" + tags);
 }
 
-ConsoleUserInterface::Answers AnswersOf(const GlobalOptions& options) {
-  if (options.yes) return ConsoleUserInterface::Answers::kYes;
-  return options.no ? ConsoleUserInterface::Answers::kNo : ConsoleUserInterface::Answers::kAsk;
+DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
+  if (options.yes) return DesktopUserInterface::Answers::kYes;
+  return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
 }
 
 // The same warning may come with each of thousands of documents.
@@ -32,23 +31,15 @@ std::function<void(TextView)> WarnOnceOfEach() {
   };
 }
 
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
 }  // namespace
 
 LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted) {
   return {.home = options.home,
           .locale = LocaleOf(options.locale),
           .answers = AnswersOf(options),
+          .insteadOfDialogs = u"--template",
           .warn = WarnOnceOfEach(),
           .cancelled = [&interrupted] { return interrupted.load(); }};
-}
-
-bool HasDisplay() {
-  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
 }
 
 }  // namespace zorkanca::cli

@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,12 @@ std::string ReadToEnd(std::FILE* file) {
   }
   if (std::ferror(file)) Raise(RuntimeError::kDeviceIo);
   return bytes;
+}
+
+std::string BytesOf(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
+  return ReadToEnd(file.get());
 }
 
 void PrintLine(TextView text) {
@@ -80,7 +87,9 @@ int Main(const std::vector<std::string>& arguments) {
   AddRegistryCommands(app, command);
   AddTemplateCommands(app, command);
   AddBarcodeCommands(app, command);
+  AddOfficeCommands(app, command);
   AddLogCommands(app, command);
+  AddFillCommands(app, command);
   try {
     std::vector<std::string> line = WithValuesMarked(app, arguments);
     app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first

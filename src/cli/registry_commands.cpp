@@ -119,12 +119,6 @@ int Export(const CommandContext& context, const RegistryOptions& options) {
   return kDone;
 }
 
-std::string BytesOf(const std::string& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
-  if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
-  return ReadToEnd(file.get());
-}
-
 int Import(const CommandContext& context, const RegistryOptions& options) {
   ImportRegistry(context.platform.registry, BytesOf(options.file), FromUtf8(options.file));
   return kDone;

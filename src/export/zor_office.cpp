@@ -1,6 +1,6 @@
 #include "export/zor_office.h"
 
-#include "foundation/ignore_errors.h"
+#include "foundation/folders.h"
 #include "platform/paths.h"
 
 namespace zorkanca {
@@ -11,13 +11,6 @@ Text WorkFolderIn(FileSystem& files) {
   Text temporary = files.TemporaryFolder();
   if (temporary.empty()) temporary = u"C:\\";
   return BuildPath(files, temporary, u"Zorix");
-}
-
-// Another process may make the folder at the same moment.
-void MakeFolder(FileSystem& files, const Text& folder) {
-  const auto exists = [&] { return files.FolderExists(folder); };
-  const bool made = exists() || IgnoreErrors([&] { files.CreateFolder(folder); }) || exists();
-  if (!made) files.CreateFolder(folder);  // raises what stands in the way
 }
 
 }  // namespace

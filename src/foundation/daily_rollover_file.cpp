@@ -1,5 +1,6 @@
 #include "foundation/daily_rollover_file.h"
 
+#include "foundation/folders.h"
 #include "foundation/guarded.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
@@ -45,11 +46,7 @@ Text NameOf(TextView name, TextView day, TextView extension) {
 void CreateFolderWithParents(FileSystem& files, TextView folder) {
   if (folder.empty() || files.FolderExists(folder)) return;
   CreateFolderWithParents(files, GetParentFolderName(folder));
-  try {
-    files.CreateFolder(folder);
-  } catch (const Error&) {
-    if (!files.FolderExists(folder)) throw;  // else another process was faster
-  }
+  MakeFolder(files, folder);
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 
+#include "host/desktop/display.h"
+#include "host/desktop/windows_library.h"
+#include "host/engine_registration.h"
 #include "runtime/date.h"
 
 namespace zorkanca {
@@ -29,7 +32,9 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
     : locale_(InThisYear(settings.locale, clock_)),
       files_(*locale_.codePage),
       registry_(HomeOf(settings)),
-      userInterface_(settings.answers),
+      userInterface_({.answers = settings.answers,
+                      .openWindows = HasDisplay() ? LoadWindows : DesktopUserInterface::WindowsOpener(),
+                      .insteadOfDialogs = settings.insteadOfDialogs}),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
       office_(locale_, settings.warn, settings.cancelled),
       platform_{.files = files_,
@@ -40,7 +45,9 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
                 .locale = locale_,
                 .eventLog = eventLog_,
                 .environment = environment_,
-                .office = office_} {}
+                .office = office_} {
+  RegisterEngines(registry_);
+}
 
 std::string DefaultHomeFolder() {
   if (const std::string home = Environment("ZORKANCA_HOME"); !home.empty()) return home;

@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
+#include "host/desktop/desktop_user_interface.h"
 #include "host/files/linux_file_system.h"
 #include "host/office_engines.h"
 #include "host/registry/file_registry.h"
@@ -19,7 +19,8 @@ namespace zorkanca {
 struct LinuxPlatformSettings {
   std::string home{};                     ///< folder of the registry hives and the log; empty: `DefaultHomeFolder`
   Locale locale = *FindLocale(u"cs-CZ");  ///< of the user: separators, date forms, ANSI code page
-  ConsoleUserInterface::Answers answers = ConsoleUserInterface::Answers::kAsk;
+  DesktopUserInterface::Answers answers = DesktopUserInterface::Answers::kAsk;
+  Text insteadOfDialogs{};               ///< as in `DesktopUserInterface::Settings`
   std::function<void(TextView)> warn{};  ///< told in English of what an engine left as it was in a document
   std::function<bool()> cancelled{};     ///< asked now and then during long work of the engines, which ends then
 };
@@ -27,6 +28,7 @@ struct LinuxPlatformSettings {
 /// Owns what the platform refers to.
 class LinuxPlatform {
  public:
+  /// Enters our engines as the installed office applications, see host/engine_registration.h.
   explicit LinuxPlatform(const LinuxPlatformSettings& settings);
   LinuxPlatform(const LinuxPlatform&) = delete;
   LinuxPlatform& operator=(const LinuxPlatform&) = delete;
@@ -38,7 +40,7 @@ class LinuxPlatform {
   Locale locale_;  // reads the clock when it is made
   LinuxFileSystem files_;
   FileRegistry registry_;
-  ConsoleUserInterface userInterface_;
+  DesktopUserInterface userInterface_;
   DesktopShell shell_;
   SyslogEventLog eventLog_;
   LinuxSuiteEnvironment environment_;

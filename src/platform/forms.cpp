@@ -153,6 +153,8 @@ void ListBox::DoubleClick(int row) {
 
 Form::Form(BorderStyle borderStyle, float innerWidth, float innerHeight)
     : borderStyle_(borderStyle),
+      designWidth_(innerWidth),
+      designHeight_(innerHeight),
       innerWidth_(innerWidth),
       innerHeight_(innerHeight),
       bounds_{.width = innerWidth, .height = innerHeight} {}

@@ -54,6 +54,9 @@ class Form {
   void SetCaption(TextView caption);
   BorderStyle borderStyle() const { return borderStyle_; }
   bool sizable() const;
+  /// The design size of the inner area, twips: a window need not become smaller.
+  float designWidth() const { return designWidth_; }
+  float designHeight() const { return designHeight_; }
   /// The window's place and outer size while it is in normal state, twips of the screen. Left and top count only once
   /// they were set; until then the shower centres the form.
   const Bounds& bounds() const { return bounds_; }
@@ -124,6 +127,8 @@ class Form {
   void TellResized();
 
   BorderStyle borderStyle_;
+  float designWidth_;
+  float designHeight_;
   float innerWidth_;
   float innerHeight_;
   Text caption_;

@@ -14,6 +14,9 @@ class OfficeApplications {
   virtual WordApplicationReference AttachWord() = 0;
   /// Starts Word; it stays running and invisible until it is shown. Errors: 429 when it cannot be started.
   virtual WordApplicationReference StartWord() = 0;
+  /// `GetObject(path)`: the document of a file, from the running Word that has it open, else opened in Word.
+  /// Errors: 429 when Word cannot be started; 5174 when the file is missing, 5 when it cannot be read.
+  virtual WordDocumentReference GetDocument(TextView path) = 0;
   /// The running Excel. Errors: 429 when none runs.
   virtual ExcelApplicationReference AttachExcel() = 0;
   /// Starts Excel; it stays running and invisible until it is shown. Errors: 429 when it cannot be started.

@@ -13,19 +13,19 @@ enum class MousePointer { kDefault = 0, kHourglass = 11 };
 
 /// A message box.
 struct Message {
-  Text text;  ///< lines end with CR LF
-  Text title;
+  Text text{};  ///< lines end with CR LF
+  Text title{};
   MessageIcon icon = MessageIcon::kNone;
   MessageButtons buttons = MessageButtons::kOk;
 };
 
 /// A dialog that asks for an existing file.
 struct FileDialog {
-  Text title;             ///< empty: the dialog's own
-  Text filter;            ///< "name|pattern|name|pattern…", patterns separated by ";"
-  Text folder;            ///< where the dialog starts; empty: the current folder
-  Text fileName;          ///< what it starts with, with or without a folder
-  Text defaultExtension;  ///< ".exe", for a name typed without an extension
+  Text title{};             ///< empty: the dialog's own
+  Text filter{};            ///< "name|pattern|name|pattern…", patterns separated by ";"
+  Text folder{};            ///< where the dialog starts; empty: the current folder
+  Text fileName{};          ///< what it starts with, with or without a folder
+  Text defaultExtension{};  ///< ".exe", for a name typed without an extension
   bool fileMustExist = false;
 };
 

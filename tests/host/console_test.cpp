@@ -1,12 +1,8 @@
 // Messages and questions on pipes and on a terminal of our own.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <termios.h>
-
-#include <cstdlib>
 
 #include "host/console/console_user_interface.h"
-#include "host/files/file_descriptor.h"
+#include "support/pseudo_terminal.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
@@ -42,7 +38,7 @@ TEST(Console, WithoutTerminalNobodyIsAsked) {
       {Answers::kNo, MessageButtons::kOk, MessageAnswer::kOk},
   };
   for (const Row& row : rows) {
-    ConsoleUserInterface console(row.answers, in[0], out[1]);
+    ConsoleUserInterface console(row.answers, Terminal(in[0], out[1]));
     console.Beep();
     Message message = kQuestion;
     message.buttons = row.buttons;
@@ -54,15 +50,8 @@ TEST(Console, WithoutTerminalNobodyIsAsked) {
 }
 
 TEST(Console, TheTerminalIsAskedUntilItAnswers) {
-  const FileDescriptor master(posix_openpt(O_RDWR | O_NOCTTY));
-  ASSERT_EQ(grantpt(master.get()) | unlockpt(master.get()), 0);
-  const FileDescriptor terminal(open(ptsname(master.get()), O_RDWR | O_NOCTTY));
-  termios settings{};
-  ASSERT_EQ(tcgetattr(terminal.get(), &settings), 0);
-  settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-  settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
-  ASSERT_EQ(tcsetattr(terminal.get(), TCSANOW, &settings), 0);
-  ConsoleUserInterface console(Answers::kAsk, terminal.get(), terminal.get());
+  const PseudoTerminal terminal;
+  ConsoleUserInterface console(Answers::kAsk, terminal.terminal());
 
   const std::string shown = "\r\x1b[KT: Řádek 1\nline 2?\n[a/n] ";
   struct Row {
@@ -79,14 +68,12 @@ TEST(Console, TheTerminalIsAskedUntilItAnswers) {
       {"\x04", MessageAnswer::kNo, shown},  // end of input
   };
   for (const Row& row : rows) {
-    ASSERT_EQ(write(master.get(), row.typed.data(), row.typed.size()), static_cast<ssize_t>(row.typed.size()));
+    terminal.Type(row.typed);
     EXPECT_EQ(console.Show(kQuestion), row.answer) << row.typed;
-    std::string printed;
-    while (printed.size() < row.printed.size()) printed += ReadOnce(master.get());
-    EXPECT_EQ(printed, row.printed);
+    EXPECT_EQ(terminal.Printed(), row.printed);
   }
   console.Beep();
-  EXPECT_EQ(ReadOnce(master.get()), "\a");
+  EXPECT_EQ(terminal.Printed(), "\a");
 }
 
 }  // namespace

@@ -12,8 +12,8 @@ using testing::Shown;
 
 std::string Show(const char* pattern, const CellValue& value, const char* tag = "cs-CZ") {
   const Locale& locale = *FindLocale(FromUtf8(tag));
-  std::string shown = Shown(NumberFormat({.pattern = pattern}, locale, false).Show(value));
-  for (std::size_t at; (at = shown.find("\u00A0")) != shown.npos;) shown.replace(at, 2, "~");
+  const Text text = NumberFormat({.pattern = pattern}, locale, false).Show(value);
+  const std::string shown = Shown(Replace(text, u"\u00A0", u"~"));
   return shown;
 }
 

@@ -101,12 +101,15 @@ class Converter : public ::testing::Test {
 
 TEST_F(Converter, ThePrivateProfileAndFolderAreAllThatTheProgramIsGiven) {
   const std::string source = Document("-a 'b'\n*$(id);#%41.RTF", "x");
-  LibreOfficeConverter(settings_).ToPdf(source, folder_.Path("out.pdf"), {.archive = true, .bookmarks = false});
+  LibreOfficeConverter(settings_).ToPdf(source, folder_.Path("out.pdf"),
+                                        {.archive = true, .bookmarks = PdfBookmarks::kNone, .tagged = true});
   EXPECT_THAT(folder_.Read("out.pdf"), StartsWith("%PDF-1.6"));
   const std::string arguments = folder_.Read("arguments");
   EXPECT_THAT(arguments, StartsWith("-env:UserInstallation=file://" + folder_.Path("private/profile-0\n--headless\n")));
-  EXPECT_THAT(arguments, HasSubstr(R"(pdf:writer_pdf_Export:{"SelectPdfVersion":{"type":"long","value":"2"},)"
-                                   R"("ExportBookmarks":{"type":"boolean","value":"false"}})"));
+  EXPECT_THAT(arguments, HasSubstr(R"(pdf:writer_pdf_Export:{"SelectPdfVersion":{"type":"long","value":"1"},)"
+                                   R"("ExportBookmarks":{"type":"boolean","value":"false"},)"
+                                   R"("ExportBookmarksToPDFDestination":{"type":"boolean","value":"false"},)"
+                                   R"("UseTaggedPDF":{"type":"boolean","value":"true"}})"));
   EXPECT_THAT(arguments, ::testing::EndsWith("/in/0.rtf\n"));
   const std::string profile = folder_.Read("private/profile-0/user/registrymodifications.xcu");
   EXPECT_THAT(profile, AllOf(HasSubstr("BlockUntrustedRefererLinks\" oor:op=\"fuse\"><value>true"),

@@ -40,6 +40,23 @@ TEST(WordDocuments, AreHeldByOneApplication) {
   EXPECT_EQ(ErrorOf([&] { application->AddDocument(folder.TextPath("x.docx"), false); }).number(), 5);
 }
 
+TEST(WordDocuments, AreFoundByTheirFile) {
+  const TemporaryFolder folder;
+  WordEngine engine(*FindLocale(u"cs-CZ"));
+  WriteWordFile(folder.Path("a.docx"), {P(R("x"))});
+  EXPECT_EQ(ErrorOf([&] { engine.GetDocument(folder.TextPath("none.docx")); }).number(), 5174);
+  const auto document = engine.GetDocument(folder.TextPath("a.docx"));
+  EXPECT_EQ(engine.GetDocument(folder.TextPath("./a.docx")), document);
+  document->WindowState(WordWindowState::kMinimize);
+  EXPECT_EQ(document->Application()->WindowState(), WordWindowState::kMinimize);
+  EXPECT_EQ(document->WindowCount(), 1);
+  const std::string before = folder.Read("a.docx");
+  EXPECT_EQ(ErrorOf([&] { document->ExportAsFixedFormat({.OutputFileName = document->FullName()}); }).number(), 70);
+  EXPECT_EQ(folder.Read("a.docx"), before);
+  document->Close(false);
+  EXPECT_NE(engine.GetDocument(folder.TextPath("a.docx")), document);
+}
+
 TEST(WordDocuments, AreWrittenWholeWithEverythingNobodyTouched) {
   WordBench bench;
   const std::string macros = "application/vnd.ms-word.template.macroEnabledTemplate.main+xml";

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -149,28 +150,26 @@ class ExcelBench {
 
 /// Cells in one line, "|" between them: texts, numbers, TRUE, errors as "2042!"; "~" where a record has no field.
 inline std::string ShownValues(ExcelRange& range) {
-  std::string shown;
+  std::ostringstream shown;
+  shown.precision(15);
   const CellGrid grid = range.Value2();
   for (std::int32_t row = 0; row < grid.rows(); ++row) {
     for (std::int32_t column = 0; column < grid.columns(); ++column) {
+      shown << (column > 0 ? "|" : row > 0 ? " / " : "");
       const Value& value = grid.At(row, column);
-      if (column > 0) shown += '|';
-      if (IsNull(value)) shown += '~';
+      if (IsNull(value)) shown << "~";
       if (const auto* object = std::get_if<ObjectReference>(&value)) {
-        shown += std::to_string(dynamic_cast<const CellError&>(**object).number) + "!";
+        shown << dynamic_cast<const CellError&>(**object).number << "!";
       } else if (const auto* number = std::get_if<double>(&value)) {
-        char digits[32];
-        std::snprintf(digits, sizeof digits, "%.15g", *number);
-        shown += digits;
+        shown << *number;
       } else if (const auto* truth = std::get_if<bool>(&value)) {
-        shown += *truth ? "TRUE" : "FALSE";
+        shown << (*truth ? "TRUE" : "FALSE");
       } else if (const auto* text = std::get_if<Text>(&value)) {
-        shown += "'" + Shown(*text);
+        shown << "'" << Shown(*text);
       }
     }
-    if (row + 1 < grid.rows()) shown += " / ";
   }
-  return shown;
+  return shown.str();
 }
 
 }  // namespace zorkanca::testing

@@ -104,11 +104,14 @@ class FakeExcelApplication final : public ExcelApplication, public std::enable_s
   void ScreenUpdating(bool value) override { Set("updating ", updating, value); }
   void Interactive(bool value) override { Set("interactive ", interactive, value); }
   void CutCopyMode(bool) override { Note("copied forgotten"); }
-  ExcelWindowState WindowState() const override { return ExcelWindowState::kNormal; }
-  void WindowState(ExcelWindowState state) override { Note("window " + std::to_string(static_cast<int>(state))); }
-  ExcelWindowState ActiveWindowState() const override { Raise(RuntimeError::kNotSupported); }
-  void ActiveWindowState(ExcelWindowState) override { Raise(RuntimeError::kNotSupported); }
-  void WindowVisible(TextView, bool) override { Raise(RuntimeError::kNotSupported); }
+  ExcelWindowState WindowState() const override { return excel_.windowState; }
+  void WindowState(ExcelWindowState state) override {
+    excel_.windowState = state;
+    Note("window " + std::to_string(static_cast<int>(state)));
+  }
+  ExcelWindowState ActiveWindowState() const override { return excel_.activeWindowState; }
+  void ActiveWindowState(ExcelWindowState state) override { excel_.activeWindowState = state; }
+  void WindowVisible(TextView name, bool) override { Note("show " + ToUtf8(name)); }
 
   void Note(std::string line) { excel_.journal.push_back("excel " + std::move(line)); }
 
@@ -277,7 +280,11 @@ class FakeWorkbook final : public ExcelWorkbook, public ExcelWorksheet {
   // Of the workbook as well as of its sheet.
   void Activate() override { application_.Note("activate " + ToUtf8(name_)); }
   void SaveAs(TextView, ExcelSaveFormat) override { Raise(RuntimeError::kNotSupported); }
-  void ExportAsFixedFormat(const ExportWorkbookArguments&) override { Raise(RuntimeError::kNotSupported); }
+  void ExportAsFixedFormat(const ExportWorkbookArguments& arguments) override {
+    application_.Note("export " + ToUtf8(arguments.fileName));
+    grid_.excel.exported = arguments;
+    if (grid_.excel.refusesToExport) throw Error(5, Text(), u"no room");
+  }
   void Close(bool) override {
     application_.Note("close " + ToUtf8(name_));
     std::erase_if(application_.workbooks, [&](const auto& each) { return each.get() == this; });
@@ -357,6 +364,11 @@ ExcelWorkbookReference FakeExcelApplication::Workbooks(TextView name) {
 ExcelApplicationReference FakeExcel::AttachExcel() {
   if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Excel");
   return application;
+}
+
+ExcelWorkbookReference FakeExcel::GetWorkbook(TextView path) {
+  if (!running) StartExcel();
+  return application->AddWorkbook(path);
 }
 
 ExcelApplicationReference FakeExcel::StartExcel() {

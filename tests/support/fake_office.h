@@ -14,9 +14,10 @@ class FakeOffice final : public OfficeApplications {
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
+  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
   ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
   ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
-  ExcelWorkbookReference GetWorkbook(TextView) override { Raise(RuntimeError::kCannotCreateObject); }
+  ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }
 
  private:
   FakeWord& word_;

@@ -116,9 +116,16 @@ class FakeDocument final : public WordDocument, public WordMailMerge {
     return std::make_unique<FakePageSetup>(word_.journal, std::to_string(section));
   }
   void SaveAs(TextView, WordSaveFormat) override { Raise(RuntimeError::kNotSupported); }
-  void ExportAsFixedFormat(const ExportDocumentArguments&) override { Raise(RuntimeError::kNotSupported); }
+  void ExportAsFixedFormat(const ExportDocumentArguments& arguments) override {
+    Note("export " + ToUtf8(arguments.OutputFileName));
+    word_.exported = arguments;
+    if (word_.refusesToExport) throw Error(5, Text(), u"no room");
+  }
 
   void Activate() override { Note("activate " + ToUtf8(name_)); }
+  std::int32_t WindowCount() const override { return word_.windowCount; }
+  WordWindowState WindowState() const override { return word_.documentState; }
+  void WindowState(WordWindowState state) override { word_.documentState = state; }
   void Close(bool) override {
     Note("close " + ToUtf8(name_));
     std::erase_if(word_.documents, [&](const auto& each) { return each.get() == this; });
@@ -178,9 +185,14 @@ class FakeApplication final : public WordApplication {
   void ScreenUpdating(bool updating) override { Set("updating ", updating_, updating); }
   bool CheckLanguage() const override { return checks_; }
   void CheckLanguage(bool check) override { Set("checks ", checks_, check); }
-  WordWindowState WindowState() const override { return WordWindowState::kNormal; }
-  void WindowState(WordWindowState) override { word_.journal.push_back("word maximised"); }
+  WordWindowState WindowState() const override { return word_.windowState; }
+  void WindowState(WordWindowState state) override {
+    word_.windowState = state;
+    if (state == WordWindowState::kMaximize) word_.journal.push_back("word maximised");
+  }
   void ActiveWindowState(WordWindowState) override {}
+  void Activate() override { word_.journal.push_back("word activate"); }
+  void ScreenRefresh() override { word_.journal.push_back("word refresh"); }
 
  private:
   WordDocumentReference Make(const char* how, TextView path) {
@@ -206,6 +218,11 @@ class FakeApplication final : public WordApplication {
 WordApplicationReference FakeWord::AttachWord() {
   if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
   return application;
+}
+
+WordDocumentReference FakeWord::GetDocument(TextView path) {
+  if (!running) StartWord();
+  return application->OpenDocument({.FileName = Text(path)});
 }
 
 WordApplicationReference FakeWord::StartWord() {

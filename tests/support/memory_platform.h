@@ -67,16 +67,24 @@ class JournalUserInterface final : public UserInterface {
 
 class JournalShell final : public Shell {
  public:
-  explicit JournalShell(Journal& journal) : journal_(journal) {}
+  JournalShell(Journal& journal, FileSystem& files) : journal_(journal), files_(files) {}
 
-  /// Called with each path before it is opened; may raise.
+  /// Called with each path before it is opened and each command line before it is started; may raise.
   std::function<void(TextView)> onOpen;
 
   void OpenDocument(TextView path) override {
     if (onOpen) onOpen(path);
     journal_.push_back("open " + ToUtf8(path));
   }
-  void StartCommandLine(TextView commandLine) override { journal_.push_back("start " + ToUtf8(commandLine)); }
+  void StartCommandLine(TextView commandLine) override {
+    if (onOpen) onOpen(commandLine);
+    journal_.push_back("start " + ToUtf8(commandLine));
+  }
+
+  ProgramPlaces programs{.extension = u"exe", .folders = {u"C:\\Program Files (x86)", u"C:\\Program Files"}};
+
+  ProgramPlaces Programs() override { return programs; }
+  bool IsProgram(TextView path) override { return files_.FileExists(path); }
 
   /// Answers of `SearchTree` by the root folder, an empty one elsewhere.
   std::map<Text, Text> found;
@@ -91,6 +99,7 @@ class JournalShell final : public Shell {
 
  private:
   Journal& journal_;
+  FileSystem& files_;
 };
 
 /// The clock stands still until a test sets it.
@@ -139,7 +148,7 @@ class MemoryPlatform {
   MemoryFileSystem files;
   MemoryRegistry registry;
   JournalUserInterface userInterface{journal};
-  JournalShell shell{journal};
+  JournalShell shell{journal, files};
   FixedClock clock;
   JournalEventLog eventLog{journal};
   FixedSuiteEnvironment environment;

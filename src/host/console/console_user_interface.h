@@ -1,10 +1,7 @@
 // Messages and questions of a program that runs in a console.
 #pragma once
 
-#include <unistd.h>
-
-#include <string>
-
+#include "host/console/terminal.h"
 #include "platform/user_interface.h"
 
 namespace zorkanca {
@@ -16,9 +13,8 @@ class ConsoleUserInterface final : public UserInterface {
   enum class Answers { kAsk, kYes, kNo };
 
   /// Without a terminal on both sides nobody can be asked; the answer is then no.
-  /// @param input, output  descriptors that stay open as long as the object lives
-  explicit ConsoleUserInterface(Answers answers, int input = STDIN_FILENO, int output = STDERR_FILENO)
-      : answers_(answers), input_(input), output_(output) {}
+  explicit ConsoleUserInterface(Answers answers, const Terminal& terminal = Terminal())
+      : answers_(answers), terminal_(terminal) {}
 
   /// Asks "[a/n] " until the line is one of a, ano, y, yes or n, ne, no, in any case; the end of input is a no.
   MessageAnswer Show(const Message& message) override;
@@ -35,12 +31,9 @@ class ConsoleUserInterface final : public UserInterface {
  private:
   bool IsYes();
   bool AskForYes();
-  std::string ReadLine();
-  void Print(std::string_view bytes);
 
   Answers answers_;
-  int input_;
-  int output_;
+  Terminal terminal_;
 };
 
 }  // namespace zorkanca

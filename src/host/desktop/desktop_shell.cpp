@@ -6,8 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <optional>
@@ -46,18 +48,22 @@ pid_t Start(std::vector<std::string> words, const Text& missing) {
   return process;
 }
 
-// The words of a command line, as the other system divides it: blanks part them outside quotation marks.
+// The words of a command line, as the other system divides it: blanks part them outside quotation marks, and a doubled
+// mark within them is the character itself.
 std::vector<std::string> WordsOf(TextView commandLine) {
   std::vector<Text> words;
   bool quoted = false;
   bool inWord = false;
-  for (const char16_t character : commandLine) {
+  for (std::size_t at = 0; at < commandLine.size(); ++at) {
+    const char16_t character = commandLine[at];
     if (!quoted && (character == u' ' || character == u'\t')) {
       inWord = false;
       continue;
     }
     if (!std::exchange(inWord, true)) words.emplace_back();
-    if (character == u'"') {
+    if (quoted && commandLine.substr(at, 2) == u"\"\"") {
+      words.back().push_back(commandLine[at++]);
+    } else if (character == u'"') {
       quoted = !quoted;
     } else {
       words.back().push_back(character);
@@ -107,6 +113,27 @@ Text ReasonOf(int status) {
   }
 }
 
+// The folders of $PATH; a relative one means another place with each current folder and is left out.
+void AddSearchPath(std::vector<Text>& folders) {
+  const char* path = std::getenv("PATH");
+  const Text all = FromUtf8(path ? path : "/usr/local/bin:/usr/bin");
+  for (const TextView folder : Split(all, u':')) {
+    if (folder.starts_with(u'/')) folders.emplace_back(folder);
+  }
+}
+
+// A suite from its own maker's package lies in a folder that is named after its version; the latest comes first.
+void AddSuitesOf(const std::string& parent, std::vector<Text>& folders) {
+  std::vector<std::string> found;
+  std::error_code failure;
+  for (std::filesystem::directory_iterator entry(parent, failure), end; !failure && entry != end;
+       entry.increment(failure)) {
+    if (entry->path().filename().string().starts_with("libreoffice")) found.push_back(entry->path() / "program");
+  }
+  std::sort(found.rbegin(), found.rend());
+  for (const std::string& folder : found) folders.push_back(FromNativePath(folder));
+}
+
 }  // namespace
 
 void DesktopShell::OpenDocument(TextView path) {
@@ -138,6 +165,22 @@ Text DesktopShell::SearchTree(TextView rootFolder, TextView fileName) {
     }
   }
   return {};
+}
+
+ProgramPlaces DesktopShell::Programs() {
+  ProgramPlaces places;
+  AddSearchPath(places.folders);
+  for (const TextView folder : {u"/usr/lib/libreoffice/program", u"/usr/lib64/libreoffice/program"}) {
+    places.folders.emplace_back(folder);
+  }
+  AddSuitesOf("/opt", places.folders);
+  return places;
+}
+
+bool DesktopShell::IsProgram(TextView path) {
+  const std::string native = ToNativePath(path);
+  struct stat status {};
+  return stat(native.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(native.c_str(), X_OK) == 0;
 }
 
 }  // namespace zorkanca

@@ -17,6 +17,9 @@ class DesktopShell final : public Shell {
   void OpenDocument(TextView path) override;
   void StartCommandLine(TextView commandLine) override;
   Text SearchTree(TextView rootFolder, TextView fileName) override;
+  /// The folders of $PATH, then those where the packages of office suites put theirs.
+  ProgramPlaces Programs() override;
+  bool IsProgram(TextView path) override;
   /// The path itself: names are never shortened here.
   Text LongPathName(TextView path) override { return Text(path); }
   /// Has no effect: our programs put nothing on the clipboard.

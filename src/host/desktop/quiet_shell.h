@@ -14,6 +14,8 @@ class QuietShell final : public Shell {
   void OpenDocument(TextView) override {}
   void StartCommandLine(TextView commandLine) override { shell_.StartCommandLine(commandLine); }
   Text SearchTree(TextView rootFolder, TextView fileName) override { return shell_.SearchTree(rootFolder, fileName); }
+  ProgramPlaces Programs() override { return shell_.Programs(); }
+  bool IsProgram(TextView path) override { return shell_.IsProgram(path); }
   Text LongPathName(TextView path) override { return shell_.LongPathName(path); }
   void ClearClipboard() override { shell_.ClearClipboard(); }
 

@@ -183,6 +183,7 @@ std::string ConversionRun::ReasonOf(const Outcome& outcome) const {
 
 void ConversionRun::Deliver(std::size_t number, const std::string& target) const {
   constexpr std::size_t kBlock = 256 * 1024;
+  if (form_.finish) form_.finish(documents_[number].copy, ResultOf(number));
   AtomicFile file(target, {});
   std::ifstream result(ResultOf(number), std::ios::binary);
   std::string block(kBlock, '\0');

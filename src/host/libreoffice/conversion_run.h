@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,6 +18,8 @@ namespace zorkanca {
 struct OutputForm {
   std::string extension;  ///< "pdf", of the file that the program leaves
   std::string filter;     ///< the program's option: "pdf:writer_pdf_Export:{...}"
+  /// Changes a result in place before it is delivered, given the document and the result; may be empty.
+  std::function<void(const std::string&, const std::string&)> finish{};
 };
 
 /// Converts documents that go through the same filter. The private folder of the run is gone at its end.
@@ -32,7 +35,7 @@ class ConversionRun {
   std::size_t Add(const std::string& source, const ConvertibleDocument& document);
   /// Converts all. @return for each document why it failed, or nothing
   std::vector<std::optional<std::string>> Convert();
-  /// Moves the result of a document that did not fail to its place. Errors: those of the file system.
+  /// Finishes the result of a document that did not fail and moves it to its place. Errors: those of the file system.
   void Deliver(std::size_t number, const std::string& target) const;
 
  private:

@@ -10,6 +10,7 @@
 #include "host/files/native_path.h"
 #include "host/libreoffice/conversion_check.h"
 #include "host/libreoffice/conversion_run.h"
+#include "host/libreoffice/pdf_outline.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -41,14 +42,27 @@ std::string FindProgram(const std::string& wanted) {
   Raise(RuntimeError::kCannotCreateObject, Text(kMissing));
 }
 
+std::string BooleanOption(std::string_view name, bool value) {
+  return ",\"" + std::string(name) + R"(":{"type":"boolean","value":")" + (value ? "true" : "false") + "\"}";
+}
+
 OutputForm PdfForm(DocumentFamily family, const PdfOptions& options) {
+  const bool namedPlaces = options.bookmarks == PdfBookmarks::kNamedPlaces;
   std::string filter = family == DocumentFamily::kSheet ? "pdf:calc_pdf_Export:" : "pdf:writer_pdf_Export:";
   filter += R"({"SelectPdfVersion":{"type":"long","value":")";
-  filter += options.archive ? '2' : '0';
-  filter += R"("},"ExportBookmarks":{"type":"boolean","value":")";
-  filter += options.bookmarks ? "true" : "false";
-  filter += R"("}})";
-  return {.extension = "pdf", .filter = std::move(filter)};
+  filter += options.archive ? '1' : '0';
+  filter += "\"}";
+  filter += BooleanOption("ExportBookmarks", options.bookmarks == PdfBookmarks::kHeadings);
+  filter += BooleanOption("ExportBookmarksToPDFDestination", namedPlaces);
+  filter += BooleanOption("UseTaggedPDF", options.tagged);
+  filter += '}';
+  OutputForm form{.extension = "pdf", .filter = std::move(filter)};
+  if (namedPlaces) {
+    form.finish = [](const std::string& source, const std::string& result) {
+      AddOutline(result, VisibleBookmarks(source));
+    };
+  }
+  return form;
 }
 
 OutputForm OpenXmlForm(DocumentFamily family) {

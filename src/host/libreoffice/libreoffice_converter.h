@@ -15,10 +15,18 @@
 
 namespace zorkanca {
 
+/// What the outline of a PDF, its bookmarks, is made of.
+enum class PdfBookmarks {
+  kNone,
+  kHeadings,
+  kNamedPlaces  ///< bookmarks of the document, which are named destinations of the PDF as well
+};
+
 /// What the PDF is to be like.
 struct PdfOptions {
-  bool archive = false;   ///< PDF/A-2b, for keeping
-  bool bookmarks = true;  ///< headings as bookmarks
+  bool archive = false;  ///< PDF/A-1 (ISO 19005-1), for keeping
+  PdfBookmarks bookmarks = PdfBookmarks::kHeadings;
+  bool tagged = false;  ///< tells programs that read aloud what is a heading, a paragraph, a table
 };
 
 /// One document and where the result goes; native paths, of any characters.

@@ -22,6 +22,18 @@ class NoStory final : public StoryText {
   void ReplaceAll(const std::vector<Interval>&, TextView) override {}
 };
 
+PdfBookmarks BookmarksOf(WdExportCreateBookmarks kind) {
+  switch (kind) {
+    case WdExportCreateBookmarks::wdExportCreateNoBookmarks:
+      return PdfBookmarks::kNone;
+    case WdExportCreateBookmarks::wdExportCreateHeadingBookmarks:
+      return PdfBookmarks::kHeadings;
+    case WdExportCreateBookmarks::wdExportCreateWordBookmarks:
+      return PdfBookmarks::kNamedPlaces;
+  }
+  Raise(RuntimeError::kInvalidCall);
+}
+
 }  // namespace
 
 OpenDocument::OpenDocument(std::unique_ptr<DocumentContent> content, Text name, DocumentHolder holder)
@@ -143,6 +155,17 @@ void OpenDocument::Activate() {
   holder_.activate(*this);
 }
 
+// There are no windows; those of all documents have the state of the application's.
+WordWindowState OpenDocument::WindowState() const {
+  Opened();
+  return holder_.application()->WindowState();
+}
+
+void OpenDocument::WindowState(WordWindowState state) {
+  Opened();
+  holder_.application()->WindowState(state);
+}
+
 // A file that is to hold macros keeps them; the usual format has none.
 Package OpenDocument::PackageFor(const std::string& path) {
   Package package = Opened().Written();
@@ -176,10 +199,11 @@ void OpenDocument::ExportAsFixedFormat(const ExportDocumentArguments& arguments)
   if (arguments.OpenAfterExport) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with OpenAfterExport");
   if (arguments.Range != 0) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with a range");
   if (arguments.Item != 0) RaiseUnsupportedWordMember(u"Document.ExportAsFixedFormat with markup");
-  PdfOptions options;
-  options.archive = arguments.UseISO19005_1;
-  options.bookmarks = arguments.CreateBookmarks != WdExportCreateBookmarks::wdExportCreateNoBookmarks;
-  WritePdf(AbsolutePath(ToNativePath(arguments.OutputFileName)), options);
+  const std::string path = AbsolutePath(ToNativePath(arguments.OutputFileName));
+  if (path == ToNativePath(name_)) Raise(RuntimeError::kPermissionDenied);  // a file is not open for others to replace
+  WritePdf(path, {.archive = arguments.UseISO19005_1,
+                  .bookmarks = BookmarksOf(arguments.CreateBookmarks),
+                  .tagged = arguments.DocStructureTags});
 }
 
 void OpenDocument::Close(bool SaveChanges) {

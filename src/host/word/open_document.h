@@ -44,6 +44,9 @@ class OpenDocument final : public WordDocument, public std::enable_shared_from_t
   std::unique_ptr<WordPageSetup> PageSetup() override;
   std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t section) override;
   void Activate() override;
+  std::int32_t WindowCount() const override { return Opened(), 1; }
+  WordWindowState WindowState() const override;
+  void WindowState(WordWindowState state) override;
   void SaveAs(TextView fileName, WordSaveFormat format) override;
   void ExportAsFixedFormat(const ExportDocumentArguments& arguments) override;
   void Close(bool SaveChanges) override;

@@ -45,6 +45,8 @@ class EngineApplication final : public WordApplication, public std::enable_share
   WordWindowState WindowState() const override { return windowState_; }
   void WindowState(WordWindowState state) override { windowState_ = state; }
   void ActiveWindowState(WordWindowState state) override;
+  void Activate() override {}
+  void ScreenRefresh() override {}
 
  private:
   word::WordPackage Read(const std::string& path) const;
@@ -161,6 +163,15 @@ WordApplicationReference WordEngine::AttachWord() {
 WordApplicationReference WordEngine::StartWord() {
   if (!running_) running_ = std::make_shared<EngineApplication>(environment_);
   return running_;
+}
+
+WordDocumentReference WordEngine::GetDocument(TextView path) {
+  const WordApplicationReference word = StartWord();
+  const Text wanted = FromNativePath(AbsolutePath(ToNativePath(path)));
+  for (std::int32_t index = 1; index <= word->DocumentCount(); ++index) {
+    if (WordDocumentReference document = word->Documents(index); document->FullName() == wanted) return document;
+  }
+  return word->OpenDocument({.FileName = wanted});
 }
 
 }  // namespace zorkanca

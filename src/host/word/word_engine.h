@@ -27,6 +27,8 @@ class WordEngine final {
   WordApplicationReference AttachWord();
   /// One application runs at a time: a second start gives the running one.
   WordApplicationReference StartWord();
+  /// The open document of that file, which is opened if need be. Errors: as `WordApplication::OpenDocument`.
+  WordDocumentReference GetDocument(TextView path);
 
  private:
   struct Environment;

@@ -10,9 +10,6 @@
 
 namespace zorkanca {
 
-/// Window states (`WdWindowState`).
-enum class WordWindowState : std::int32_t { kNormal = 0, kMaximize = 1, kMinimize = 2 };
-
 /// Arguments of `Documents.Open`; the defaults are the object model's.
 struct OpenDocumentArguments {
   Text FileName = {};
@@ -53,6 +50,10 @@ class WordApplication : public Object {
   virtual void WindowState(WordWindowState state) = 0;
   /// `ActiveWindow.WindowState`. Errors: 4248 when no document is open.
   virtual void ActiveWindowState(WordWindowState state) = 0;
+  /// Brings the application to the front.
+  virtual void Activate() = 0;
+  /// Draws the screen anew.
+  virtual void ScreenRefresh() = 0;
 };
 using WordApplicationReference = std::shared_ptr<WordApplication>;
 

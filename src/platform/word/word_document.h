@@ -13,6 +13,9 @@ namespace zorkanca {
 
 class WordApplication;
 
+/// Window states (`WdWindowState`).
+enum class WordWindowState : std::int32_t { kNormal = 0, kMaximize = 1, kMinimize = 2 };
+
 /// File formats of `SaveAs` (`WdSaveFormat`).
 enum class WordSaveFormat : std::int32_t { kDocumentXml = 12, kPdf = 17 };
 
@@ -80,6 +83,11 @@ class WordDocument : public Object {
   virtual std::unique_ptr<WordPageSetup> SectionPageSetup(std::int32_t section) = 0;
 
   virtual void Activate() = 0;
+  /// `Windows.Count`: of those that show this document.
+  virtual std::int32_t WindowCount() const = 0;
+  /// `ActiveWindow.WindowState`.
+  virtual WordWindowState WindowState() const = 0;
+  virtual void WindowState(WordWindowState state) = 0;
   /// Writes the document to a file, whole or not at all; it then has that name. Errors: those of files; 438 for another
   /// format.
   virtual void SaveAs(TextView fileName, WordSaveFormat format) = 0;

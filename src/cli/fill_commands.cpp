@@ -1,0 +1,148 @@
+// The command that fills a spreadsheet-XML template.
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/fill_steps.h"
+#include "runtime/error.h"
+#include "runtime/utf8.h"
+#include "xmltemplate/template_factory.h"
+
+namespace zorkanca::cli {
+
+namespace {
+
+struct FillOptions {
+  std::string templateFile;
+  std::string steps;
+  std::string output;
+};
+
+// A step that failed, by its path; the reason may have been shown before.
+class StepFailure : public std::runtime_error {
+ public:
+  StepFailure(const std::string& path, const std::string& reason)
+      : std::runtime_error("step " + path + ": " + reason) {}
+};
+
+// Runs the steps on a workbook, keeping the values that were asked for.
+class FillRun {
+ public:
+  FillRun(cExcel2003XmlTemplateFactory& factory, const std::atomic<bool>& interrupted)
+      : factory_(factory), interrupted_(interrupted) {}
+
+  const std::vector<Text>& values() const { return values_; }
+
+  void Run(const std::vector<FillStep>& steps) {
+    Each(steps, "", [this](const FillStep& step, const std::string& path) { AddWorksheet(step, path); });
+  }
+
+ private:
+  template <typename Body>
+  void Each(const std::vector<FillStep>& steps, const std::string& pathStart, const Body& body) {
+    for (std::size_t index = 0; index < steps.size() && !interrupted_; ++index) {
+      const auto path = [&] { return pathStart + std::to_string(index + 1); };
+      try {
+        body(steps[index], steps[index].hasSteps ? path() : std::string());
+      } catch (const Error& error) {
+        throw StepFailure(path(), error.what());
+      }
+    }
+  }
+
+  void AddWorksheet(const FillStep& step, const std::string& path) {
+    const WorksheetReference worksheet = factory_.AddWorksheet(step.texts[0], step.texts[1]);
+    if (!worksheet) Raise(RuntimeError::kInvalidCall, u"the worksheet was not added");
+    Each(step.steps, path + ".",
+         [&](const FillStep& inner, const std::string& innerPath) { RunOnWorksheet(*worksheet, inner, innerPath); });
+  }
+
+  void RunOnWorksheet(cExcel2003XmlWorksheet& worksheet, const FillStep& step, const std::string& path) {
+    switch (step.id()) {
+      case FillOperationId::kAddWorksheetSection:
+        return AddSection(worksheet, step, path);
+      case FillOperationId::kSetAttributeValueToTable:
+        return worksheet.SetAttributeValueToTable(step.texts[0], step.texts[1]);
+      case FillOperationId::kGetAttributeValueFromTable:
+        values_.push_back(worksheet.GetAttributeValueFromTable(step.texts[0]));
+        return;
+      case FillOperationId::kSetColumnWidth:
+        return worksheet.SetColumnWidth(step.numbers[0], step.single, step.boolean);
+      default:
+        return RunOnText(worksheet, step);
+    }
+  }
+
+  void AddSection(cExcel2003XmlWorksheet& worksheet, const FillStep& step, const std::string& path) {
+    const WorksheetSectionReference section = worksheet.AddWorksheetSection(step.numbers[0]);
+    if (!section) Raise(RuntimeError::kInvalidCall, u"the worksheet has no section " + DecimalText(step.numbers[0]));
+    Each(step.steps, path + ".", [&](const FillStep& inner, const std::string&) { RunOnText(*section, inner); });
+  }
+
+  // What worksheets and sections have both.
+  template <typename Target>
+  void RunOnText(Target& target, const FillStep& step) {
+    const auto& [first, second, third, fourth] = step.numbers;
+    const TaggedCell cell{.ColSign = first, .RowSign = second, .ColIndex = third, .RowIndex = fourth};
+    switch (step.id()) {
+      case FillOperationId::kSetDataIntoTaggedCell:
+        return target.SetDataIntoTaggedCell(step.texts[0], cell);
+      case FillOperationId::kRemoveDataFromTaggedCell:
+        return target.RemoveDataFromTaggedCell(cell);
+      case FillOperationId::kSetAttributeValueToTaggedCell:
+        return target.SetAttributeValueToTaggedCell(step.texts[0], step.texts[1], cell);
+      case FillOperationId::kGetAttributeValueFromTaggedCell:
+        values_.push_back(target.GetAttributeValueFromTaggedCell(step.texts[0], cell));
+        return;
+      case FillOperationId::kSetColsOfTaggedGrid:
+        return target.SetColsOfTaggedGrid(first, second);
+      case FillOperationId::kSetRowsOfTaggedGrid:
+        return target.SetRowsOfTaggedGrid(first, second);
+      default:
+        Raise(RuntimeError::kNotSupported);  // the reader lets nothing else through
+    }
+  }
+
+  cExcel2003XmlTemplateFactory& factory_;
+  const std::atomic<bool>& interrupted_;
+  std::vector<Text> values_;
+};
+
+int RunFill(const CommandContext& context, const FillOptions& options) {
+  FileSystem& files = context.platform.files;
+  const Text output = files.GetAbsolutePathName(FromUtf8(options.output));
+  if (options.output.ends_with('/') || files.FolderExists(output)) {
+    throw UsageError("-o names a folder, not a file: " + options.output);
+  }
+  const std::vector<FillStep> steps = ReadFillSteps(options.steps == "-" ? ReadToEnd(stdin) : BytesOf(options.steps));
+
+  cExcel2003XmlTemplateFactory factory(context.platform);
+  if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;
+  FillRun run(factory, context.interrupted);
+  try {
+    run.Run(steps);
+  } catch (const StepFailure& failure) {
+    std::fprintf(stderr, "zorkanca: %s\n", failure.what());
+    return kFailed;
+  }
+  if (context.interrupted) return kInterrupted;
+  if (!factory.SaveWorkbook(output)) return kFailed;
+  for (const Text& value : run.values()) PrintLine(value);
+  PrintLine(output);
+  return kDone;
+}
+
+}  // namespace
+
+void AddFillCommands(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("fill", "Fill a spreadsheet-XML template");
+  const auto options = std::make_shared<FillOptions>();
+  command->add_option("TEMPLATE", options->templateFile, "spreadsheet-XML template")->required();
+  command->add_option("STEPS", options->steps, "JSON file of the steps; - reads them from standard input")->required();
+  command->add_option("-o,--output", options->output, "workbook to write, .xml")->required();
+  command->callback(
+      [&chosen, options] { chosen = [options](const CommandContext& context) { return RunFill(context, *options); }; });
+}
+
+}  // namespace zorkanca::cli

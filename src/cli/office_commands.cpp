@@ -1,0 +1,290 @@
+// Commands around the office applications: PDF, the alternative office package, what is installed, opening documents.
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <memory>
+
+#include "cli/command_line.h"
+#include "cli/host_platform.h"
+#include "office/alternative_office_manager.h"
+#include "office/kancel_apl.h"
+#include "office/office_pdf_convert.h"
+#include "platform/paths.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::cli {
+
+namespace {
+
+constexpr std::array<TextView, 8> kWordExtensions = {u"doc",  u"dot",  u"docx", u"dotx",
+                                                     u"docm", u"dotm", u"rtf",  u"odt"};
+constexpr std::array<TextView, 8> kExcelExtensions = {u"xls",  u"xlt",  u"xlsx", u"xltx",
+                                                      u"xlsm", u"xltm", u"xlsb", u"ods"};
+
+// Which application a file belongs to.
+bool IsForExcel(TextView path) {
+  const Text extension = LowerCase(GetExtensionName(path));
+  const auto isOne = [&extension](TextView known) { return known == extension; };
+  if (std::any_of(kExcelExtensions.begin(), kExcelExtensions.end(), isOne)) return true;
+  if (std::any_of(kWordExtensions.begin(), kWordExtensions.end(), isOne)) return false;
+  throw UsageError("neither a Word document nor an Excel workbook by its name: " + ToUtf8(path));
+}
+
+int StatusOf(bool done, const CommandContext& context) {
+  return done ? kDone : context.interrupted ? kInterrupted : kFailed;
+}
+
+Text AbsolutePathOf(const CommandContext& context, const std::string& path) {
+  return context.platform.files.GetAbsolutePathName(FromUtf8(path));
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+  std::error_code missing;
+  return std::filesystem::equivalent(one, other, missing);
+}
+
+void AddPdf(CLI::App& app, Command& chosen) {
+  struct Options {
+    std::string source;
+    std::string target;
+    int bookmarks = 0;
+    bool archive = false;
+  };
+  CLI::App* command = app.add_subcommand("pdf", "Write a Word document or an Excel workbook as PDF");
+  const auto options = std::make_shared<Options>();
+  command->add_option("SOURCE", options->source, "document or workbook")->required();
+  command->add_option("TARGET", options->target, "PDF file to write")->required();
+  command->add_option("--bookmarks", options->bookmarks, "0: none, 1: of headings, 2: of Word's bookmarks")
+      ->check(CLI::Range(0, 2));
+  command->add_flag("--pdf-a", options->archive, "write PDF/A (ISO 19005-1)");
+  command->callback([&chosen, options] {
+    chosen = [options](const CommandContext& context) {
+      const Text source = AbsolutePathOf(context, options->source);
+      const Text target = AbsolutePathOf(context, options->target);
+      if (IsSameFile(options->source, options->target)) throw UsageError("SOURCE and TARGET are the same file");
+      cOfficePdfConvert convert(context.platform);
+      const auto bookmarks = static_cast<WdExportCreateBookmarks>(options->bookmarks);
+      const bool done = IsForExcel(source) ? convert.XlExportToPdfFormat(source, target)
+                                           : convert.WdExportToPdfFormat(source, target, bookmarks, options->archive);
+      if (done) PrintLine(target);
+      return StatusOf(done, context);
+    };
+  });
+}
+
+void AddInstalled(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("installed", "Tell whether Word and Excel are installed");
+  command->callback([&chosen] {
+    chosen = [](const CommandContext& context) {
+      const cKancelApl applications(context.platform);
+      PrintLine(applications.DocEditorInstalovan() ? u"word 1" : u"word 0");
+      PrintLine(applications.XlsEditorInstalovan() ? u"excel 1" : u"excel 0");
+      return kDone;
+    };
+  });
+}
+
+void AddOpen(CLI::App& app, Command& chosen) {
+  CLI::App* command = app.add_subcommand("open", "Open a document in Word or a workbook in Excel, by its extension");
+  const auto file = std::make_shared<std::string>();
+  command->add_option("FILE", *file, "document or workbook")->required();
+  command->callback([&chosen, file] {
+    chosen = [file](const CommandContext& context) {
+      const Text path = AbsolutePathOf(context, *file);
+      cKancelApl applications(context.platform);
+      WordDocumentReference document;
+      ExcelWorkbookReference workbook;
+      const bool done =
+          IsForExcel(path) ? applications.OtevriXls(path, workbook) : applications.OtevriDoc(path, document);
+      if (!done) std::fprintf(stderr, "zorkanca: %s could not be opened, see the error log\n", file->c_str());
+      // Our engines have no windows of their own.
+      if (done && HasDisplay()) context.platform.shell.OpenDocument(path);
+      return StatusOf(done, context);
+    };
+  });
+}
+
+// --- the alternative office package --------------------------------------------------------------------------------
+
+struct AlternativeOptions {
+  std::string key;
+  std::string value;
+  std::string file;
+  std::string kind;
+  std::string prefix;
+  bool table = false;
+  bool document = false;
+
+  eTypeOfEditor Type() const {
+    return table || kind == "table" ? eTypeOfEditor::TableEditor : eTypeOfEditor::DocumentEditor;
+  }
+  Text Prefix() const { return FromUtf8(prefix); }
+};
+
+// One of the settings under its published name.
+struct Setting {
+  TextView key;
+  Text (*read)(const cAlternativeOfficeManager& manager, const Text& prefix);
+  void (*save)(const cAlternativeOfficeManager& manager, const std::string& value, const Text& prefix);
+};
+
+template <eTypeOfEditor kType>
+constexpr std::array<Setting, 3> SettingsOfType(TextView useKey, TextView programKey, TextView folderKey) {
+  using Manager = cAlternativeOfficeManager;
+  return {
+      {{useKey, [](const Manager& manager, const Text&) { return Text(manager.UsesAlternative(kType) ? u"1" : u"0"); },
+        [](const Manager& manager, const std::string& value, const Text&) {
+          if (value != "0" && value != "1") throw UsageError("the value is 0 or 1");
+          manager.SaveUse(kType, value == "1");
+        }},
+       {programKey, [](const Manager& manager, const Text&) { return manager.AppPath(kType); },
+        [](const Manager& manager, const std::string& value, const Text&) {
+          manager.SaveAppPath(kType, FromUtf8(value));
+        }},
+       {folderKey, [](const Manager& manager, const Text& prefix) { return manager.StoreFolder(kType, prefix); },
+        [](const Manager& manager, const std::string& value, const Text& prefix) {
+          manager.SaveStoreFolder(kType, FromUtf8(value), prefix);
+        }}}};
+}
+
+std::vector<Setting> AllSettings() {
+  std::vector<Setting> all;
+  for (const auto& settings :
+       {SettingsOfType<eTypeOfEditor::TableEditor>(u"UseAlternativeTableEditor", u"TableEditorAppPath",
+                                                   u"TableEditorStoreFolder"),
+        SettingsOfType<eTypeOfEditor::DocumentEditor>(u"UseAlternativeDocumentEditor", u"DocumentEditorAppPath",
+                                                      u"DocumentEditorStoreFolder")}) {
+    all.insert(all.end(), settings.begin(), settings.end());
+  }
+  return all;
+}
+
+Setting FindSetting(const std::string& key) {
+  const Text wanted = FromUtf8(key);
+  std::string known;
+  for (const Setting& setting : AllSettings()) {
+    if (EqualsIgnoringCase(setting.key, wanted)) return setting;
+    known += " " + ToUtf8(setting.key);
+  }
+  throw UsageError("no such setting: " + key + "; known are" + known);
+}
+
+int GetSettings(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  if (!options.key.empty()) {
+    PrintLine(FindSetting(options.key).read(manager, options.Prefix()));
+    return kDone;
+  }
+  for (const Setting& setting : AllSettings()) {
+    PrintLine(Text(setting.key) + u"\t" + setting.read(manager, options.Prefix()));
+  }
+  return kDone;
+}
+
+int SetSetting(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  FindSetting(options.key).save(manager, options.value, options.Prefix());
+  return kDone;
+}
+
+int DefaultFolder(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  PrintLine(manager.GetDefaultEditorStoreFolder(options.Type(), options.Prefix()));
+  return kDone;
+}
+
+int DefaultProgram(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  PrintLine(manager.GetDefaultEditorAppPath(options.Type()));
+  return kDone;
+}
+
+int OpenStoreFolder(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  return manager.OpenEditorStoreFolder(options.Type(), options.Prefix()) ? kDone : kFailed;
+}
+
+int ShowDialog(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  manager.ShowPresetForm(options.Type(), options.Prefix());
+  return kDone;
+}
+
+int OpenFile(const CommandContext& context, const AlternativeOptions& options) {
+  const cAlternativeOfficeManager manager(context.platform);
+  const Text path = AbsolutePathOf(context, options.file);
+  if (options.table) {
+    manager.OpenFileInTableEditor(path);
+  } else {
+    manager.OpenFileInDocumentEditor(path);
+  }
+  return kDone;
+}
+
+using Operation = int (*)(const CommandContext&, const AlternativeOptions&);
+
+class AlternativeCommands {
+ public:
+  AlternativeCommands(CLI::App& app, Command& chosen)
+      : group_(*app.add_subcommand("alternative", "Another office package in place of Word and Excel")),
+        chosen_(chosen) {
+    group_.require_subcommand(1);
+  }
+
+  CLI::App* Add(const char* name, const char* description, Operation operation) {
+    CLI::App* command = group_.add_subcommand(name, description);
+    command->callback([&chosen = chosen_, options = options_, operation] {
+      chosen = [options, operation](const CommandContext& context) { return operation(context, *options); };
+    });
+    return command;
+  }
+  void AddPrefix(CLI::App* command) {
+    command->add_option("--prefix", options_->prefix, "code of the application that the folder belongs to");
+  }
+  CLI::App* AddForKind(const char* name, const char* description, Operation operation) {
+    CLI::App* command = Add(name, description, operation);
+    command->add_option("KIND", options_->kind, "table or document")
+        ->required()
+        ->check(CLI::IsMember({"table", "document"}));
+    return command;
+  }
+  AlternativeOptions& options() { return *options_; }
+
+ private:
+  CLI::App& group_;
+  Command& chosen_;
+  std::shared_ptr<AlternativeOptions> options_ = std::make_shared<AlternativeOptions>();
+};
+
+void AddAlternative(CLI::App& app, Command& chosen) {
+  AlternativeCommands commands(app, chosen);
+  AlternativeOptions& options = commands.options();
+  CLI::App* get = commands.Add("get", "Print the settings, or one of them", GetSettings);
+  get->add_option("KEY", options.key, "setting; without it all");
+  commands.AddPrefix(get);
+  CLI::App* set = commands.Add("set", "Change a setting", SetSetting);
+  set->add_option("KEY", options.key, "setting")->required();
+  set->add_option("VALUE", options.value, "its value; 0 or 1 for the choice itself")->required();
+  commands.AddPrefix(set);
+  commands.AddPrefix(commands.AddForKind("default", "Print the default folder for created files", DefaultFolder));
+  commands.AddForKind("program", "Print the program that is found on this computer", DefaultProgram);
+  commands.AddPrefix(commands.AddForKind("folder", "Open the folder for created files", OpenStoreFolder));
+  commands.AddPrefix(commands.AddForKind("dialog", "Show the dialog of the settings", ShowDialog));
+  CLI::App* open = commands.Add("open", "Open a file in the alternative program", OpenFile);
+  open->add_option("FILE", options.file, "file to open")->required();
+  CLI::App* kinds = open->add_option_group("kind");
+  kinds->add_flag("--table", options.table, "in the spreadsheet program");
+  kinds->add_flag("--document", options.document, "in the word processor");
+  kinds->require_option(1);
+}
+
+}  // namespace
+
+void AddOfficeCommands(CLI::App& app, Command& chosen) {
+  AddPdf(app, chosen);
+  AddInstalled(app, chosen);
+  AddOpen(app, chosen);
+  AddAlternative(app, chosen);
+}
+
+}  // namespace zorkanca::cli
