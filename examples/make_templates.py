@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the sample Word templates beside this file, with Debian's python3-docx:  /usr/bin/python3 examples/make_templates.py
+"""Makes the sample Word templates beside this file, with Debian's python3-docx and python3-fonttools:  /usr/bin/python3 examples/make_templates.py
 
 The templates are kept as files, as a user would have them; this script is how they came about.
 """

@@ -20,6 +20,7 @@ std::string RawAttributes(pugi::xml_node node) {
 SheetModel::SheetModel(SheetPart part, StyleBook& styles, bool is1904)
     : part_(std::move(part)), styles_(styles), is1904_(is1904) {
   ReadColumns();
+  fileColumns_ = columns_;
 }
 
 void SheetModel::ReadColumns() {

@@ -68,6 +68,8 @@ class SheetModel {
   bool is1904() const { return is1904_; }
   ColumnTable& columns() { return columns_; }
   const ColumnTable& columns() const { return columns_; }
+  /// As the file has them, before any layer.
+  const ColumnTable& fileColumns() const { return fileColumns_; }
 
   std::shared_ptr<const RowBlock> CopyRows(std::int32_t top, std::int32_t bottom) const;
   void PasteRows(std::shared_ptr<const RowBlock> block, std::int32_t first, std::int32_t copies);
@@ -103,6 +105,7 @@ class SheetModel {
   StyleBook& styles_;
   bool is1904_;
   ColumnTable columns_;
+  ColumnTable fileColumns_;
   std::vector<Layer> layers_;
   std::vector<CellArea> fits_;
   std::optional<CellArea> selection_;
