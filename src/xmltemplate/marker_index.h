@@ -16,7 +16,9 @@ namespace zorkanca {
 class MarkerIndex {
  public:
   /// @param order  outlives the index
-  explicit MarkerIndex(const PieceList& order) : order_(&order) {}
+  explicit MarkerIndex(const PieceList& order) : order_(&order) {
+    symbols_.max_load_factor(0.25f);  // most look-ups find nothing, and an empty bucket tells that at once
+  }
 
   /// Adds markers that were put into the text at one place, in their order.
   void Add(const std::vector<TextPiece*>& markers);

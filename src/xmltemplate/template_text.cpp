@@ -34,11 +34,14 @@ std::size_t FindUnit(TextView text, char16_t unit, std::size_t from) {
 std::size_t FindIgnoringCase(TextView text, TextView sought, std::size_t from) {
   if (sought.empty()) return from <= text.size() ? from : TextView::npos;
   const char16_t first = AsciiLower(sought.front());
+  const char16_t second = sought.size() > 1 ? AsciiLower(sought[1]) : u'\0';
   const bool isLetter = first >= u'a' && first <= u'z';
   const char16_t firsts[] = {first, static_cast<char16_t>(first - u'a' + u'A')};
   for (std::size_t at = from;; ++at) {
     at = isLetter ? text.find_first_of(firsts, at, 2) : FindUnit(text, first, at);
-    if (at == TextView::npos || StartsIgnoringCase(text.substr(at), sought)) return at;
+    if (at == TextView::npos) return at;
+    const bool goesOn = sought.size() == 1 || (at + 1 < text.size() && AsciiLower(text[at + 1]) == second);
+    if (goesOn && StartsIgnoringCase(text.substr(at), sought)) return at;
   }
 }
 
