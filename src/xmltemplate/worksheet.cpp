@@ -27,11 +27,12 @@ void cExcel2003XmlWorksheet::Load(TextView sheet) {
   const std::size_t nameStart = FindIgnoringCase(sheet, SymbolText(WorksheetNameSymbol));
   const std::size_t nameEnd = nameStart == TextView::npos ? nameStart : sheet.find(u'"', nameStart);
   if (nameEnd != TextView::npos) text.replace(nameStart, nameEnd - nameStart, Utf8Encode(name_, codePage));
+  const bool mayHaveSections = FindIgnoringCase(text, kSectionBeginStart) != Text::npos;
   text_ = TaggedText(std::move(text), codePage);
   if (nameStart != nameEnd && nameEnd == TextView::npos) {
     Raise(RuntimeError::kInvalidCall, u"The place of the worksheet's name has no closing quote");
   }
-  if (FindIgnoringCase(sheet, kSectionBeginStart) == TextView::npos) return;
+  if (!mayHaveSections) return;
   auto withoutSections = std::make_unique<MarkedText>(text_.Whole());
   ExtractSections(*withoutSections, templateSections_, factory_, *locale_);
   text_ = TaggedText(std::move(withoutSections), codePage);
