@@ -224,8 +224,7 @@ class StepReader {
     std::string text(operation.name);
     text += " takes ";
     for (std::size_t index = 0; index < operation.parameters.size(); ++index) {
-      if (index > 0) text += ", ";
-      if (index == operation.required) text += "and may take ";
+      if (index > 0) text += index == operation.required ? " and may take " : ", ";
       text += operation.parameters[index].name;
     }
     return text;

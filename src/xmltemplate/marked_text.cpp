@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "xmltemplate/markers.h"
 #include "xmltemplate/template_text.h"
 
 namespace zorkanca {
@@ -156,12 +157,12 @@ TextPlace MarkedText::SafeStart(TextPlace from, TextView with) const {
   if (const TextPiece* previous = order_.Previous(from.piece); previous && from.offset == 0) {
     if (previous->text.ends_with(u'>')) return from;
   }
-  // Long enough to hold the start of any token, and blanks behind a "<?" with what is before them.
-  constexpr std::size_t kLongest = 8;
+  constexpr std::size_t kLongest = 8;  // beginnings of tokens are shorter
   Text tail;
   TextPlace start = from;
   const auto isEnough = [&tail] {
-    return tail.size() >= kLongest && !IsTemplateBlank(tail[0]) && !IsTemplateBlank(tail[1]);
+    // Of markers, any number of blanks may stand between "<?" and the word.
+    return tail.size() >= kLongest && MarkerStartAt(u"<?" + tail.substr(tail[0] == u'?')) != MarkerStart::kPending;
   };
   while (!isEnough()) {
     if (!start.piece || start.offset == 0) {

@@ -87,8 +87,8 @@ Text IndexText(std::int16_t index) {
   return index < 0 ? u"-" + digits : digits;
 }
 
-void AppendCellSymbol(Text& text, std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex) {
-  text.append(u"#GD-C");
+void AssignCellSymbol(Text& text, std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex) {
+  text.assign(u"#GD-C");
   AppendDecimal(text, colSign);
   text.append(u"-c[").append(colIndex).append(u"]-R");
   AppendDecimal(text, rowSign);

@@ -69,7 +69,7 @@ Text IndexText(std::int16_t index);
 /// In place of an index: any.
 inline constexpr TextView kAnyIndex = u"***";
 
-/// Appends the symbol of a tagged cell with these indices, each a number's text or `kAnyIndex`.
-void AppendCellSymbol(Text& text, std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex);
+/// Makes a text the symbol of a tagged cell with these indices, each a number's text or `kAnyIndex`.
+void AssignCellSymbol(Text& text, std::int16_t colSign, std::int16_t rowSign, TextView colIndex, TextView rowIndex);
 
 }  // namespace zorkanca

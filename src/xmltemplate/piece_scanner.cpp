@@ -70,7 +70,7 @@ std::size_t FindLastToken(TextView text, TokenSet tokens) {
 
 bool PieceScanner::Scan(TextView text, bool isLast) {
   if (inMarker_ && !FinishMarker(text, isLast)) return false;
-  for (std::size_t at = text.find(u'<', next_); at != TextView::npos; at = text.find(u'<', next_)) {
+  for (std::size_t at = FindUnit(text, u'<', next_); at != TextView::npos; at = FindUnit(text, u'<', next_)) {
     const Beginning beginning = BeginningAt(text.substr(at));
     next_ = at;
     if (beginning.isPending && !isLast) return false;

@@ -16,8 +16,7 @@ TextPiece* TaggedText::FindCell(const TaggedCell& cell) {
   const Text row = IndexText(cell.RowIndex);
   const TextView indices[][2] = {{column, row}, {kAnyIndex, kAnyIndex}, {kAnyIndex, row}, {column, kAnyIndex}};
   for (const auto& [colIndex, rowIndex] : indices) {
-    symbol_.clear();
-    AppendCellSymbol(symbol_, cell.ColSign, cell.RowSign, colIndex, rowIndex);
+    AssignCellSymbol(symbol_, cell.ColSign, cell.RowSign, colIndex, rowIndex);
     if (TextPiece* marker = Marked().FirstMarker(symbol_)) return marker;
   }
   return nullptr;

@@ -1,11 +1,14 @@
 #include "xmltemplate/template_text.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace zorkanca {
 
 bool EqualsIgnoringAsciiCase(TextView left, TextView right) {
-  return left.size() == right.size() && StartsIgnoringCase(left, right);
+  if (left.size() != right.size()) return false;
+  const bool isSame = std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;  // most are
+  return isSame || StartsIgnoringCase(left, right);
 }
 
 bool StartsIgnoringCase(TextView text, TextView start) {
@@ -16,6 +19,17 @@ bool StartsIgnoringCase(TextView text, TextView start) {
   return true;
 }
 
+// The compiler turns the inner loop into a few instructions.
+std::size_t FindUnit(TextView text, char16_t unit, std::size_t from) {
+  constexpr std::size_t kBlock = 16;
+  for (; from + kBlock <= text.size(); from += kBlock) {
+    unsigned found = 0;
+    for (std::size_t index = 0; index < kBlock; ++index) found |= text[from + index] == unit ? 1u : 0u;
+    if (found != 0) break;
+  }
+  return text.find(unit, from);
+}
+
 // Nearly all that is sought begins with a sign of punctuation: looking for that unit alone passes over most of a text.
 std::size_t FindIgnoringCase(TextView text, TextView sought, std::size_t from) {
   if (sought.empty()) return from <= text.size() ? from : TextView::npos;
@@ -23,7 +37,7 @@ std::size_t FindIgnoringCase(TextView text, TextView sought, std::size_t from) {
   const bool isLetter = first >= u'a' && first <= u'z';
   const char16_t firsts[] = {first, static_cast<char16_t>(first - u'a' + u'A')};
   for (std::size_t at = from;; ++at) {
-    at = isLetter ? text.find_first_of(firsts, at, 2) : text.find(first, at);
+    at = isLetter ? text.find_first_of(firsts, at, 2) : FindUnit(text, first, at);
     if (at == TextView::npos || StartsIgnoringCase(text.substr(at), sought)) return at;
   }
 }
@@ -105,7 +119,7 @@ Text RemoveBlankLines(Text text) {
   };
   std::size_t unmoved = 0;
   std::size_t line = 0;
-  for (std::size_t end = text.find(kCrLf); end != Text::npos; end = text.find(kCrLf, line)) {
+  for (std::size_t end = FindIgnoringCase(text, kCrLf); end != Text::npos; end = FindIgnoringCase(text, kCrLf, line)) {
     const std::size_t next = end + kCrLf.size();
     if (TrimLeftBlanks(TextView(text).substr(line, end - line)).empty()) {
       keep(unmoved, line);

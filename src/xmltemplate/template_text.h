@@ -24,6 +24,8 @@ constexpr char16_t AsciiLower(char16_t unit) {
 
 bool EqualsIgnoringAsciiCase(TextView left, TextView right);
 bool StartsIgnoringCase(TextView text, TextView start);
+/// Position of the first such unit at or after `from`; `npos` when there is none.
+std::size_t FindUnit(TextView text, char16_t unit, std::size_t from);
 /// Position of the first occurrence at or after `from`; `npos` when there is none.
 std::size_t FindIgnoringCase(TextView text, TextView sought, std::size_t from = 0);
 

@@ -97,7 +97,7 @@ void PieceList::Overwrite(TextPiece* piece, TextPiece* with) {
   with->block = &block;
   with->index = piece->index;
   piece->block = nullptr;
-  if (piece->tokens & ~with->tokens) {
+  if (piece->tokens & ~with->tokens & ~kMarker) {  // nobody searches for markers here
     CollectTokens(block);
   } else {
     block.tokens |= with->tokens;

@@ -8,21 +8,6 @@
 
 namespace zorkanca {
 
-namespace {
-
-// The sheet with the name in place of the name's symbol and the key behind it, up to the closing quote.
-Text WithName(TextView sheet, TextView name, const CodePage& codePage) {
-  Text named(sheet);
-  const std::size_t start = FindIgnoringCase(sheet, SymbolText(WorksheetNameSymbol));
-  if (start == TextView::npos) return named;
-  const std::size_t end = sheet.find(u'"', start);
-  if (end == TextView::npos)
-    Raise(RuntimeError::kInvalidCall, u"The place of the worksheet's name has no closing quote");
-  return named.replace(start, end - start, Utf8Encode(name, codePage));
-}
-
-}  // namespace
-
 cExcel2003XmlWorksheet::cExcel2003XmlWorksheet(Text worksheetName, const Locale& locale)
     : name_(std::move(worksheetName)),
       locale_(&locale),
@@ -37,8 +22,17 @@ TaggedText& cExcel2003XmlWorksheet::Tagged() {
 
 void cExcel2003XmlWorksheet::Load(TextView sheet) {
   const CodePage& codePage = *locale_->codePage;
-  text_ = TaggedText(Text(sheet), codePage);  // what remains when the name has no place
-  text_ = TaggedText(WithName(sheet, name_, codePage), codePage);
+  Text text(sheet);
+  // The name replaces its symbol and the key behind that, up to the closing quote.
+  const std::size_t nameStart = FindIgnoringCase(sheet, SymbolText(WorksheetNameSymbol));
+  const std::size_t nameEnd = nameStart == TextView::npos ? nameStart : sheet.find(u'"', nameStart);
+  if (nameEnd != TextView::npos) text.replace(nameStart, nameEnd - nameStart, Utf8Encode(name_, codePage));
+  const bool mayHaveSections = FindIgnoringCase(text, kSectionBeginStart) != Text::npos;
+  text_ = TaggedText(std::move(text), codePage);
+  if (nameStart != nameEnd && nameEnd == TextView::npos) {
+    Raise(RuntimeError::kInvalidCall, u"The place of the worksheet's name has no closing quote");
+  }
+  if (!mayHaveSections) return;
   auto withoutSections = std::make_unique<MarkedText>(text_.Whole());
   ExtractSections(*withoutSections, templateSections_, factory_, *locale_);
   text_ = TaggedText(std::move(withoutSections), codePage);

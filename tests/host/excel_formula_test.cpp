@@ -17,7 +17,7 @@ TEST(FormulaTest, OnlyReferencesMoveAndOnlyTheirRelativeParts) {
       {"$B3+B$3+$B$3", "RC2+R3C[-1]+R3C2", "$B5+B$3+$B$3"},
       {"SUM(A1:B3)", "SUM(R[-2]C[-2]:RC[-1])", "SUM(A3:B5)"},
       {"SUM(A:A,$B:C)", "SUM(C[-2],C2:C)", "SUM(A:A,$B:C)"},
-      {"SUM(3:$4)", "SUM(R:R4)", "SUM($4:5)"},
+      {"SUM(3:$4)", "SUM(R:R4)", "SUM(5:$4)"},
       {"'List 2'!B3&Data!$A1", "'List 2'!RC[-1]&Data!R[-2]C1", "'List 2'!B5&Data!$A3"},
       {"Jan:Dec!B3+[1]Sheet!B3", "Jan:Dec!RC[-1]+[1]Sheet!RC[-1]", "Jan:Dec!B5+[1]Sheet!B5"},
       {"'It''s B3'!B3", "'It''s B3'!RC[-1]", "'It''s B3'!B5"},

@@ -66,7 +66,7 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
       {"3/2024", "45352" + look(ContentLook::kMonthYear)},
       {"5.3.2024 18:00", "45356.75" + look(ContentLook::kDateTime)},
       {"6:00", "0.25" + look(ContentLook::kTime)},
-      {"6:00:36", "0.25041666666666668" + look(ContentLook::kTimeSeconds)},
+      {"6:00:36", "0.2504166666666667" + look(ContentLook::kTimeSeconds)},
       {"6:00 PM", "0.75" + look(ContentLook::kTime)},
       {"36:00", "1.5" + look(ContentLook::kElapsed)},
       {"6:60", "text"},
@@ -100,11 +100,11 @@ TEST(ExcelImportTest, FieldsOfRecords) {
   EXPECT_EQ(shown("a;b\r\nc;d\r\n"), "'a|'b / 'c|'d");
   EXPECT_EQ(shown("00123;=A1;-5\r\n"), "'00123|'=A1|'-5");
   EXPECT_EQ(shown("\"x;\"\"y\"\"\";b\"c\"\r\n\"1\"2;\"\"\r\n"), "'x;\"y\"|'b\"c\" / '12|");
-  EXPECT_EQ(shown("\"dva\r\nřádky\";b\r\n"), "'dva\nřádky|'b");
+  EXPECT_EQ(shown("\"dva\r\nřádky\";b\r\n"), "'dva\\nřádky|'b");
   EXPECT_EQ(shown("a;;c\r\n\r\n;;\r\nd"), "'a||'c / ~|~|~ / || / 'd|~|~");
   EXPECT_EQ(shown(" ;;\r\nx;y;z\r\n"), "' || / 'x|'y|'z");
-  EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\nb\nc|'d\ne / 'x\ny / 'z\n");
-  EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\nc");
+  EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\\nb\\nc|'d\\ne / 'x\\ny|~ / 'z\\n|~");
+  EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\\nc");
   EXPECT_EQ(shown("\r\n"), "~");
 }
 

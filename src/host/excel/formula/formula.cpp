@@ -248,7 +248,8 @@ void Formula::AppendR1C1(std::string& text) const {
       start += piece.length;
     } else {
       corner(piece, piece.first);
-      if (piece.shape == Shape::kCell) continue;
+      const bool isOneLine = piece.shape != Shape::kArea && piece.first == piece.last;  // "C2", not "C2:C2"
+      if (piece.shape == Shape::kCell || isOneLine) continue;
       text.push_back(':');
       corner(piece, piece.last);
     }

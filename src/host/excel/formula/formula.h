@@ -31,10 +31,12 @@ class Formula {
     std::int32_t number = 0;
     bool absolute = false;
 
+    friend bool operator==(const Coordinate&, const Coordinate&) = default;
     std::int32_t From(std::int32_t base) const { return absolute ? number : base + number; }
   };
   struct Corner {
     Coordinate row, column;
+    friend bool operator==(const Corner&, const Corner&) = default;
   };
   enum class Shape { kText, kCell, kArea, kRows, kColumns };
   struct Piece {

@@ -141,6 +141,7 @@ const RowView& RowComposer::Compose() {
   }
   for (std::size_t i = start; i < layers.size(); ++i) {
     if (!AreaOf(layers[i]).HasRow(row_)) continue;
+    layer_ = i;
     if (const auto* contents = std::get_if<ContentsLayer>(&layers[i])) Apply(*contents, states_[i]);
     if (const auto* look = std::get_if<LookLayer>(&layers[i])) Apply(*look, states_[i]);
     if (const auto* edits = std::get_if<EditsLayer>(&layers[i])) Apply(*edits);
@@ -148,8 +149,26 @@ const RowView& RowComposer::Compose() {
   return view_;
 }
 
-std::uint32_t RowComposer::StyleBelow(std::int32_t column) const {
-  return view_.styled ? view_.style : model_.columns().StyleOf(column);
+std::uint32_t RowComposer::Changed(const SheetModel& model, const LookLayer& layer, LayerState& state,
+                                   std::uint32_t style) {
+  for (const auto& [from, to] : state.styles) {
+    if (from == style) return to;
+  }
+  state.styles.emplace_back(style, model.styles().Changed(style, layer.change));
+  return state.styles.back().second;
+}
+
+// The look of a place without a cell, as the layers so far left it.
+std::uint32_t RowComposer::StyleBelow(std::int32_t column) {
+  if (view_.styled) return view_.style;
+  std::uint32_t style = model_.fileColumns().StyleOf(column);
+  for (std::size_t i = 0; i < layer_; ++i) {
+    const auto* look = std::get_if<LookLayer>(&model_.layers()[i]);
+    if (look && look->area.IsWholeColumns() && look->area.HasColumn(column)) {
+      style = Changed(model_, *look, states_[i], style);
+    }
+  }
+  return style;
 }
 
 std::uint32_t RowComposer::StyleOfLook(ContentLook look, const CellSource& source) {
@@ -217,13 +236,7 @@ void RowComposer::Apply(const ContentsLayer& layer, LayerState& state) {
 }
 
 void RowComposer::Apply(const LookLayer& layer, LayerState& state) {
-  const auto changed = [&](std::uint32_t style) {
-    for (const auto& [from, to] : state.styles) {
-      if (from == style) return to;
-    }
-    state.styles.emplace_back(style, model_.styles().Changed(style, layer.change));
-    return state.styles.back().second;
-  };
+  const auto changed = [&](std::uint32_t style) { return Changed(model_, layer, state, style); };
   if (layer.area.IsWholeRows()) {
     view_.style = changed(view_.styled ? view_.style : 0);
     view_.styled = true;

@@ -44,7 +44,8 @@ class RowComposer {
   void Apply(const LookLayer& layer, LayerState& state);
   void Apply(const EditsLayer& layer);
   void Put(const Content& content, const ContentsLayer& layer, std::int32_t column, const CellView* below);
-  std::uint32_t StyleBelow(std::int32_t column) const;
+  std::uint32_t StyleBelow(std::int32_t column);
+  static std::uint32_t Changed(const SheetModel& model, const LookLayer& layer, LayerState& state, std::uint32_t style);
   std::uint32_t StyleOfLook(ContentLook look, const CellSource& source);
   std::uint32_t Quoted(std::uint32_t style);
   std::string_view DateText(const Content& content);
@@ -52,6 +53,7 @@ class RowComposer {
   const SheetModel& model_;
   std::vector<LayerState> states_;
   std::int32_t row_ = 0;
+  std::size_t layer_ = 0;  // that is being applied
   RowView view_;
   std::vector<CellView> merged_;
   std::vector<std::int64_t> lookStyles_;  // by ContentLook; -1 while unknown

@@ -68,8 +68,11 @@ class SheetModel {
   bool is1904() const { return is1904_; }
   ColumnTable& columns() { return columns_; }
   const ColumnTable& columns() const { return columns_; }
+  /// As the file has them, before any layer.
+  const ColumnTable& fileColumns() const { return fileColumns_; }
 
   std::shared_ptr<const RowBlock> CopyRows(std::int32_t top, std::int32_t bottom) const;
+  /// Errors: 1004 when a part of an array formula would be replaced.
   void PasteRows(std::shared_ptr<const RowBlock> block, std::int32_t first, std::int32_t copies);
   void Lay(ContentsLayer layer);
   /// Lays an array of contents; arrays laid one below the other become one layer.
@@ -103,6 +106,7 @@ class SheetModel {
   StyleBook& styles_;
   bool is1904_;
   ColumnTable columns_;
+  ColumnTable fileColumns_;
   std::vector<Layer> layers_;
   std::vector<CellArea> fits_;
   std::optional<CellArea> selection_;

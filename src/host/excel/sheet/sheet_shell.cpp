@@ -67,6 +67,12 @@ class ShellMaker {
  private:
   std::string Name(std::string_view local) const { return prefix_ + std::string(local); }
   pugi::xml_node Child(std::string_view local) { return root_.child(Name(local).c_str()); }
+  std::vector<pugi::xml_node> Children(pugi::xml_node parent, std::string_view local) const {
+    const std::string name = Name(local);
+    std::vector<pugi::xml_node> found;
+    for (const pugi::xml_node child : parent.children(name.c_str())) found.push_back(child);
+    return found;
+  }
 
   // A node at the place of the schema where an element of this name stands.
   pugi::xml_node Insert(std::string_view local, pugi::xml_node_type type, const char* name) {
@@ -117,7 +123,7 @@ class ShellMaker {
     const pugi::xml_node pane = view.child(Name("pane").c_str());
     const std::string_view active = pane ? pane.attribute("activePane").value() : "";
     pugi::xml_node selection;
-    for (const pugi::xml_node each : view.children(Name("selection").c_str())) {
+    for (const pugi::xml_node each : Children(view, "selection")) {
       if (active == each.attribute("pane").value()) selection = each;
     }
     if (!selection) {
@@ -143,7 +149,7 @@ class ShellMaker {
   void ReplaceMerges() {
     pugi::xml_node list = Child("mergeCells");
     if (!list) return;
-    for (const pugi::xml_node merge : list.children(Name("mergeCell").c_str())) {
+    for (const pugi::xml_node merge : Children(list, "mergeCell")) {
       if (const std::optional<CellArea> area = ParseArea(merge.attribute("ref").value())) merges_.push_back(*area);
     }
     for (const RowRepeat& repeat : repeats_) merges_ = RepeatMerges(merges_, repeat);
@@ -169,11 +175,11 @@ class ShellMaker {
 
   void RepeatRules() {
     std::vector<pugi::xml_node> rules;
-    for (const pugi::xml_node child : root_.children(Name("conditionalFormatting").c_str())) rules.push_back(child);
-    for (const pugi::xml_node child : Child("dataValidations").children(Name("dataValidation").c_str())) {
+    for (const pugi::xml_node child : Children(root_, "conditionalFormatting")) rules.push_back(child);
+    for (const pugi::xml_node child : Children(Child("dataValidations"), "dataValidation")) {
       rules.push_back(child);
     }
-    for (const pugi::xml_node child : Child("ignoredErrors").children(Name("ignoredError").c_str())) {
+    for (const pugi::xml_node child : Children(Child("ignoredErrors"), "ignoredError")) {
       rules.push_back(child);
     }
     for (const pugi::xml_node rule : rules) RepeatRule(rule);
@@ -181,10 +187,9 @@ class ShellMaker {
          {std::pair("dataValidations", "dataValidation"), std::pair("ignoredErrors", "ignoredError")}) {
       const pugi::xml_node node = Child(list);
       if (!node) continue;
-      const auto entries = node.children(Name(entry).c_str());
-      const auto count = std::distance(entries.begin(), entries.end());
+      const std::size_t count = Children(node, entry).size();
       if (count == 0) root_.remove_child(node);
-      if (count > 0 && node.attribute("count")) node.attribute("count").set_value(static_cast<long long>(count));
+      if (count > 0 && node.attribute("count")) node.attribute("count").set_value(std::to_string(count).c_str());
     }
   }
 
@@ -196,7 +201,7 @@ class ShellMaker {
       std::string rest;
     };
     std::vector<Link> links;
-    for (pugi::xml_node link : list.children(Name("hyperlink").c_str())) {
+    for (pugi::xml_node link : Children(list, "hyperlink")) {
       const std::optional<CellArea> area = ParseArea(link.attribute("ref").value());
       if (!area) continue;
       link.remove_attribute("ref");
