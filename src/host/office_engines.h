@@ -17,7 +17,6 @@ class OfficeEngines final : public OfficeApplications {
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }
   WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
-  WordDocumentReference GetDocument(TextView path) override { return word_.GetDocument(path); }
   ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
   ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
   ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }

@@ -17,8 +17,8 @@ std::vector<Control*> InTabOrder(const Form& form) {
 Control* NamedBy(const Label& label) {
   const std::vector<Control*> order = InTabOrder(label.form());
   const auto self = std::find(order.begin(), order.end(), &label);
-  const auto next = std::find_if(
-      self, order.end(), [](const Control* control) { return dynamic_cast<const Label*>(control) == nullptr; });
+  const auto next = std::find_if(self, order.end(),
+                                 [](const Control* control) { return dynamic_cast<const Label*>(control) == nullptr; });
   return next == order.end() ? nullptr : *next;
 }
 

@@ -63,9 +63,8 @@ TEST(DesktopUserInterface, MessagesAreBoxesWhileAWindowIsOpen) {
     user.ShowModal(form, nullptr);
     EXPECT_EQ(ErrorOf([&] { user.ShowModal(form, nullptr); }).number(), 5) << "the windows' own error passes through";
     user.Show(kNotice);
-    EXPECT_EQ(terminal.Printed(), answers == Answers::kAsk
-                                      ? "\r\x1b[KT: Hotovo\n"
-                                      : "\r\x1b[KT: Opravit?\n\r\x1b[KT: Hotovo\n");
+    EXPECT_EQ(terminal.Printed(),
+              answers == Answers::kAsk ? "\r\x1b[KT: Hotovo\n" : "\r\x1b[KT: Opravit?\n\r\x1b[KT: Hotovo\n");
   }
   EXPECT_EQ(opened, 2) << "once for each";
   const Journal expected = {"message 0 [T] Hotovo", "beep", "pointer 11", "message 0 [T] Opravit?",

@@ -35,9 +35,9 @@ class SampleForm final : public Form {
     Lay(cancel, 11, {4740, 840, 1140, 375}, u"&Zrušit");
     cancel.isCancel = true;
     cancel.SetAnchors({.left = false, .right = true});
-    for (Control* control : {static_cast<Control*>(&codeLabel), static_cast<Control*>(&code),
-                             static_cast<Control*>(&noteLabel), static_cast<Control*>(&note),
-                             static_cast<Control*>(&flag), static_cast<Control*>(&browse)}) {
+    for (Control* control :
+         {static_cast<Control*>(&codeLabel), static_cast<Control*>(&code), static_cast<Control*>(&noteLabel),
+          static_cast<Control*>(&note), static_cast<Control*>(&flag), static_cast<Control*>(&browse)}) {
       control->SetAnchors({.top = false, .bottom = true});
     }
     rows.SetRows({u"první", u"druhý", u"třetí"});

@@ -49,8 +49,8 @@ class Comparison {
   Text SectionMarker() {
     const TextView names[] = {u"_begin", u"_end", u"_begin", u""};
     const Text number = Below(9) == 0 ? Text(u"1x") : Number(Sign());
-    return Text(u"<?zrx_xls ") + (Below(6) ? u"" : u" ") + u"#worksheet_section" + Text(names[Below(4)]) + u"(" + number +
-           u")# ?>";
+    return Text(u"<?zrx_xls ") + (Below(6) ? u"" : u" ") + u"#worksheet_section" + Text(names[Below(4)]) + u"(" +
+           number + u")# ?>";
   }
   Text WholeCell() {
     return u"<Cell" + Text(Below(2) ? u" ss:StyleID=\"s1\"" : u"") + u"><Data ss:Type=\"String\">" + CellMarker() +
@@ -59,12 +59,54 @@ class Comparison {
 
   Text Fragment() {
     static const std::vector<TextView> plain = {
-        u"<",      u">",       u"<?",      u"?>",         u" ?>",      u"?",         u"<?zrx_xls ", u"zrx_xls ", u"zr",
-        u"<Cell",  u"<cell ",  u"<Cell>",  u"</Cell>",    u"<Data",    u"<DATA>",    u"</Da",       u"ta>",      u"</Data>",
-        u"<Table", u"<Table ", u"<!--",    u"-->",        u"<Column ", u"<Column/>", u"<Column>",   u"/>",       u" ss:StyleID",
-        u"=",      u"\"",      u"=\"x\"",  u" ",          u"\t",       u"\u00A0",    u"\r",         u"\n",       u"\r\n",
-        u"\r\n",   u"   \r\n", u"***",     u"#GD-C1-c[",  u"]-R1-r[***]-#",          u"#",          u"x",        u"]-R1-r[",
-        u"]-#",    u"<Worksheet ss:Name=\"a\"><Table>",   u"<?xml other?>",          u"#worksheet_section(1)#",
+        u"<",
+        u">",
+        u"<?",
+        u"?>",
+        u" ?>",
+        u"?",
+        u"<?zrx_xls ",
+        u"zrx_xls ",
+        u"zr",
+        u"<Cell",
+        u"<cell ",
+        u"<Cell>",
+        u"</Cell>",
+        u"<Data",
+        u"<DATA>",
+        u"</Da",
+        u"ta>",
+        u"</Data>",
+        u"<Table",
+        u"<Table ",
+        u"<!--",
+        u"-->",
+        u"<Column ",
+        u"<Column/>",
+        u"<Column>",
+        u"/>",
+        u" ss:StyleID",
+        u"=",
+        u"\"",
+        u"=\"x\"",
+        u" ",
+        u"\t",
+        u"\u00A0",
+        u"\r",
+        u"\n",
+        u"\r\n",
+        u"\r\n",
+        u"   \r\n",
+        u"***",
+        u"#GD-C1-c[",
+        u"]-R1-r[***]-#",
+        u"#",
+        u"x",
+        u"]-R1-r[",
+        u"]-#",
+        u"<Worksheet ss:Name=\"a\"><Table>",
+        u"<?xml other?>",
+        u"#worksheet_section(1)#",
         u"        ",
     };
     const int kind = Below(20);

@@ -53,7 +53,8 @@ inline Text TrimLeadingBlankLines(Text text) {
   return text;
 }
 inline Text TrimTrailingBlankLines(Text text) {
-  for (text = TrimRightBlanks(text); text.ends_with(u"\r\n"); text = TrimRightBlanks(text)) text.resize(text.size() - 2);
+  for (text = TrimRightBlanks(text); text.ends_with(u"\r\n"); text = TrimRightBlanks(text))
+    text.resize(text.size() - 2);
   return text;
 }
 
@@ -260,7 +261,8 @@ inline void ExtractSections(Worksheet& sheet, const Locale& locale) {
     if (begin.start == 0 || end.start == 0) break;
     if (end.start <= begin.end) Raise(RuntimeError::kInvalidCall);
     const Text section = text.substr(begin.end, end.start - begin.end - 1);
-    text = Left(text, begin.start - 1) + u"<?zrx_xls #worksheet_section(" + Number(n) + u")# ?>" + Mid(text, end.end + 1);
+    text =
+        Left(text, begin.start - 1) + u"<?zrx_xls #worksheet_section(" + Number(n) + u")# ?>" + Mid(text, end.end + 1);
     sheet.templates.emplace_back(n, TrimTrailingBlankLines(TrimLeadingBlankLines(section)));
   }
   sheet.text = text;

@@ -13,8 +13,8 @@ namespace zorkanca {
 /// @param version  the caller's version
 /// @param reason   gets why there are no windows
 /// @return null when there are none
-extern "C" using CreateWindowsFunction = UserInterface*(const char* version, std::string& reason);
-extern "C" using DestroyWindowsFunction = void(UserInterface* windows);
+extern "C" using CreateWindowsFunction = UserInterface * (const char* version, std::string& reason);
+extern "C" using DestroyWindowsFunction = void(UserInterface * windows);
 inline constexpr const char* kCreateWindows = "zorkanca_create_windows";
 inline constexpr const char* kDestroyWindows = "zorkanca_destroy_windows";
 

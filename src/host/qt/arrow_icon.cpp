@@ -42,8 +42,7 @@ QIcon ArrowIcon(ButtonImage image, const QWidget& widget) {
   if (image == ButtonImage::kNone) return {};
   const bool up = image == ButtonImage::kEnabledUp || image == ButtonImage::kDisabledUp;
   const bool enabled = image == ButtonImage::kEnabledUp || image == ButtonImage::kEnabledDown;
-  const QColor color =
-      widget.palette().color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+  const QColor color = widget.palette().color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
   const QPixmap picture = Arrow(up, color, widget.fontMetrics().height(), widget.devicePixelRatioF());
   QIcon icon;
   for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) icon.addPixmap(picture, mode);

@@ -95,7 +95,8 @@ void FormWindow::Place() {
     move(place.topLeft());
   } else if (!isVisible()) {
     const QWidget* owner = parentWidget();
-    const QRect area = owner != nullptr ? owner->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect area =
+        owner != nullptr ? owner->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
     move(area.center() - rect().center());
   }
   const Qt::WindowStates states = windowState() & ~(Qt::WindowMaximized | Qt::WindowMinimized);
@@ -211,8 +212,8 @@ void FormWindow::ReportPlace() {
 }
 
 ControlView* FormWindow::ViewOf(const Control& control) const {
-  const auto view = std::find_if(views_.begin(), views_.end(),
-                                 [&control](const auto& each) { return &each->control() == &control; });
+  const auto view =
+      std::find_if(views_.begin(), views_.end(), [&control](const auto& each) { return &each->control() == &control; });
   return view == views_.end() ? nullptr : view->get();
 }
 

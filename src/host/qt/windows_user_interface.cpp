@@ -153,8 +153,8 @@ QWidget* WindowsUserInterface::TopWindow() const {
 }
 
 FormWindow* WindowsUserInterface::WindowOf(const Form* form) const {
-  const auto window = std::find_if(windows_.begin(), windows_.end(),
-                                   [form](const FormWindow* each) { return &each->form() == form; });
+  const auto window =
+      std::find_if(windows_.begin(), windows_.end(), [form](const FormWindow* each) { return &each->form() == form; });
   return window == windows_.end() ? nullptr : *window;
 }
 
