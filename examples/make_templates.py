@@ -80,7 +80,7 @@ def make_letter():
     document = new_document(2.5)
     header = document.sections[0].header.paragraphs[0]
     header.add_run(FIRM).font.color.rgb = RGBColor(0x40, 0x40, 0x40)
-    header.add_run("\tFaktura ")
+    header.add_run("\t\tFaktura ")  # past the tab stop of the middle
     add_merge_field(header, "cislo")
     footer = document.sections[0].footer.paragraphs[0]
     footer.alignment = WD_ALIGN_PARAGRAPH.CENTER

@@ -37,7 +37,7 @@ LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic
   return {.home = options.home,
           .locale = LocaleOf(options.locale),
           .answers = AnswersOf(options),
-          .insteadOfDialogs = u"--template",
+          .insteadOfDialogs = u"--template or \"alternative set\"",
           .warn = WarnOnceOfEach(),
           .cancelled = [&interrupted] { return interrupted.load(); }};
 }

@@ -5,6 +5,7 @@
 
 #include "cli/command_line.h"
 #include "host/files/native_path.h"
+#include "runtime/utf8.h"
 
 namespace zorkanca::cli {
 
@@ -12,15 +13,17 @@ namespace {
 
 constexpr std::size_t kDocumentsPerBatch = 200;  // what one call of the converter takes
 
-LibreOfficeConverter ConverterStoppedBy(const std::atomic<bool>& interrupted) {
+LibreOfficeConverter ConverterStoppedBy(const std::atomic<bool>& interrupted, const Locale& locale) {
   LibreOfficeConverter::Settings settings;
+  settings.localeTag = ToUtf8(locale.tag);
   settings.cancelled = [&interrupted] { return interrupted.load(); };
   return LibreOfficeConverter(std::move(settings));
 }
 
 }  // namespace
 
-PdfBatch::PdfBatch(const std::atomic<bool>& interrupted) : converter_(ConverterStoppedBy(interrupted)) {}
+PdfBatch::PdfBatch(const Locale& locale, const std::atomic<bool>& interrupted)
+    : converter_(ConverterStoppedBy(interrupted, locale)) {}
 
 void PdfBatch::Add(WordDocument& document, const Text& target) {
   Waiting& added = waiting_.emplace_back();

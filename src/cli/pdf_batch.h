@@ -8,13 +8,15 @@
 #include "host/libreoffice/libreoffice_converter.h"
 #include "host/word/document/temporary_file.h"
 #include "platform/word/word_document.h"
+#include "runtime/locale.h"
 
 namespace zorkanca::cli {
 
 class PdfBatch {
  public:
   /// @param interrupted  stops a conversion once it is set; outlives the batch
-  explicit PdfBatch(const std::atomic<bool>& interrupted);
+  /// @param locale  of the numbers and dates that documents show
+  PdfBatch(const Locale& locale, const std::atomic<bool>& interrupted);
 
   /// Saves the document as it is now; the batch is converted when it is full. Errors: those of saving and `Convert`.
   void Add(WordDocument& document, const Text& target);

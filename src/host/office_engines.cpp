@@ -2,12 +2,15 @@
 
 #include <utility>
 
+#include "runtime/utf8.h"
+
 namespace zorkanca {
 
 namespace {
 
-LibreOfficeConverter CancelledBy(const std::function<bool()>& cancelled) {
+LibreOfficeConverter ConverterFor(const Locale& locale, const std::function<bool()>& cancelled) {
   LibreOfficeConverter::Settings settings;
+  settings.localeTag = ToUtf8(locale.tag);
   settings.cancelled = cancelled;
   return LibreOfficeConverter(std::move(settings));
 }
@@ -15,6 +18,7 @@ LibreOfficeConverter CancelledBy(const std::function<bool()>& cancelled) {
 }  // namespace
 
 OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
-    : word_(locale, CancelledBy(cancelled), std::move(warn), cancelled), excel_(locale, CancelledBy(cancelled)) {}
+    : word_(locale, ConverterFor(locale, cancelled), std::move(warn), cancelled),
+      excel_(locale, ConverterFor(locale, cancelled)) {}
 
 }  // namespace zorkanca

@@ -682,10 +682,15 @@ class CommandLineTest(unittest.TestCase):
         self.templates("show", "--list", "a\\b", status=1)
         chosen = self.templates("choose", "--admin", "--caption", "Vyberte", status=1)
         self.assertEqual(chosen[0], "")
-        self.assertIn("Seznam šablon: ", chosen[1], "says that no dialog can be shown")
+        self.assertIn("neither a screen nor a terminal to ask on; use --template", chosen[1])
         (self.folder / "no folder").touch()
         self.assertIn("no folder/HKLM.reg: ", self.run_program("--home", "no folder", "templates", "show", "--application",
                                                                "A1", status=1)[1])
+
+    def test_the_library_of_windows_is_loaded_only_for_windows(self):
+        linked = subprocess.run(["ldd", PROGRAM], capture_output=True, check=True).stdout.decode()
+        self.assertIn("libsqlite3", linked)
+        self.assertNotIn("Qt", linked)
 
     def test_templates_survive_what_somebody_wrote_into_the_registry(self):
         key = r"[HKEY_CURRENT_USER\Software\QRD\Zorix\SABLONY\B2\(Výchozí)"

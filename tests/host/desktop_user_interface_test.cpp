@@ -33,7 +33,7 @@ TEST(DesktopUserInterface, WithoutScreenAndTerminalTheOptionIsNamed) {
     const Error error = ErrorOf(dialog);
     EXPECT_EQ(error.number(), 5);
     EXPECT_EQ(Shown(error.description()),
-              "there is neither a screen nor a terminal to ask on; say it by the option --template (not installed)");
+              "there is neither a screen nor a terminal to ask on; use --template instead (not installed)");
   }
   EXPECT_FALSE(form.loaded());
 }

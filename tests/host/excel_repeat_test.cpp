@@ -208,6 +208,15 @@ TEST(ExcelRepeatTest, WhatDoesNotFitIsRefused) {
   bench.Application()->CutCopyMode(false);
   sheet->Range(u"A4")->Select();
   EXPECT_EQ(ErrorOf([&] { sheet->Paste(); }).number(), 1004);
+
+  const ExcelWorkbookReference arrays = bench.Add(
+      {.rows = "<row r=\"1\"/><row r=\"3\"><c r=\"A3\"><f t=\"array\" ref=\"A3:B4\">ROW(A1:B2)</f></c></row>"});
+  const ExcelWorksheetReference other = arrays->ActiveSheet();
+  other->Rows(u"1:1")->Copy();
+  other->Rows(u"2:3")->Select();
+  EXPECT_EQ(ErrorOf([&] { other->Paste(); }).number(), 1004);
+  other->Rows(u"2:4")->Select();
+  other->Paste();
 }
 
 }  // namespace

@@ -340,6 +340,31 @@ TEST(ExcelWorkbookTest, RefusesBadWorkbooksBeforeAnythingIsWritten) {
   EXPECT_NE(ErrorOf([&] { bench.Application()->AddWorkbook(bench.folder.TextPath("no.xltx")); }).number(), 0);
 }
 
+TEST(ExcelWorkbookTest, OtherFormatsByLibreOffice) {
+  ExcelBench bench;
+  bench.folder.Write(
+      "old.xls",
+      "<?xml version=\"1.0\"?><?mso-application progid=\"Excel.Sheet\"?><Workbook "
+      "xmlns=\"urn:schemas-microsoft-com:office:spreadsheet\" "
+      "xmlns:ss=\"urn:schemas-microsoft-com:office:spreadsheet\"><Worksheet ss:Name=\"Ceny\"><Table><Row>"
+      "<Cell><Data ss:Type=\"String\">{nazev}</Data></Cell><Cell><Data ss:Type=\"Number\">12.5</Data></Cell>"
+      "<Cell ss:Formula=\"=RC[-1]*2\"><Data ss:Type=\"Number\">0</Data></Cell></Row></Table></Worksheet>"
+      "</Workbook>");
+  const ExcelWorkbookReference workbook = bench.Application()->AddWorkbook(bench.folder.TextPath("old.xls"));
+  EXPECT_EQ(Shown(workbook->Name()), "old1");
+  const ExcelWorksheetReference sheet = workbook->ActiveSheet();
+  EXPECT_EQ(Shown(sheet->Range(u"A1")->Text()), "{nazev}");
+  sheet->Range(u"B1")->Formula(u"21");
+  bench.Saved(*workbook);
+  EXPECT_EQ(ErrorOf([&] { workbook->ExportAsFixedFormat({.fileName = workbook->FullName()}); }).number(), 70);
+  workbook->ExportAsFixedFormat({.fileName = bench.folder.TextPath("out.pdf")});
+  EXPECT_TRUE(bench.folder.Read("out.pdf").starts_with("%PDF"));
+  // The written formula is calculated by whoever opens the file.
+  LibreOfficeConverter().ToOpenXml(bench.folder.Path("out.xlsx"), bench.folder.Path("again.xlsx"));
+  const ExcelWorkbookReference again = bench.Engine().GetWorkbook(bench.folder.TextPath("again.xlsx"));
+  EXPECT_EQ(ShownValues(*again->ActiveSheet()->Range(u"A1:C1")), "'{nazev}|21|42");
+}
+
 TEST(ExcelWorkbookTest, ASaveThatFailsLeavesTheOldFile) {
   ExcelBench bench;
   Package package =

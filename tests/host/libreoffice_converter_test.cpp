@@ -70,6 +70,7 @@ class Converter : public ::testing::Test {
                  .folder = folder_.Path("private"),
                  .patience = 20s,
                  .isolateNetwork = false,
+                 .localeTag = {},
                  .cancelled = {}};
   }
 
@@ -101,6 +102,7 @@ class Converter : public ::testing::Test {
 
 TEST_F(Converter, ThePrivateProfileAndFolderAreAllThatTheProgramIsGiven) {
   const std::string source = Document("-a 'b'\n*$(id);#%41.RTF", "x");
+  settings_.localeTag = "sk-SK";
   LibreOfficeConverter(settings_).ToPdf(source, folder_.Path("out.pdf"),
                                         {.archive = true, .bookmarks = PdfBookmarks::kNone, .tagged = true});
   EXPECT_THAT(folder_.Read("out.pdf"), StartsWith("%PDF-1.6"));
@@ -113,7 +115,8 @@ TEST_F(Converter, ThePrivateProfileAndFolderAreAllThatTheProgramIsGiven) {
   EXPECT_THAT(arguments, ::testing::EndsWith("/in/0.rtf\n"));
   const std::string profile = folder_.Read("private/profile-0/user/registrymodifications.xcu");
   EXPECT_THAT(profile, AllOf(HasSubstr("BlockUntrustedRefererLinks\" oor:op=\"fuse\"><value>true"),
-                             HasSubstr("MacroSecurityLevel\" oor:op=\"fuse\"><value>3")));
+                             HasSubstr("MacroSecurityLevel\" oor:op=\"fuse\"><value>3"),
+                             HasSubstr("ooSetupSystemLocale\" oor:op=\"fuse\"><value>sk-SK<")));
   EXPECT_EQ(folder_.Mode("private/profile-0"), 0700u);
   ExpectNothingLeft();
 

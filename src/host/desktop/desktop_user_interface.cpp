@@ -83,7 +83,7 @@ UserInterface* DesktopUserInterface::Windows() {
 const TerminalDialogs& DesktopUserInterface::OnTerminal() const {
   if (settings_.terminal.Interactive()) return terminalDialogs_;
   Text text = u"there is neither a screen nor a terminal to ask on";
-  if (!settings_.insteadOfDialogs.empty()) text += u"; say it by the option " + settings_.insteadOfDialogs;
+  if (!settings_.insteadOfDialogs.empty()) text += u"; use " + settings_.insteadOfDialogs + u" instead";
   if (!reasonForNone_.empty()) text += u" (" + reasonForNone_ + u")";
   Raise(RuntimeError::kInvalidCall, text);
 }

@@ -20,7 +20,7 @@ class DesktopUserInterface final : public UserInterface {
     Answers answers = Answers::kAsk;
     /// Called when the first window is needed; null where there is no screen.
     WindowsOpener openWindows{};
-    /// The options that take a choice in place of a dialog, named where no dialog can be shown.
+    /// What takes a choice in place of a dialog, named where no dialog can be shown: "--template".
     Text insteadOfDialogs{};
     Terminal terminal{};
   };
@@ -31,7 +31,7 @@ class DesktopUserInterface final : public UserInterface {
   MessageAnswer Show(const Message& message) override;
   void SetMousePointer(MousePointer pointer) override;
   void Beep() override;
-  /// Errors of the dialogs: 5 when there is neither a screen nor a terminal; the description names the options.
+  /// Errors of the dialogs: 5 when there is neither a screen nor a terminal; the description names what to use instead.
   Text ChooseFile(const FileDialog& dialog) override;
   Text ChooseFolder(TextView title, TextView startFolder) override;
   /// On a terminal without bounds, so that what is kept of a screen's windows stays as it is.

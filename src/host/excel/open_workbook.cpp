@@ -70,9 +70,11 @@ void OpenWorkbook::ExportAsFixedFormat(const ExportWorkbookArguments& arguments)
   if (arguments.Type != 0) RaiseUnsupportedExcelMember(u"Workbook.ExportAsFixedFormat other than PDF");
   if (arguments.IgnorePrintAreas) RaiseUnsupportedExcelMember(u"Workbook.ExportAsFixedFormat with IgnorePrintAreas");
   if (arguments.OpenAfterPublish) RaiseUnsupportedExcelMember(u"Workbook.ExportAsFixedFormat with OpenAfterPublish");
+  const std::string path = AbsolutePath(ToNativePath(arguments.fileName));
+  if (path == ToNativePath(fullName_)) Raise(RuntimeError::kPermissionDenied);  // an open file is not to be replaced
   const TemporaryPackage file(".xlsx");
   PackageFor(file.path()).SaveAs(file.path());
-  holder_.converter.ToPdf(file.path(), AbsolutePath(ToNativePath(arguments.fileName)));
+  holder_.converter.ToPdf(file.path(), path);
 }
 
 void OpenWorkbook::Close(bool SaveChanges) {

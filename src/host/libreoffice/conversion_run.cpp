@@ -148,7 +148,7 @@ ConversionRun::Outcome ConversionRun::Call(std::span<const std::size_t> numbers)
   const std::string output = JoinPath(folder_, "said");
   std::error_code ignored;
   std::filesystem::remove(output, ignored);
-  OfficeProfile profile(base_);
+  OfficeProfile profile(base_, settings_.localeTag);
   const ChildEnd end = RunInGroup({.arguments = CommandLine(profile.Url(), numbers),
                                    .environment = {"SAL_USE_VCLPLUGIN=svp", "TMPDIR=" + JoinPath(folder_, "tmp")},
                                    .outputFile = output,

@@ -43,6 +43,7 @@ class LibreOfficeConverter {
     /// How long a call may take whatever it converts; more is added for large documents.
     std::chrono::milliseconds patience = std::chrono::seconds(30);
     bool isolateNetwork = true;       ///< runs in an empty network namespace where the system allows it
+    std::string localeTag;            ///< of numbers and dates in documents, "cs-CZ"; LibreOffice's own when empty
     std::function<bool()> cancelled;  ///< asked now and then while the program runs; may be empty
   };
 

@@ -25,6 +25,8 @@ constexpr std::string_view kSettings =
 <item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="BlockUntrustedRefererLinks" oor:op="fuse"><value>true</value></prop></item>
 <item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="MacroSecurityLevel" oor:op="fuse"><value>3</value></prop></item>
 <item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="DisableMacrosExecution" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Setup/L10N"><prop oor:name="ooSetupSystemLocale" oor:op="fuse"><value>)";
+constexpr std::string_view kSettingsEnd = R"(</value></prop></item>
 </oor:items>
 )";
 
@@ -36,7 +38,7 @@ FileDescriptor OpenLock(const std::string& path) {
 
 }  // namespace
 
-OfficeProfile::OfficeProfile(const std::string& folder) {
+OfficeProfile::OfficeProfile(const std::string& folder, const std::string& localeTag) {
   bool ours = false;
   for (int number = 0; number < kProfiles && !ours; ++number) {
     path_ = JoinPath(folder, "profile-" + std::to_string(number));
@@ -44,16 +46,16 @@ OfficeProfile::OfficeProfile(const std::string& folder) {
     ours = flock(lock_.get(), LOCK_EX | LOCK_NB) == 0;
   }
   if (!ours && Uninterrupted([&] { return flock(lock_.get(), LOCK_EX); }) != 0) RaiseSystemError(errno);
-  WriteSettings();
+  WriteSettings(localeTag);
 }
 
 // Before each start: the program writes its own settings into the same file.
-void OfficeProfile::WriteSettings() const {
+void OfficeProfile::WriteSettings(const std::string& localeTag) const {
   RequirePrivateFolder(path_);
   const std::string user = JoinPath(path_, "user");
   RequirePrivateFolder(user);
   AtomicFile file(JoinPath(user, "registrymodifications.xcu"), {});
-  file.Write(kSettings);
+  file.Write(std::string(kSettings).append(localeTag).append(kSettingsEnd));
   file.Commit();
 }
 

@@ -12,9 +12,10 @@ namespace zorkanca {
 class OfficeProfile {
  public:
   /// Takes the first free profile; waits for one when all are in use.
-  /// @param folder  private folder that holds them
+  /// @param folder     private folder that holds them
+  /// @param localeTag  of the user whose numbers and dates documents show ("cs-CZ"); the program's own when empty
   /// Errors: those of the file system.
-  explicit OfficeProfile(const std::string& folder);
+  OfficeProfile(const std::string& folder, const std::string& localeTag);
 
   /// The profile's place as the program's option wants it: "file:///...".
   std::string Url() const;
@@ -22,7 +23,7 @@ class OfficeProfile {
   void Discard();
 
  private:
-  void WriteSettings() const;
+  void WriteSettings(const std::string& localeTag) const;
 
   std::string path_;
   FileDescriptor lock_;

@@ -1,5 +1,6 @@
 #include "host/excel/sheet/sheet_model.h"
 
+#include "host/excel/excel_errors.h"
 #include "host/excel/sheet/row_composer.h"
 #include "host/excel/sheet/xml_scanner.h"
 #include "host/opc/xml_names.h"
@@ -48,6 +49,11 @@ std::shared_ptr<const RowBlock> SheetModel::CopyRows(std::int32_t top, std::int3
 }
 
 void SheetModel::PasteRows(std::shared_ptr<const RowBlock> block, std::int32_t first, std::int32_t copies) {
+  const CellArea target{first, 1, first + copies * block->RowCount() - 1, kLastColumn};
+  for (const CellArea& array : part_.arrays()) {
+    if (!Common(array, target) || target.Holds(array)) continue;
+    RaiseExcelError(u"A part of an array formula cannot be replaced.");
+  }
   auto* last = layers_.empty() ? nullptr : std::get_if<RowsLayer>(&layers_.back());
   if (last && last->block == block && last->Area().bottom + 1 == first) {
     last->copies += copies;

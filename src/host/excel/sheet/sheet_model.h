@@ -72,6 +72,7 @@ class SheetModel {
   const ColumnTable& fileColumns() const { return fileColumns_; }
 
   std::shared_ptr<const RowBlock> CopyRows(std::int32_t top, std::int32_t bottom) const;
+  /// Errors: 1004 when a part of an array formula would be replaced.
   void PasteRows(std::shared_ptr<const RowBlock> block, std::int32_t first, std::int32_t copies);
   void Lay(ContentsLayer layer);
   /// Lays an array of contents; arrays laid one below the other become one layer.

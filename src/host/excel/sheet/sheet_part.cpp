@@ -89,7 +89,6 @@ class SheetIndexer {
       SheetPart::RowEntry entry{.row = row_, .begin = static_cast<std::uint32_t>(scanner_.begin())};
       if (token == Token::kStart) ReadCells(entry);
       entry.end = static_cast<std::uint32_t>(scanner_.end());
-      part_.hasFormulas_ = part_.hasFormulas_ || entry.hasFormula;
       part_.rows_.push_back(entry);
     }
   }
@@ -120,6 +119,7 @@ class SheetIndexer {
       if (cell.hasFormula) {
         entry.hasFormula = true;
         NoteSharedFormula(cell);
+        NoteArray(cell);
       }
     }
   }
@@ -172,6 +172,11 @@ class SheetIndexer {
     } else if (!part_.sharedFormulas_.count(*index)) {
       RefuseCell("there is no shared formula " + std::to_string(*index));
     }
+  }
+
+  void NoteArray(const FileCell& cell) {
+    if (FindAttribute(cell.formulaAttributes, "t") != "array") return;
+    if (const auto area = ParseArea(FindAttribute(cell.formulaAttributes, "ref"))) part_.arrays_.push_back(*area);
   }
 
   SheetPart& part_;

@@ -51,7 +51,8 @@ class SheetPart {
   const std::optional<CellArea>& used() const { return used_; }
   /// Cells that refer to a shared string.
   std::size_t stringReferences() const { return stringReferences_; }
-  bool hasFormulas() const { return hasFormulas_; }
+  /// What array formulas fill.
+  const std::vector<CellArea>& arrays() const { return arrays_; }
 
  private:
   friend class SheetIndexer;
@@ -68,7 +69,7 @@ class SheetPart {
   pugi::xml_document shell_;
   std::optional<CellArea> used_;
   std::size_t stringReferences_ = 0;
-  bool hasFormulas_ = false;
+  std::vector<CellArea> arrays_;
 };
 
 /// A sheet as its file has it, but without the stored results of its formulas, for sheets that nobody else changes.
