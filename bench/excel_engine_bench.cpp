@@ -10,9 +10,9 @@
 #include <fstream>
 #include <string>
 
-#include "host/excel/excel_engine.h"
-#include "host/opc/package.h"
-#include "host/opc/relationships.h"
+#include "excel/excel_engine.h"
+#include "opc/package.h"
+#include "opc/relationships.h"
 #include "runtime/utf8.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // What one value of a formatted column costs.
 #include <benchmark/benchmark.h>
 
-#include "office/format.h"
+#include "formats/format.h"
 
 namespace zorkanca {
 namespace {

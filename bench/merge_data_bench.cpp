@@ -4,16 +4,16 @@
 
 #include "export/export_failure.h"
 #include "export/query_merge_data.h"
+#include "files/linux_file_system.h"
+#include "files/system_clock.h"
 #include "host/console/console_user_interface.h"
 #include "host/desktop/desktop_shell.h"
-#include "host/files/linux_file_system.h"
 #include "host/office_engines.h"
 #include "host/registry/file_registry.h"
-#include "host/sqlite/sqlite_database.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
-#include "host/system_clock.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 int main(int count, char** arguments) {
   using namespace zorkanca;

@@ -1,7 +1,7 @@
 // What a list of 1,000 templates costs in the registry files of a home folder, with real template files.
 #include <benchmark/benchmark.h>
 
-#include "host/files/linux_file_system.h"
+#include "files/linux_file_system.h"
 #include "host/registry/file_registry.h"
 #include "support/memory_platform.h"
 #include "support/temporary_folder.h"

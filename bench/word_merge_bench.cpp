@@ -12,10 +12,10 @@
 #include <fstream>
 #include <string>
 
-#include "host/opc/package.h"
-#include "host/opc/relationships.h"
-#include "host/word/word_engine.h"
+#include "opc/package.h"
+#include "opc/relationships.h"
 #include "runtime/utf8.h"
+#include "word/word_engine.h"
 
 namespace {
 

@@ -1,30 +1,80 @@
 #!/usr/bin/env python3
-"""Checks the include lines of src/: which layer may include which, where outside libraries may appear, no circles."""
+"""Checks the include lines of src/: who may include whom, where outside libraries may appear, no circles.
+
+    check_layers.py [SRC]    SRC: the folder of the layers, src/ of this project without it
+"""
 import pathlib
 import re
 import sys
 
-SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
+PROJECT = pathlib.Path(__file__).resolve().parent.parent
 
-# A layer may include itself and what stands here.
-BASE = {"runtime", "platform"}
-LOGIC = BASE | {"foundation"}
-ALLOWED = {
+# Every arrow between layers: a layer may include itself and what stands here.
+LOGIC = {"runtime", "platform", "foundation"}
+LAYERS = {
     "runtime": set(),
     "platform": {"runtime"},
-    "foundation": BASE,
+    "foundation": {"platform", "runtime"},
+    "formats": LOGIC,
     "barcode": LOGIC,
     "templates": LOGIC,
     "xmltemplate": LOGIC,
-    "office": LOGIC | {"export"},  # the PDF conversion opens its documents as the exports do
-    "export": LOGIC | {"barcode", "templates", "xmltemplate", "office"},
-    "host": BASE,
-    "cli": None,  # a face sees everything
-    "com": None,
+    "office": LOGIC,
+    "export": LOGIC | {"formats", "barcode", "templates", "office"},
+    "textfiles": {"platform", "runtime"},
+    "files": {"textfiles", "platform", "runtime"},
+    "opc": {"files", "textfiles", "runtime"},
+    "libreoffice": {"files", "opc", "runtime"},
+    "word": {"files", "opc", "libreoffice", "platform", "runtime"},
+    "excel": {"files", "opc", "libreoffice", "platform", "runtime"},
+    "sqlite": {"platform", "runtime"},
+    "host": {"files", "textfiles", "opc", "libreoffice", "word", "excel", "platform", "runtime"},
+    "qt": {"platform", "runtime"},
+    "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "platform", "runtime", "sqlite",
+            "templates", "xmltemplate"},
 }
-# Layers that may include more than the standard library.
-OUTSIDE = {"host", "cli", "com"}
-STANDARD = re.compile(r"^[a-z_0-9]+$")  # <vector>, <cstdint>: no folder, no extension
+
+# Every arrow between the folders of a layer that has any; "" is the layer's own.
+FOLDERS = {
+    "platform": {"": {"word", "excel"}, "word": set(), "excel": set()},
+    "word": {
+        "xml": set(),
+        "text": {"xml"},
+        "fields": {"text", "xml"},
+        "document": {"text", "xml"},
+        "forms": {"document", "fields", "text", "xml"},
+        "merge": {"document", "fields", "text", "xml"},
+        "": {"document", "forms", "merge", "text", "xml"},
+    },
+    "excel": {
+        "grid": set(),
+        "tables": {"grid"},
+        "text": {"grid"},
+        "sheet": {"grid", "tables", "text"},
+        "display": {"grid", "sheet", "tables"},
+        "drawing": {"grid", "sheet", "tables"},
+        "book": {"display", "drawing", "grid", "sheet", "tables"},
+        "": {"book", "display", "grid", "sheet", "tables", "text"},
+    },
+    "host": {
+        "console": set(),
+        "desktop": {"console"},
+        "registry": set(),
+        "system": set(),
+        "": {"desktop", "registry", "system"},
+    },
+}
+
+# Headers from outside that are not the standard library's, and the layers that may use them.
+LIBRARIES = {
+    re.compile(r"pugixml\.hpp$"): {"opc", "word", "excel"},
+    re.compile(r"(expat|zlib)\.h$|isa-l/"): {"opc"},
+    re.compile(r"sqlite3\.h$"): {"sqlite"},
+    re.compile(r"Q[A-Z]"): {"qt"},
+    re.compile(r"(CLI|nlohmann)/"): {"cli"},
+}
+SYSTEM = {"files", "opc", "libreoffice", "word", "excel", "host", "qt", "cli"}  # may use what POSIX declares
+STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no folder, no extension
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')
 
@@ -36,26 +86,61 @@ def includes(path):
             yield number, match.group(1) == "<", match.group(2)
 
 
-def check_file(path, graph):
-    name = path.relative_to(SRC).as_posix()
-    layer = name.split("/")[0]
-    allowed = ALLOWED.get(layer, set())
+def layer_and_folder(name):
+    """"word/merge/program.h" -> ("word", "merge")."""
+    layer, _, rest = name.partition("/")
+    return layer, rest.rpartition("/")[0]
+
+
+def outside_problem(layer, target):
+    if STANDARD.match(target):
+        return None
+    for library, users in LIBRARIES.items():
+        if library.match(target):
+            return None if layer in users else f"{layer} may not use <{target}>"
+    return None if layer in SYSTEM else f"{layer} may use the standard library alone, not <{target}>"
+
+
+def inside_problem(name, target):
+    layer, folder = layer_and_folder(name)
+    target_layer, target_folder = layer_and_folder(target)
+    if layer != target_layer:
+        return None if target_layer in LAYERS[layer] else f"{layer} may not include {target_layer}"
+    if folder == target_folder or target_folder in FOLDERS.get(layer, {}).get(folder, set()):
+        return None
+    return f"{layer}/{folder} may not include {layer}/{target_folder}"
+
+
+def check_file(source, path, graph):
+    name = path.relative_to(source).as_posix()
+    layer, _ = layer_and_folder(name)
+    if layer not in LAYERS:
+        yield f"src/{name}: {layer} is no layer"
+        return
     for number, system, target in includes(path):
-        place = f"src/{name}:{number}"
         if system:
-            if layer not in OUTSIDE and not STANDARD.match(target):
-                yield f"{place}: <{target}> is not of the standard library; only host and the faces may use it"
-            continue
-        if not (SRC / target).is_file():
-            yield f'{place}: "{target}" is no file below src/ (write includes as "layer/file.h")'
-            continue
-        graph.setdefault(name, []).append(target)
-        target_layer = target.split("/")[0]
-        if allowed is not None and target_layer != layer and target_layer not in allowed:
-            yield f"{place}: {layer} may not include {target_layer}"
+            problem = outside_problem(layer, target)
+        elif not (source / target).is_file():
+            problem = f'"{target}" is no file below src/ (write includes as "layer/file.h")'
+        else:
+            graph.setdefault(name, []).append(target)
+            problem = inside_problem(name, target)
+        if problem:
+            yield f"src/{name}:{number}: {problem}"
 
 
 def circles(graph):
+    """Circles of files; and, should the tables above ever allow one, of folders."""
+    folders = {}
+    for name, targets in graph.items():
+        here = name.rpartition("/")[0]
+        there = {target.rpartition("/")[0] for target in targets} - {here}
+        folders.setdefault(here, set()).update(there)
+    yield from circles_of({name: sorted(targets) for name, targets in folders.items()})
+    yield from circles_of(graph)
+
+
+def circles_of(graph):
     state = {}
     trail = []
 
@@ -76,11 +161,12 @@ def circles(graph):
 
 
 def main():
+    source = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else PROJECT / "src").resolve()
     graph = {}
     problems = []
-    for path in sorted(SRC.rglob("*")):
+    for path in sorted(source.rglob("*")):
         if path.suffix in (".h", ".cpp"):
-            problems += check_file(path, graph)
+            problems += check_file(source, path, graph)
     problems += circles(graph)
     for problem in problems:
         print(problem, file=sys.stderr)

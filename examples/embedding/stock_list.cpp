@@ -4,8 +4,8 @@
 #include "export/zor_office.h"
 #include "host/desktop/quiet_shell.h"
 #include "host/linux_platform.h"
-#include "host/sqlite/sqlite_database.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include "barcode/bar_code_drawing.h"
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
-#include "host/sqlite/sqlite_database.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 

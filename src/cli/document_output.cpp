@@ -37,7 +37,8 @@ DocumentOutput::DocumentOutput(const CommandContext& context, const OutputOption
       options_(options),
       template_(rsTemplate),
       isFolder_(count == Count::kSeveral),
-      pdfs_(context.platform.locale, context.interrupted) {
+      pdfs_(context.platform.locale,
+            {.cancelled = [&context] { return context.interrupted.load(); }, .made = PrintLine}) {
   if (options.output.empty()) return;
   FileSystem& files = context.platform.files;
   path_ = files.GetAbsolutePathName(FromUtf8(options.output));

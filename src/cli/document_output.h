@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cli/command_line.h"
-#include "cli/pdf_batch.h"
+#include "host/pdf_batch.h"
 #include "platform/word/word_document.h"
 
 namespace zorkanca::cli {

@@ -7,10 +7,10 @@
 #include "cli/host_platform.h"
 #include "cli/query_arguments.h"
 #include "cli/template_arguments.h"
-#include "host/sqlite/sqlite_database.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 

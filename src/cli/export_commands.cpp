@@ -7,9 +7,9 @@
 #include "cli/query_arguments.h"
 #include "export/column_names.h"
 #include "host/desktop/quiet_shell.h"
-#include "host/sqlite/sqlite_database.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 

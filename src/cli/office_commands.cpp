@@ -6,9 +6,9 @@
 
 #include "cli/command_line.h"
 #include "cli/host_platform.h"
+#include "export/office_pdf_convert.h"
 #include "office/alternative_office_manager.h"
 #include "office/kancel_apl.h"
-#include "office/office_pdf_convert.h"
 #include "platform/paths.h"
 #include "runtime/utf8.h"
 

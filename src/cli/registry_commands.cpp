@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/command_line.h"
-#include "host/files/atomic_file.h"
+#include "files/atomic_file.h"
 #include "host/registry/reg_transfer.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"

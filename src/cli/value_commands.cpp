@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "cli/command_line.h"
-#include "office/format.h"
+#include "formats/format.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/format.h"

@@ -8,8 +8,8 @@
 #include "cli/export_run.h"
 #include "cli/query_arguments.h"
 #include "cli/template_arguments.h"
-#include "host/sqlite/sqlite_database.h"
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 

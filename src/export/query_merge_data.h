@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "barcode/bar_code.h"
-#include "export/column_formats.h"
 #include "export/column_names.h"
 #include "export/export_session.h"
 #include "export/merge_data_file.h"
 #include "export/query_reader.h"
+#include "formats/column_formats.h"
 
 namespace zorkanca {
 

@@ -1,10 +1,10 @@
 #include "export/word_file_export.h"
 
 #include "export/bar_code_specification.h"
-#include "export/column_formats.h"
 #include "export/column_names.h"
 #include "export/export_failure.h"
 #include "export/progress.h"
+#include "formats/column_formats.h"
 
 namespace zorkanca {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "barcode/bar_code.h"
-#include "export/column_formats.h"
 #include "export/driven_word.h"
 #include "export/query_reader.h"
 #include "export/template_choice.h"
+#include "formats/column_formats.h"
 #include "platform/database.h"
 #include "platform/word/word_document.h"
 

@@ -4,14 +4,14 @@
 #include <functional>
 #include <string>
 
+#include "files/linux_file_system.h"
+#include "files/system_clock.h"
 #include "host/desktop/desktop_shell.h"
 #include "host/desktop/desktop_user_interface.h"
-#include "host/files/linux_file_system.h"
 #include "host/office_engines.h"
 #include "host/registry/file_registry.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
-#include "host/system_clock.h"
 #include "platform/platform.h"
 
 namespace zorkanca {

@@ -6,16 +6,12 @@
 
 namespace zorkanca {
 
-namespace {
-
-LibreOfficeConverter ConverterFor(const Locale& locale, const std::function<bool()>& cancelled) {
+LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled) {
   LibreOfficeConverter::Settings settings;
   settings.localeTag = ToUtf8(locale.tag);
-  settings.cancelled = cancelled;
+  settings.cancelled = std::move(cancelled);
   return LibreOfficeConverter(std::move(settings));
 }
-
-}  // namespace
 
 OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
     : word_(locale, ConverterFor(locale, cancelled), std::move(warn), cancelled),

@@ -1,11 +1,16 @@
 // Our own engines in the places of the office applications.
 #pragma once
 
-#include "host/excel/excel_engine.h"
-#include "host/word/word_engine.h"
+#include "excel/excel_engine.h"
+#include "libreoffice/libreoffice_converter.h"
 #include "platform/office_applications.h"
+#include "word/word_engine.h"
 
 namespace zorkanca {
+
+/// The converter that works for a user of that locale.
+/// @param cancelled  asked now and then; true ends a conversion with error 18; may be empty
+LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled);
 
 class OfficeEngines final : public OfficeApplications {
  public:

@@ -1,5 +1,7 @@
 #include "barcode/bar_code_drawing.h"
 
+#include <gtest/gtest.h>
+
 #include "runtime/locale.h"
 #include "support/text_support.h"
 

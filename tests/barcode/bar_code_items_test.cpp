@@ -1,5 +1,7 @@
 #include "barcode/bar_code_items.h"
 
+#include <gtest/gtest.h>
+
 #include "barcode/bar_code.h"
 #include "support/memory_database.h"
 #include "support/text_support.h"

@@ -1,5 +1,7 @@
 #include "barcode/bar_code.h"
 
+#include <gtest/gtest.h>
+
 #include "support/bar_code_reader.h"
 #include "support/memory_database.h"
 #include "support/text_support.h"

@@ -1,5 +1,7 @@
 #include "export/column_names.h"
 
+#include <gtest/gtest.h>
+
 #include "support/text_support.h"
 
 namespace zorkanca::testing {

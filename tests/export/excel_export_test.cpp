@@ -1,5 +1,7 @@
 #include "export/excel_export.h"
 
+#include <gtest/gtest.h>
+
 #include "export/zor_office.h"
 #include "support/journal_events.h"
 #include "support/memory_database.h"

@@ -1,5 +1,7 @@
 #include "export/excel_template_export.h"
 
+#include <gtest/gtest.h>
+
 #include "export/multiplier_sum.h"
 #include "export/zor_office.h"
 #include "support/journal_events.h"

@@ -1,5 +1,8 @@
 #include "export/mail_merge.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "export/zor_office.h"
 #include "support/journal_events.h"
 #include "support/memory_platform.h"

@@ -1,5 +1,7 @@
 #include "export/merge_data_file.h"
 
+#include <gtest/gtest.h>
+
 #include "export/query_merge_data.h"
 #include "support/memory_database.h"
 #include "support/memory_platform.h"

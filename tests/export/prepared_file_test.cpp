@@ -1,5 +1,7 @@
 #include "export/prepared_file.h"
 
+#include <gtest/gtest.h>
+
 #include "export/bar_code_specification.h"
 #include "export/export_failure.h"
 #include "support/memory_platform.h"

@@ -1,5 +1,7 @@
 #include "export/template_choice.h"
 
+#include <gtest/gtest.h>
+
 #include "export/export_failure.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"

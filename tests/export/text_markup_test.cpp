@@ -1,5 +1,7 @@
 #include "export/text_markup.h"
 
+#include <gtest/gtest.h>
+
 #include "export/export_session.h"
 #include "export/word_opening.h"
 #include "support/memory_database.h"

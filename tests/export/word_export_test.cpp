@@ -1,6 +1,9 @@
 // WdExport and WdExport_file: from the data to the merged document, and how they end when they cannot go on.
 #include "export/word_export.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <set>
 
 #include "export/zor_office.h"

@@ -1,4 +1,6 @@
 #include "foundation/argument_details.h"
+
+#include <gtest/gtest.h>
 #include "foundation/argument_error.h"
 #include "foundation/err_data.h"
 #include "foundation/error_codes.h"

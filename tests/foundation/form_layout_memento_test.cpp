@@ -1,5 +1,7 @@
 #include "foundation/form_layout_memento.h"
 
+#include <gtest/gtest.h>
+
 #include "foundation/base_services.h"
 #include "foundation/error_codes.h"
 #include "foundation/focus_move.h"

@@ -1,5 +1,7 @@
 #include "foundation/registry_access.h"
 
+#include <gtest/gtest.h>
+
 #include "foundation/error_codes.h"
 #include "support/memory_registry.h"
 #include "support/text_support.h"

@@ -1,5 +1,7 @@
 #include "foundation/registry_key_cursor.h"
 
+#include <gtest/gtest.h>
+
 #include "support/memory_registry.h"
 #include "support/text_support.h"
 

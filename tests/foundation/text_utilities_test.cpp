@@ -1,4 +1,6 @@
 #include "foundation/error_codes.h"
+
+#include <gtest/gtest.h>
 #include "foundation/string_collection.h"
 #include "foundation/string_routines.h"
 #include "foundation/text_builder.h"

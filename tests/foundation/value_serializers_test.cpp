@@ -1,4 +1,6 @@
 #include "foundation/collection_to_string_serializer.h"
+
+#include <gtest/gtest.h>
 #include "foundation/error_codes.h"
 #include "foundation/value_to_string_serializer.h"
 #include "support/text_support.h"

@@ -1,4 +1,6 @@
 #include "foundation/array_routines.h"
+
+#include <gtest/gtest.h>
 #include "foundation/collection_routines.h"
 #include "foundation/error_codes.h"
 #include "foundation/math_routines.h"

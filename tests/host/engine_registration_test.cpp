@@ -1,5 +1,7 @@
 #include "host/engine_registration.h"
 
+#include <gtest/gtest.h>
+
 #include "support/memory_registry.h"
 #include "support/text_support.h"
 

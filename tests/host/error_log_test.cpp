@@ -7,11 +7,11 @@
 #include <cstdarg>
 #include <thread>
 
+#include "files/linux_file_system.h"
+#include "files/system_clock.h"
 #include "foundation/error_log_writer.h"
-#include "host/files/linux_file_system.h"
 #include "host/system/linux_suite_environment.h"
 #include "host/system/syslog_event_log.h"
-#include "host/system_clock.h"
 #include "support/child_process.h"
 #include "support/memory_platform.h"
 #include "support/memory_registry.h"

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/files/utf16.h"
 #include "support/text_support.h"
+#include "textfiles/utf16.h"
 
 namespace zorkanca::testing {
 namespace {

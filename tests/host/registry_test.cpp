@@ -1,12 +1,13 @@
 // The registry in files: contents, layers, changes, several programs at once.
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include "host/files/utf16.h"
 #include "host/registry/file_registry.h"
 #include "host/registry/reg_transfer.h"
 #include "support/child_process.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
+#include "textfiles/utf16.h"
 
 namespace zorkanca::testing {
 namespace {

@@ -1,5 +1,7 @@
 #include "office/alternative_office_manager.h"
 
+#include <gtest/gtest.h>
+
 #include "foundation/error_codes.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"

@@ -1,6 +1,9 @@
 // The dialog as a person uses it.
 #include "office/alternative_office_preset.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 

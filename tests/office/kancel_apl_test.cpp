@@ -1,5 +1,7 @@
 #include "office/kancel_apl.h"
 
+#include <gtest/gtest.h>
+
 #include "platform/word/word_application.h"
 #include "support/memory_platform.h"
 #include "support/text_support.h"

@@ -1,5 +1,7 @@
 #include "platform/forms.h"
 
+#include <gtest/gtest.h>
+
 #include "runtime/convert.h"
 #include "runtime/locale.h"
 #include "runtime/utf8.h"

@@ -1,4 +1,6 @@
 // Forms in real windows: what a person does reaches the form, what the form's logic does is seen.
+#include <gtest/gtest.h>
+
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>

@@ -1,4 +1,6 @@
 // Message boxes, file dialogs and the screen.
+#include <gtest/gtest.h>
+
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QLineEdit>

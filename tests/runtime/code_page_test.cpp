@@ -1,5 +1,7 @@
 #include "runtime/code_page.h"
 
+#include <gtest/gtest.h>
+
 #include "runtime/locale.h"
 #include "support/case_table.h"
 #include "support/text_support.h"

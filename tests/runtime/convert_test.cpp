@@ -1,5 +1,7 @@
 #include "runtime/convert.h"
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <map>
 

@@ -1,5 +1,7 @@
 #include "runtime/date.h"
 
+#include <gtest/gtest.h>
+
 #include <limits>
 
 #include "runtime/convert.h"

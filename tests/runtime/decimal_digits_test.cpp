@@ -1,5 +1,7 @@
 #include "runtime/decimal_digits.h"
 
+#include <gtest/gtest.h>
+
 #include <bit>
 #include <charconv>
 #include <random>

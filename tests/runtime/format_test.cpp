@@ -1,5 +1,7 @@
 #include "runtime/format.h"
 
+#include <gtest/gtest.h>
+
 #include "support/case_table.h"
 #include "support/text_support.h"
 #include "support/value_text.h"

@@ -1,5 +1,7 @@
 #include "runtime/iso_date.h"
 
+#include <gtest/gtest.h>
+
 #include "support/text_support.h"
 
 namespace zorkanca::testing {

@@ -1,5 +1,7 @@
 #include "runtime/locale.h"
 
+#include <gtest/gtest.h>
+
 #include "runtime/code_page.h"
 #include "support/text_support.h"
 

@@ -1,5 +1,7 @@
 // The text functions of the language runtime by one table: case, Trim, Like and both comparisons.
 #include "runtime/collation.h"
+
+#include <gtest/gtest.h>
 #include "runtime/like.h"
 #include "support/case_table.h"
 #include "support/text_support.h"

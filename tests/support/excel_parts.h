@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "host/excel/excel_engine.h"
-#include "host/opc/package.h"
-#include "host/opc/xml_document.h"
+#include "excel/excel_engine.h"
+#include "opc/package.h"
+#include "opc/xml_document.h"
 #include "runtime/code_page.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"

@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "files/file_descriptor.h"
 #include "host/console/terminal.h"
-#include "host/files/file_descriptor.h"
 
 namespace zorkanca::testing {
 

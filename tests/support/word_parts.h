@@ -6,12 +6,12 @@
 #include <map>
 #include <string>
 
-#include "host/opc/package.h"
-#include "host/opc/xml_document.h"
-#include "host/opc/xml_escape.h"
-#include "host/word/word_engine.h"
+#include "opc/package.h"
+#include "opc/xml_document.h"
+#include "opc/xml_escape.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
+#include "word/word_engine.h"
 
 namespace zorkanca::testing {
 

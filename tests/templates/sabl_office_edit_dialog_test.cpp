@@ -1,5 +1,7 @@
 #include "templates/sabl_office_edit_dialog.h"
 
+#include <gtest/gtest.h>
+
 #include "templates/template_dialogs_support.h"
 
 namespace zorkanca::testing {

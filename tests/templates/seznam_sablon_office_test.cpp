@@ -1,5 +1,8 @@
 #include "templates/seznam_sablon_office.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "support/template_lists.h"
 #include "support/text_support.h"
 

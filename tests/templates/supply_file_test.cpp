@@ -1,5 +1,7 @@
 #include "templates/supply_file.h"
 
+#include <gtest/gtest.h>
+
 #include "support/template_lists.h"
 #include "support/text_support.h"
 

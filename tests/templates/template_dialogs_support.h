@@ -1,6 +1,8 @@
 // Template lists in a computer of memory, and the scripts of the people in front of their dialogs.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
 #include <utility>

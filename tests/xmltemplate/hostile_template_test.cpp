@@ -1,6 +1,8 @@
 // Templates that would keep a careless program busy for hours: each would cost the square of its size if some operation
 // searched or copied the text anew. What the results must be is settled by the comparison with the rules.
 #include "support/memory_platform.h"
+
+#include <gtest/gtest.h>
 #include "support/text_support.h"
 #include "xmltemplate/template_factory.h"
 

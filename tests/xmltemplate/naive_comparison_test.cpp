@@ -1,5 +1,7 @@
 // The product against the plainly written rules: generated templates, most of them broken in some way, and random
 // sequences of operations whose data break them further. After each step both texts must be the same.
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <random>
 

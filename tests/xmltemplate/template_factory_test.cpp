@@ -1,5 +1,7 @@
 #include "xmltemplate/template_factory.h"
 
+#include <gtest/gtest.h>
+
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 

@@ -1,6 +1,6 @@
 #include "host/console/terminal.h"
 
-#include "host/files/file_descriptor.h"
+#include "files/file_descriptor.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {

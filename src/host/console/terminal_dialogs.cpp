@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "host/files/native_path.h"
+#include "files/native_path.h"
 #include "platform/tab_order.h"
 #include "runtime/utf8.h"
 

@@ -18,9 +18,9 @@
 #include <utility>
 #include <vector>
 
-#include "host/files/file_descriptor.h"
-#include "host/files/native_path.h"
-#include "host/process/spawn_settings.h"
+#include "files/file_descriptor.h"
+#include "files/native_path.h"
+#include "files/spawn_settings.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/windows_plugin.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 

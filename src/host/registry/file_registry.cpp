@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <memory>
 
-#include "host/files/atomic_file.h"
-#include "host/files/native_path.h"
-#include "host/files/system_error.h"
+#include "files/atomic_file.h"
+#include "files/native_path.h"
+#include "files/system_error.h"
 #include "runtime/error.h"
 
 namespace zorkanca {

@@ -4,8 +4,8 @@
 
 #include <cerrno>
 
-#include "host/files/native_path.h"
-#include "host/files/system_error.h"
+#include "files/native_path.h"
+#include "files/system_error.h"
 #include "runtime/error.h"
 
 namespace zorkanca {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "host/files/file_descriptor.h"
+#include "files/file_descriptor.h"
 #include "host/registry/registry_tree.h"
 
 namespace zorkanca {

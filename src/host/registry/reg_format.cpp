@@ -3,9 +3,9 @@
 #include <array>
 #include <cstring>
 
-#include "host/files/utf16.h"
 #include "host/registry/reg_names.h"
 #include "runtime/error.h"
+#include "textfiles/utf16.h"
 
 namespace zorkanca {
 

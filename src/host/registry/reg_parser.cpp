@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/files/utf16.h"
 #include "host/registry/reg_format.h"
 #include "host/registry/reg_names.h"
 #include "runtime/utf8.h"
+#include "textfiles/utf16.h"
 
 namespace zorkanca {
 

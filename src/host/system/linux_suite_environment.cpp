@@ -2,7 +2,7 @@
 
 #include <variant>
 
-#include "host/files/native_path.h"
+#include "files/native_path.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {

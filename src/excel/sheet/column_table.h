@@ -1,0 +1,40 @@
+// The element cols: widths and looks of whole columns.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "excel/grid/cell_address.h"
+
+namespace zorkanca::excel {
+
+class ColumnTable {
+ public:
+  /// Adds a range as the file has it. @param attributes  raw; min, max and style of them do not count
+  void Add(std::int32_t first, std::int32_t last, std::uint32_t style, std::string_view attributes);
+
+  /// The look of what has no cell, 0 by default.
+  std::uint32_t StyleOf(std::int32_t column) const;
+  void SetStyle(std::int32_t column, std::uint32_t style);
+  /// A width found for the longest content, in characters with margins.
+  void SetFittedWidth(std::int32_t column, double width);
+
+  bool empty() const { return ranges_.empty(); }
+  /// The elements col. @param prefix  of element names
+  std::string ToXml(std::string_view prefix) const;
+
+ private:
+  struct Range {
+    std::int32_t last = 0;
+    std::uint32_t style = 0;
+    std::string attributes;
+  };
+
+  Range& Alone(std::int32_t column);
+
+  std::map<std::int32_t, Range> ranges_;  // by their first column
+};
+
+}  // namespace zorkanca::excel

@@ -1,0 +1,38 @@
+#include "excel/tables/local_names.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zorkanca::excel {
+
+namespace {
+
+struct LocalNames {
+  TextView language;
+  TextView workbook;
+  TextView sheet;
+};
+constexpr std::array kNames = std::to_array<LocalNames>({
+    {u"cs", u"Sešit", u"List"},
+    {u"sk", u"Zošit", u"Hárok"},
+    {u"de", u"Mappe", u"Tabelle"},
+    {u"en", u"Book", u"Sheet"},
+});
+
+const LocalNames& NamesOf(const Locale& locale) {
+  const auto* found = std::find_if(kNames.begin(), kNames.end(),
+                                   [&](const LocalNames& names) { return locale.tag.starts_with(names.language); });
+  return found == kNames.end() ? kNames.back() : *found;
+}
+
+}  // namespace
+
+Text NewWorkbookName(const Locale& locale) {
+  return Text(NamesOf(locale).workbook);
+}
+
+Text NewSheetName(const Locale& locale) {
+  return Text(NamesOf(locale).sheet);
+}
+
+}  // namespace zorkanca::excel

@@ -1,0 +1,213 @@
+#include "excel/text/imported_text.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "excel/grid/excel_errors.h"
+#include "files/native_path.h"
+#include "files/system_error.h"
+#include "runtime/code_page.h"
+#include "runtime/utf8.h"
+
+namespace zorkanca::excel {
+
+namespace {
+
+constexpr std::int32_t kMarkDistance = 256;
+
+std::shared_ptr<const OpenedText> OpenFile(const std::string& path, char delimiter) {
+  const auto text = std::make_shared<OpenedText>();
+  text->path = path;
+  text->delimiter = delimiter;
+  text->file = FileDescriptor(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+  if (!text->file && errno == ENOENT) {
+    RaiseExcelError(Text(u"The file ").append(FromNativePath(path)).append(u" could not be found."));
+  }
+  if (!text->file) RaisePathError(errno, path);
+  struct stat status {};
+  if (fstat(text->file.get(), &status) != 0) RaisePathError(errno, path);
+  if (!S_ISREG(status.st_mode)) RaiseExcelError(Text(FromNativePath(path)).append(u" is no text file."));
+  text->size = static_cast<std::uint64_t>(status.st_size);
+  return text;
+}
+
+// The arguments that the exports never vary; another value would mean another result.
+char RequireDelimiter(const OpenTextArguments& arguments) {
+  if (arguments.Origin != 2) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with another Origin");
+  if (arguments.DataType != 1) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with fixed widths");
+  if (arguments.TextQualifier != 1) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with another TextQualifier");
+  if (arguments.ConsecutiveDelimiter) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with ConsecutiveDelimiter");
+  std::string delimiters;
+  if (arguments.Tab) delimiters.push_back('\t');
+  if (arguments.Semicolon) delimiters.push_back(';');
+  if (arguments.Comma) delimiters.push_back(',');
+  if (arguments.Space) delimiters.push_back(' ');
+  if (arguments.Other && !arguments.OtherChar.empty() && arguments.OtherChar[0] < 128) {
+    delimiters.push_back(static_cast<char>(arguments.OtherChar[0]));
+  }
+  if (delimiters.size() != 1) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with other than one delimiter");
+  return delimiters[0];
+}
+
+// The UTF-8 of each byte of a code page.
+class Utf8Table {
+ public:
+  explicit Utf8Table(const CodePage& page) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      const char16_t unit = page.Decode(static_cast<std::uint8_t>(byte));
+      const std::string bytes = ToUtf8(TextView(&unit, 1));
+      entries_[byte].length = static_cast<std::uint8_t>(bytes.size());
+      std::copy(bytes.begin(), bytes.end(), entries_[byte].bytes.begin());
+    }
+  }
+
+  // Longest form of one byte.
+  static constexpr std::size_t kWidest = 3;
+
+  char* Put(char* out, std::string_view bytes) const {
+    for (const char byte : bytes) {
+      const Entry& entry = entries_[static_cast<unsigned char>(byte)];
+      out = std::copy(entry.bytes.begin(), entry.bytes.begin() + entry.length, out);
+    }
+    return out;
+  }
+
+ private:
+  struct Entry {
+    std::array<char, kWidest> bytes{};
+    std::uint8_t length = 0;
+  };
+  std::array<Entry, 256> entries_;
+};
+
+bool IsAscii(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+}  // namespace
+
+class ImportedText::TextCursor final : public Cursor {
+ public:
+  explicit TextCursor(std::shared_ptr<const ImportedText> block)
+      : block_(std::move(block)), records_(block_->text_), utf8_(*block_->locale_.codePage) {}
+
+  const std::vector<Content>& Row(std::int32_t row) override {
+    if (row == current_) return contents_;
+    if (row < next_ || row - next_ > kMarkDistance) {
+      const std::int32_t mark = row / kMarkDistance;
+      records_.Seek(block_->marks_[static_cast<std::size_t>(mark)]);
+      next_ = mark * kMarkDistance;
+    }
+    for (; next_ < row; ++next_) records_.Next();
+    ++next_;
+    current_ = row;
+    contents_.clear();
+    if (records_.Next()) ReadContents();
+    return contents_;
+  }
+
+ private:
+  void ReadContents() {
+    const std::vector<std::string_view>& fields = records_.fields();
+    const std::size_t room =
+        2 * Utf8Table::kWidest * records_.length() + GeneralReader::kLongestValue * (fields.size() + 1);
+    if (bytes_.size() < room) bytes_.resize(2 * room);
+    out_ = bytes_.data();
+    for (std::size_t column = 0; column < fields.size(); ++column) {
+      contents_.push_back(fields[column].empty() ? Content() : Read(fields[column], block_->IsText(column)));
+    }
+  }
+
+  Content Read(std::string_view field, bool isTextColumn) {
+    if (!isTextColumn) {
+      Content content = block_->reader_.Read(field, out_);
+      if (content.kind != CellKind::kText) {
+        out_ += content.text.size();
+        content.shown = content.look == ContentLook::kGeneral ? content.text : InUtf8(field);
+        return content;
+      }
+    }
+    const bool lines = field.find('\n') != field.npos;
+    Content content{.kind = CellKind::kText};
+    content.look = isTextColumn ? (lines ? ContentLook::kTextLines : ContentLook::kText)
+                                : (lines ? ContentLook::kGeneralLines : ContentLook::kGeneral);
+    content.text = content.shown = InUtf8(field);
+    return content;
+  }
+
+  std::string_view InUtf8(std::string_view field) {
+    if (IsAscii(field)) return field;
+    const char* const start = out_;
+    out_ = utf8_.Put(out_, field);
+    return {start, static_cast<std::size_t>(out_ - start)};
+  }
+
+  std::shared_ptr<const ImportedText> block_;
+  RecordReader records_;
+  Utf8Table utf8_;
+  std::vector<char> bytes_;
+  char* out_ = nullptr;
+  std::vector<Content> contents_;
+  std::int32_t current_ = -1;
+  std::int32_t next_ = 0;
+};
+
+std::shared_ptr<const ImportedText> ImportedText::Open(const std::string& path, const OpenTextArguments& arguments,
+                                                       const Locale& locale) {
+  const char delimiter = RequireDelimiter(arguments);
+  std::shared_ptr<ImportedText> block(new ImportedText(OpenFile(path, delimiter), arguments, locale));
+  block->Count(std::max(arguments.StartRow - 1, 0));
+  return block;
+}
+
+ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTextArguments& arguments,
+                           const Locale& locale)
+    : text_(std::move(text)),
+      locale_(locale),
+      reader_(locale, arguments.DecimalSeparator.value_or(locale.decimalSeparator),
+              arguments.ThousandsSeparator.value_or(locale.groupSeparator)) {
+  for (const ExcelColumnInfo& info : arguments.FieldInfo) {
+    if (info.column < 1 || info.column > kLastColumn || info.type != ExcelColumnType::kText) continue;
+    textColumns_.resize(std::max(textColumns_.size(), static_cast<std::size_t>(info.column)));
+    textColumns_[static_cast<std::size_t>(info.column) - 1] = true;
+  }
+}
+
+void ImportedText::Count(std::int32_t skippedRows) {
+  RecordReader records(text_);
+  for (std::int32_t skipped = 0; skipped < skippedRows && records.Next();) ++skipped;
+  std::size_t widest = 1;
+  std::size_t firstRowFilled = 0;
+  for (std::uint64_t offset = records.offset(); records.Next(); offset = records.offset()) {
+    if (rows_ == kLastRow) RaiseExcelError(u"The data have more than 1048576 rows, which is more than a sheet holds.");
+    if (rows_ % kMarkDistance == 0) marks_.push_back(offset);
+    const std::vector<std::string_view>& fields = records.fields();
+    if (fields.size() > std::size_t{kLastColumn}) {
+      RaiseExcelError(u"The data have more than 16384 columns, which is more than a sheet holds.");
+    }
+    const auto isFilled = [](std::string_view field) { return !field.empty(); };
+    widest = std::max(widest, fields.size());
+    if (rows_ == 0) firstRowFilled = static_cast<std::size_t>(std::count_if(fields.begin(), fields.end(), isFilled));
+    isConnected_ = isConnected_ && std::any_of(fields.begin(), fields.end(), isFilled);
+    ++rows_;
+  }
+  columns_ = static_cast<std::int32_t>(widest);
+  isConnected_ = isConnected_ && rows_ > 0 && firstRowFilled == widest;
+}
+
+std::string ImportedText::AmountPattern(bool decimals) const {
+  const std::string number = CellSource::AmountPattern(decimals);
+  const std::string symbol = '"' + ToUtf8(locale_.currencySymbol) + '"';
+  const std::string space = locale_.currencySpaced ? "\\ " : "";
+  return locale_.currencyAfterNumber ? number + space + symbol : symbol + space + number;
+}
+
+std::unique_ptr<CellSource::Cursor> ImportedText::Open() const {
+  return std::make_unique<TextCursor>(shared_from_this());
+}
+
+}  // namespace zorkanca::excel

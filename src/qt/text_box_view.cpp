@@ -1,0 +1,62 @@
+#include "qt/text_box_view.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "qt/qt_text.h"
+
+namespace zorkanca {
+
+namespace {
+
+// One edit that turns a text into another: a part replaced by characters.
+struct Edit {
+  std::size_t start = 0;
+  std::size_t removed = 0;
+  TextView inserted;
+};
+
+// @param cursor  where the cursor stands after the edit: at the end of what was inserted
+Edit EditBetween(TextView before, TextView after, std::size_t cursor) {
+  const std::size_t common = std::min(before.size(), after.size());
+  const std::size_t mostBehind = std::min(common, after.size() - std::min(cursor, after.size()));
+  std::size_t behind = 0;
+  while (behind < mostBehind && before[before.size() - 1 - behind] == after[after.size() - 1 - behind]) ++behind;
+  std::size_t start = 0;
+  while (start < common - behind && before[start] == after[start]) ++start;
+  return {.start = start,
+          .removed = before.size() - behind - start,
+          .inserted = after.substr(start, after.size() - behind - start)};
+}
+
+}  // namespace
+
+TextBoxView::TextBoxView(TextBox& box, QWidget& window, const EventRunner& run)
+    : TextBoxView(box, *new QLineEdit(&window), run) {}
+
+TextBoxView::TextBoxView(TextBox& box, QLineEdit& line, const EventRunner& run)
+    : ControlView(box, line), box_(box), line_(line), run_(run) {
+  line_.setMaxLength(std::numeric_limits<int>::max());
+  QObject::connect(&line_, &QLineEdit::textEdited, [this] { PersonEdited(); });
+}
+
+void TextBoxView::RefreshContent() {
+  // A text that is there already keeps its cursor and what can be undone.
+  const QString text = ToQt(box_.text());
+  if (line_.text() != text) line_.setText(text);
+  if (box_.allSelected() && !selectionShown_) line_.selectAll();
+  selectionShown_ = box_.allSelected();
+}
+
+void TextBoxView::PersonEdited() {
+  const Text after = FromQt(line_.text());
+  int cursor = line_.cursorPosition();
+  const Edit edit = EditBetween(box_.text(), after, static_cast<std::size_t>(cursor));
+  Text accepted;
+  run_([&] { accepted = box_.Type(edit.inserted, edit.start, edit.removed); });
+  Refresh();
+  if (accepted.size() != edit.inserted.size()) cursor = static_cast<int>(edit.start + accepted.size());
+  if (line_.cursorPosition() != cursor) line_.setCursorPosition(cursor);
+}
+
+}  // namespace zorkanca

@@ -1,0 +1,193 @@
+#include "sqlite/sqlite_recordset.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "runtime/utf8.h"
+#include "sqlite/sqlite_types.h"
+#include "sqlite/sqlite_values.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr std::int32_t kInvalidOperation = 3219;
+
+}  // namespace
+
+/// A column; remembers its value until another row becomes current.
+class SqliteField final : public Field {
+ public:
+  SqliteField(SqliteRecordset& recordset, int column) : recordset_(recordset), column_(column) {
+    sqlite3_stmt* const statement = recordset.query_.statement.get();
+    const char* const name = sqlite3_column_name(statement, column);
+    if (name == nullptr) Raise(RuntimeError::kOutOfMemory);
+    AppendUtf8(name_, name);
+    if (const char* const declaration = sqlite3_column_decltype(statement, column)) {
+      isDeclared_ = true;
+      type_ = DeclaredType(declaration);
+    }
+  }
+
+  const Text& Name() const override { return name_; }
+  std::int32_t Size() const override { return type_.size; }
+
+  /// Of an expression: the type of its value in the row on which the statement stands; for Null the type before.
+  FieldType Type() const override {
+    if (!isDeclared_ && recordset_.statementOnRow_) {
+      type_.type = StoredType(recordset_.query_.statement.get(), column_).value_or(type_.type);
+    }
+    return type_.type;
+  }
+
+  const zorkanca::Value& Value() override {
+    if (generation_ != recordset_.generation_) {
+      sqlite3_stmt* const statement = recordset_.StatementOnRow();
+      ReadSqliteValue(value_, statement, column_, Type(), name_);
+      generation_ = recordset_.generation_;
+    }
+    return value_;
+  }
+
+ private:
+  SqliteRecordset& recordset_;
+  int column_;
+  Text name_;
+  bool isDeclared_ = false;
+  mutable SqliteColumnType type_;
+  zorkanca::Value value_;
+  std::uint64_t generation_ = 0;  // of the recordset when the value was read
+};
+
+std::size_t SqliteRecordset::NameHash::operator()(TextView name) const {
+  // FNV-1a over the folded units: names are short.
+  std::uint64_t hash = 0xCBF29CE484222325u;
+  for (const char16_t unit : name) hash = (hash ^ LowerCase(unit)) * 0x100000001B3u;
+  return static_cast<std::size_t>(hash);
+}
+
+SqliteRecordset::SqliteRecordset(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool forwardOnly)
+    : snapshot_(std::make_unique<SqliteSnapshot>(std::move(connection))),
+      query_(snapshot_->connection().PrepareQuery(sql)),
+      forwardOnly_(forwardOnly) {
+  Step();
+  MakeFields();  // after the first step, which sees changes of the schema that came in between
+}
+
+SqliteRecordset::~SqliteRecordset() {
+  Close();
+}
+
+void SqliteRecordset::MakeFields() {
+  const int columns = sqlite3_column_count(query_.statement.get());
+  for (int column = 0; column < columns; ++column) {
+    fields_.push_back(std::make_unique<SqliteField>(*this, column));
+    fieldsByName_.emplace(fields_.back()->Name(), fields_.size() - 1);  // the first of equal names stays
+  }
+}
+
+void SqliteRecordset::Close() {
+  query_.statement.reset();
+  snapshot_.reset();
+  position_ = Position::kAfterRows;
+  statementOnRow_ = false;
+  ++generation_;
+}
+
+void SqliteRecordset::RequireRows() const {
+  if (!snapshot_) Raise(RuntimeError::kObjectNotSet);
+  if (reached_ == 0) Raise(RuntimeError::kNoCurrentRecord);
+}
+
+void SqliteRecordset::RequireBackwards() const {
+  if (forwardOnly_) throw Error(kInvalidOperation, u"SQLite", u"Invalid operation.");
+}
+
+// After a failure no row is current.
+void SqliteRecordset::Step() {
+  ++generation_;
+  position_ = Position::kAfterRows;
+  statementOnRow_ = false;
+  if (!snapshot_->connection().Step(query_.statement.get())) return;
+  position_ = Position::kOnRow;
+  statementOnRow_ = true;
+  reached_ = std::max(reached_, ++row_);
+}
+
+void SqliteRecordset::Rewind() {
+  sqlite3_reset(query_.statement.get());
+  row_ = 0;
+  Step();
+}
+
+void SqliteRecordset::MoveFirst() {
+  RequireRows();
+  RequireBackwards();
+  if (statementOnRow_ && row_ == 1) {
+    position_ = Position::kOnRow;
+    ++generation_;
+  } else {
+    Rewind();
+  }
+}
+
+void SqliteRecordset::MoveNext() {
+  RequireRows();
+  if (position_ == Position::kAfterRows) Raise(RuntimeError::kNoCurrentRecord);
+  if (position_ == Position::kOnRow) return Step();
+  position_ = Position::kAfterRows;
+  ++generation_;
+}
+
+void SqliteRecordset::MoveLast() {
+  RequireRows();
+  RequireBackwards();
+  if (count_ < 0) count_ = CountRows();
+  position_ = Position::kOnLast;
+  ++generation_;
+}
+
+std::int64_t SqliteRecordset::CountRows() {
+  if (const SqliteStatement counting = snapshot_->connection().PrepareCount(query_)) {
+    snapshot_->connection().Step(counting.get());
+    return sqlite3_column_int64(counting.get(), 0);
+  }
+  if (!statementOnRow_) Rewind();
+  while (statementOnRow_) Step();
+  return row_;
+}
+
+std::int32_t SqliteRecordset::RecordCount() const {
+  const std::int64_t count = count_ >= 0 ? count_ : reached_;
+  if (count > std::numeric_limits<std::int32_t>::max()) Raise(RuntimeError::kOverflow);
+  return static_cast<std::int32_t>(count);
+}
+
+sqlite3_stmt* SqliteRecordset::StatementOnRow() {
+  if (position_ == Position::kOnLast) {
+    if (!statementOnRow_ || row_ > count_) Rewind();
+    while (statementOnRow_ && row_ < count_) Step();
+    if (statementOnRow_) position_ = Position::kOnRow;
+  }
+  if (position_ != Position::kOnRow) Raise(RuntimeError::kNoCurrentRecord);
+  return query_.statement.get();
+}
+
+std::int32_t SqliteRecordset::FieldCount() const {
+  return static_cast<std::int32_t>(fields_.size());
+}
+
+Field& SqliteRecordset::FieldAt(std::int32_t index) {
+  if (index < 0 || index >= FieldCount()) Raise(RuntimeError::kItemNotFound);
+  return *fields_[static_cast<std::size_t>(index)];
+}
+
+Field& SqliteRecordset::FieldNamed(TextView name) {
+  const auto found = fieldsByName_.find(name);
+  if (found == fieldsByName_.end()) Raise(RuntimeError::kItemNotFound);
+  return *fields_[found->second];
+}
+
+}  // namespace zorkanca

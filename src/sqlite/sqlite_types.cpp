@@ -1,0 +1,171 @@
+#include "sqlite/sqlite_types.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <string>
+
+namespace zorkanca {
+
+namespace {
+
+constexpr std::int32_t kLongestText = 255;  // DAO's limit; longer texts are memos
+
+struct NamedType {
+  std::string_view name;
+  FieldType type;
+};
+
+constexpr NamedType kTypes[] = {
+    {"BOOLEAN", FieldType::kBoolean},
+    {"BOOL", FieldType::kBoolean},
+    {"BIT", FieldType::kBoolean},
+    {"YESNO", FieldType::kBoolean},
+    {"LOGICAL", FieldType::kBoolean},
+    {"TINYINT", FieldType::kByte},
+    {"BYTE", FieldType::kByte},
+    {"SMALLINT", FieldType::kInteger},
+    {"SHORT", FieldType::kInteger},
+    {"INT2", FieldType::kInteger},
+    {"INTEGER", FieldType::kLong},
+    {"INT", FieldType::kLong},
+    {"MEDIUMINT", FieldType::kLong},
+    {"INT4", FieldType::kLong},
+    {"LONG", FieldType::kLong},
+    {"COUNTER", FieldType::kLong},
+    {"AUTOINCREMENT", FieldType::kLong},
+    {"BIGINT", FieldType::kBigInteger},
+    {"INT8", FieldType::kBigInteger},
+    {"UNSIGNED BIG INT", FieldType::kBigInteger},
+    {"CURRENCY", FieldType::kCurrency},
+    {"MONEY", FieldType::kCurrency},
+    {"SINGLE", FieldType::kSingle},
+    {"FLOAT4", FieldType::kSingle},
+    {"DOUBLE", FieldType::kDouble},
+    {"DOUBLE PRECISION", FieldType::kDouble},
+    {"REAL", FieldType::kDouble},
+    {"FLOAT", FieldType::kDouble},
+    {"FLOAT8", FieldType::kDouble},
+    {"NUMBER", FieldType::kDouble},
+    {"NUMERIC", FieldType::kNumeric},
+    {"DECIMAL", FieldType::kDecimal},
+    {"DEC", FieldType::kDecimal},
+    {"DATE", FieldType::kDate},
+    {"DATETIME", FieldType::kDate},
+    {"TIME", FieldType::kTime},
+    {"TIMESTAMP", FieldType::kTimeStamp},
+    {"CHAR", FieldType::kChar},
+    {"CHARACTER", FieldType::kChar},
+    {"NCHAR", FieldType::kChar},
+    {"NATIVE CHARACTER", FieldType::kChar},
+    {"VARCHAR", FieldType::kText},
+    {"NVARCHAR", FieldType::kText},
+    {"VARYING CHARACTER", FieldType::kText},
+    {"TEXT", FieldType::kText},
+    {"STRING", FieldType::kText},
+    {"MEMO", FieldType::kMemo},
+    {"CLOB", FieldType::kMemo},
+    {"NTEXT", FieldType::kMemo},
+    {"LONGTEXT", FieldType::kMemo},
+    {"LONGCHAR", FieldType::kMemo},
+    {"NOTE", FieldType::kMemo},
+    {"BLOB", FieldType::kLongBinary},
+    {"LONGBINARY", FieldType::kLongBinary},
+    {"IMAGE", FieldType::kLongBinary},
+    {"OLEOBJECT", FieldType::kLongBinary},
+    {"GENERAL", FieldType::kLongBinary},
+    {"BINARY", FieldType::kBinary},
+    {"VARBINARY", FieldType::kVarBinary},
+    {"GUID", FieldType::kGuid},
+    {"UUID", FieldType::kGuid},
+    {"UNIQUEIDENTIFIER", FieldType::kGuid},
+};
+
+// Any other name is read as SQLite reads it for its affinities: the first of these that it contains.
+constexpr NamedType kAffinities[] = {
+    {"INT", FieldType::kLong},    {"CHAR", FieldType::kText},       {"CLOB", FieldType::kText},
+    {"TEXT", FieldType::kText},   {"BLOB", FieldType::kLongBinary}, {"REAL", FieldType::kDouble},
+    {"FLOA", FieldType::kDouble}, {"DOUB", FieldType::kDouble},
+};
+
+constexpr bool IsBlankByte(char byte) {
+  return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+}
+
+// "  varying   character " gives "VARYING CHARACTER".
+std::string NormalizedName(std::string_view name) {
+  std::string result;
+  for (const char byte : name) {
+    if (!IsBlankByte(byte)) {
+      result.push_back(byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte);
+    } else if (!result.empty() && result.back() != ' ') {
+      result.push_back(' ');
+    }
+  }
+  if (result.ends_with(' ')) result.pop_back();
+  return result;
+}
+
+FieldType TypeOfName(const std::string& name) {
+  for (const NamedType& known : kTypes) {
+    if (known.name == name) return known.type;
+  }
+  for (const NamedType& affinity : kAffinities) {
+    if (name.find(affinity.name) != std::string::npos) return affinity.type;
+  }
+  return FieldType::kNumeric;
+}
+
+// The first number in the brackets "(n)" or "(p,s)"; 0 when there is none.
+std::int32_t SizeInBrackets(std::string_view brackets) {
+  const std::size_t digit = brackets.find_first_of("0123456789");
+  if (digit == std::string_view::npos) return 0;
+  std::int32_t size = 0;
+  const std::from_chars_result end = std::from_chars(brackets.data() + digit, brackets.data() + brackets.size(), size);
+  return end.ec == std::errc() ? size : std::numeric_limits<std::int32_t>::max();
+}
+
+bool IsLongerThanText(std::string_view utf8) {
+  if (utf8.size() <= std::size_t{kLongestText}) return false;
+  // Four-byte sequences are two UTF-16 units; every other lead byte is one.
+  std::int32_t units = 0;
+  for (const char byte : utf8) {
+    units += (byte & 0xC0) != 0x80;
+    units += (byte & 0xF8) == 0xF0;
+    if (units > kLongestText) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+SqliteColumnType DeclaredType(std::string_view declaration) {
+  const std::size_t bracket = std::min(declaration.find('('), declaration.size());
+  const FieldType type = TypeOfName(NormalizedName(declaration.substr(0, bracket)));
+  if (type != FieldType::kText && type != FieldType::kChar) return {type, 0};
+  const std::int32_t size = SizeInBrackets(declaration.substr(bracket));
+  return size > kLongestText ? SqliteColumnType{FieldType::kMemo, 0} : SqliteColumnType{type, size};
+}
+
+std::optional<FieldType> StoredType(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER: {
+      const std::int64_t number = sqlite3_column_int64(statement, column);
+      return number == static_cast<std::int32_t>(number) ? FieldType::kLong : FieldType::kBigInteger;
+    }
+    case SQLITE_FLOAT:
+      return FieldType::kDouble;
+    case SQLITE_TEXT: {
+      const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      const bool isLong = text != nullptr && IsLongerThanText({text, size});
+      return isLong ? FieldType::kMemo : FieldType::kText;
+    }
+    case SQLITE_BLOB:
+      return FieldType::kLongBinary;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace zorkanca

@@ -1,0 +1,269 @@
+#include "word/merge/story_compiler.h"
+
+#include "opc/xml_document.h"
+#include "opc/xml_escape.h"
+#include "runtime/utf8.h"
+#include "word/xml/word_xml.h"
+
+namespace zorkanca::word {
+
+ConstantStep& StoryCompiler::Constant() {
+  if (program_->empty() || !std::holds_alternative<ConstantStep>(program_->back().action)) {
+    program_->push_back({ConstantStep{}});
+  }
+  return std::get<ConstantStep>(program_->back().action);
+}
+
+void StoryCompiler::Xml(std::string_view xml) {
+  Constant().xml += xml;
+}
+
+void StoryCompiler::Units(TextView units) {
+  if (visible_ && state_.InText() && !units.empty()) Constant().units += units;
+}
+
+// What the body adds, as a program of its own.
+Program StoryCompiler::Sub(const std::function<void()>& body) {
+  Program sub;
+  Program* const outer = program_;
+  program_ = &sub;
+  body();
+  program_ = outer;
+  return sub;
+}
+
+void StoryCompiler::Invisibly(const std::function<void()>& body) {
+  const bool visible = visible_;
+  const FieldState state = state_;
+  visible_ = false;
+  body();
+  visible_ = visible;
+  state_ = state;
+}
+
+void StoryCompiler::AddChildren(const pugi::xml_node& node) {
+  for (const pugi::xml_node child : node.children()) Add(child);
+}
+
+void StoryCompiler::Add(const pugi::xml_node& node) {
+  switch (node.type()) {
+    case pugi::node_pcdata:
+    case pugi::node_cdata: {
+      std::string escaped;
+      AppendXmlText(escaped, std::string_view(node.value()));
+      return Xml(escaped);
+    }
+    case pugi::node_element:
+      return AddElement(node);
+    default:
+      return;
+  }
+}
+
+void StoryCompiler::AddElement(const pugi::xml_node& node) {
+  const std::string_view name = node.name();
+  if (name == "w:proofErr" || name == "w:lastRenderedPageBreak") return;
+  if (name == "w:p") return AddParagraph(node);
+  if (name == "w:r") return AddRun(node);
+  if (name == "w:instrText") return AddInstruction(node);
+  if (name == "zk:field") return AddField(node, false);
+  if (name == "mc:AlternateContent") return AddAlternate(node);
+  if (name.starts_with("zk:")) return AddJoin(node);
+  if (!node.first_child()) {
+    AddOpenTag(node);
+    Constant().xml.insert(Constant().xml.size() - 1, 1, '/');
+    return;
+  }
+  AddOpenTag(node);
+  if (name == "w:del" || name == "w:moveFrom" || name == "w:txbxContent") {
+    Invisibly([&] { AddChildren(node); });
+  } else {
+    AddChildren(node);
+  }
+  Xml("</");
+  Xml(name);
+  Xml(">");
+  if (name == "w:tr") Units(TextView(&kRowEnd, 1));
+}
+
+void StoryCompiler::AddOpenTag(const pugi::xml_node& node) {
+  Xml("<");
+  Xml(node.name());
+  for (const pugi::xml_attribute attribute : node.attributes()) AddAttribute(node, attribute);
+  Xml(">");
+}
+
+void StoryCompiler::AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute) {
+  const std::string_view element = node.name();
+  const std::string_view name = attribute.name();
+  if (name == "w14:paraId" || name == "w14:textId" || name == "w:dirty") return;
+  Xml(" ");
+  Xml(name);
+  Xml("=\"");
+  const auto kind = element == "w:numId" && name == "w:val" ? NumberKind::kList : NumberKindOf(element, name);
+  const bool isHeader = (element == "w:headerReference" || element == "w:footerReference") && name == "r:id";
+  const auto header = isHeader ? input_.headers.find(attribute.value()) : input_.headers.end();
+  const bool isName = (element == "w:bookmarkStart" && name == "w:name") ||
+                      (name == "w:anchor" && input_.numbers.IsBookmark(attribute.value()));
+  if (kind && input_.numbers.Uses(*kind, attribute.as_llong())) {
+    program_->push_back({input_.numbers.StepFor(*kind, attribute.as_llong())});
+  } else if (header != input_.headers.end()) {
+    program_->push_back({HeaderStep{header->second}});
+  } else if (isName) {
+    program_->push_back({NameStep{attribute.value()}});
+  } else {
+    std::string escaped;
+    AppendXmlAttribute(escaped, std::string_view(attribute.value()));
+    Xml(escaped);
+  }
+  Xml("\"");
+}
+
+void StoryCompiler::AddRun(const pugi::xml_node& run) {
+  AddOpenTag(run);
+  for (const pugi::xml_node child : run.children()) AddRunChild(child);
+  Xml("</w:r>");
+}
+
+void StoryCompiler::AddRunChild(const pugi::xml_node& child) {
+  if (Is(child, "w:t")) {
+    Text text;
+    AppendTextOf(text, child);
+    Units(text);
+    Add(child);
+  } else if (Is(child, "w:fldChar")) {
+    state_.Pass(child);
+    Add(child);
+  } else {
+    Text unit;
+    AppendUnitOf(unit, child);
+    Units(unit);
+    Invisibly([&] { Add(child); });
+  }
+}
+
+// Names of bookmarks in the codes of fields that stay follow the bookmarks.
+void StoryCompiler::AddInstruction(const pugi::xml_node& node) {
+  AddOpenTag(node);
+  const std::string code = TextOf(node);
+  constexpr std::string_view kEnds = " \"\\";
+  std::size_t start = 0;
+  bool first = true;
+  const auto add = [&](std::string_view piece) {
+    std::string escaped;
+    AppendXmlText(escaped, piece);
+    Xml(escaped);
+  };
+  while (start < code.size()) {
+    const std::size_t word = std::min(code.find_first_not_of(kEnds, start), code.size());
+    add(std::string_view(code).substr(start, word - start));
+    const std::size_t end = std::min(code.find_first_of(kEnds, word), code.size());
+    const std::string name = code.substr(word, end - word);
+    if (!first && input_.numbers.IsBookmark(name)) {
+      program_->push_back({NameStep{name}});
+    } else {
+      add(name);
+    }
+    first = false;
+    start = end;
+  }
+  Xml("</w:instrText>");
+}
+
+void StoryCompiler::AddParagraph(const pugi::xml_node& paragraph) {
+  const auto addAll = [&] {
+    AddOpenTag(paragraph);
+    AddChildren(paragraph);
+    Xml("</w:p>");
+    AddParagraphMark(paragraph);
+  };
+  if (IsSuppressible(paragraph)) {
+    program_->push_back({SuppressStep{Sub(addAll)}});
+  } else {
+    addAll();
+  }
+}
+
+void StoryCompiler::AddParagraphMark(const pugi::xml_node& paragraph) {
+  const char16_t mark = MarkOf(paragraph);
+  if (!paragraph.child("w:pPr").child("zk:break") || !visible_ || !state_.InText()) return Units(TextView(&mark, 1));
+  LastCopyStep step;
+  step.others = PlainOperand(TextView(&kSectionEnd, 1)).parts;
+  step.last = PlainOperand(TextView(&kParagraphEnd, 1)).parts;
+  program_->push_back({std::move(step)});
+}
+
+// The elements that are not WordprocessingML.
+void StoryCompiler::AddJoin(const pugi::xml_node& node) {
+  if (Is(node, "zk:break") || Is(node, "zk:carrier")) {
+    LastCopyStep step;
+    step.others = Sub([&] { AddChildren(node); });
+    program_->push_back({std::move(step)});
+    return;
+  }
+  if (!Is(node, "zk:open")) {
+    Xml("</w:p>");
+    Units(TextView(&kParagraphEnd, 1));
+  }
+  if (!Is(node, "zk:block")) Xml("<w:p>");
+  AddChildren(node);
+}
+
+void StoryCompiler::AddAlternate(const pugi::xml_node& node) {
+  AlternateStep step;
+  AddOpenTag(node);
+  const auto addChild = [&](const pugi::xml_node& child) {
+    return Sub([&] { Is(child, "mc:Fallback") ? Invisibly([&] { Add(child); }) : Add(child); });
+  };
+  for (const pugi::xml_node child : node.children()) {
+    Program part = addChild(child);
+    Program& target = Is(child, "mc:Fallback") ? step.fallback : step.choice;
+    target.insert(target.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
+  }
+  program_->push_back({std::move(step)});
+  Xml("</mc:AlternateContent>");
+}
+
+bool StoryCompiler::HoldsFieldsAlone(const pugi::xml_node& container, bool& anyField) const {
+  for (const pugi::xml_node child : container.children()) {
+    if (child.type() != pugi::node_element || Is(child, "w:pPr") || Is(child, "w:proofErr")) continue;
+    if (Is(child, "zk:field")) {
+      const FoldedField field(child);
+      const bool isValue = field.type() == u"MERGEFIELD";
+      const bool isSilent = IsEvaluatedType(field.type()) && field.type() != u"IF" && field.type() != u"REF";
+      if (field.locked() || !isSilent || child.child("zk:para")) return false;
+      anyField = anyField || isValue;
+    } else if (Is(child, "w:r")) {
+      for (const pugi::xml_node part : child.children()) {
+        if (!Is(part, "w:rPr")) return false;
+      }
+    } else if (!Is(child, "w:ins") && !Is(child, "w:smartTag")) {
+      return false;
+    } else if (!HoldsFieldsAlone(child, anyField)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool StoryCompiler::IsSuppressible(const pugi::xml_node& paragraph) const {
+  if (!input_.suppressBlankLines) return false;
+  const pugi::xml_node properties = paragraph.child("w:pPr");
+  if (properties.child("w:sectPr") || properties.child("zk:break") || MarkOf(paragraph) == kCellEnd) return false;
+  if (!NextBlock(paragraph) && !Is(paragraph.parent(), "w:body")) return false;  // a story or text box keeps its last
+  bool anyField = false;
+  return HoldsFieldsAlone(paragraph, anyField) && anyField;
+}
+
+void GatherVariables(const pugi::xml_node& tree, std::set<Text>& variables) {
+  if (Is(tree, "zk:field")) {
+    const FoldedField field(tree);
+    if (field.type() == u"SET" && !field.locked()) {
+      const std::vector<CodeToken> tokens = TokensOf(field, false);
+      if (tokens.size() > 1) variables.insert(UpperCase(tokens[1].PlainText()));
+    }
+  }
+  for (const pugi::xml_node child : tree.children()) GatherVariables(child, variables);
+}
+
+}  // namespace zorkanca::word

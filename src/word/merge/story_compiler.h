@@ -1,0 +1,100 @@
+// Compiles the tree of a story into a program. Fields must have been folded (fields/field_fold.h). Beside
+// WordprocessingML it knows two elements that the assembly of sections puts in:
+//
+//   zk:break    in the w:pPr of a copy's last paragraph: its w:sectPr is written in all copies but the last
+//   zk:carrier  round blocks that are written in all copies but the last
+#pragma once
+
+#include <functional>
+#include <map>
+#include <pugixml.hpp>
+#include <set>
+#include <string>
+
+#include "word/fields/field_code.h"
+#include "word/merge/data_source.h"
+#include "word/merge/program.h"
+#include "word/merge/unique_numbers.h"
+#include "word/text/text_units.h"
+
+namespace zorkanca::word {
+
+/// What a compiler needs to know of the merge. All outlives it.
+struct CompileInput {
+  const DataSource& source;
+  const Locale& locale;
+  const UniqueNumbers& numbers;
+  bool suppressBlankLines = true;
+  /// Relationship ids of headers and footers whose text differs from copy to copy, with their index.
+  std::map<std::string, std::size_t> headers;
+  /// Names that some SET field sets, in upper case.
+  std::set<Text> variables;
+  /// Told in English of what was left as it was.
+  std::function<void(TextView)> warn;
+};
+
+/// Adds the names of a tree's SET fields.
+void GatherVariables(const pugi::xml_node& tree, std::set<Text>& variables);
+
+class StoryCompiler {
+ public:
+  /// @param story         of which nodes will be added
+  /// @param movesRecords  false where NEXT and its like have no effect: headers, footers, notes
+  StoryCompiler(const CompileInput& input, const pugi::xml_node& story, bool movesRecords)
+      : input_(input), movesRecords_(movesRecords), state_(story) {}
+
+  /// Adds a node with all that is inside.
+  void Add(const pugi::xml_node& node);
+  /// Adds the children of a node.
+  void AddChildren(const pugi::xml_node& node);
+  /// Adds XML that is ready.
+  void AddXml(std::string_view xml) { Xml(xml); }
+  Program Take() { return std::move(own_); }
+
+ private:
+  // XML (story_compiler.cpp)
+  void AddElement(const pugi::xml_node& node);
+  void AddOpenTag(const pugi::xml_node& node);
+  void AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute);
+  void AddRun(const pugi::xml_node& run);
+  void AddRunChild(const pugi::xml_node& child);
+  void AddInstruction(const pugi::xml_node& node);
+  void AddParagraph(const pugi::xml_node& paragraph);
+  void AddParagraphMark(const pugi::xml_node& paragraph);
+  void AddJoin(const pugi::xml_node& node);
+  void AddAlternate(const pugi::xml_node& node);
+  bool IsSuppressible(const pugi::xml_node& paragraph) const;
+  bool HoldsFieldsAlone(const pugi::xml_node& container, bool& anyField) const;
+  void Xml(std::string_view xml);
+  void Units(TextView units);
+  ConstantStep& Constant();
+  Program Sub(const std::function<void()>& body);
+  void Invisibly(const std::function<void()>& body);
+
+  // Fields (field_compiler.cpp)
+  void AddField(const pugi::xml_node& node, bool inCode);
+  void AddUntouched(const FoldedField& field);
+  void AddMergeField(const FoldedField& field, bool inCode);
+  bool AddIf(const FoldedField& field, bool inCode);
+  bool AddRecordMove(const FoldedField& field);
+  void AddSet(const FoldedField& field);
+  void AddReference(const FoldedField& field, TextView name, bool inCode);
+  void AddNumber(const FoldedField& field, ValueStep::Source source, bool inCode);
+  void AddBranch(const CodeToken& token, bool inCode);
+  void AddValue(const FoldedField& field, ValueStep step, bool inCode);
+  void AddTextRun(const pugi::xml_node& format, TextView text, bool inCode);
+  bool IsVariable(const FoldedField& field, Text& name) const;
+  bool IsEvaluated(const FoldedField& field) const;
+  FieldFormat FormatOf(const FoldedField& field, const std::vector<CodeToken>& tokens, ValueStep* framed);
+  Operand OperandOf(const CodeToken& token);
+  std::optional<Condition> ConditionOf(const std::vector<CodeToken>& tokens, std::size_t& next);
+
+  const CompileInput& input_;
+  bool movesRecords_;
+  Program own_;
+  Program* program_ = &own_;
+  FieldState state_;
+  bool visible_ = true;  // false inside what does not count for the story's text: text boxes, deleted runs
+};
+
+}  // namespace zorkanca::word

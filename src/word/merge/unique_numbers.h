@@ -1,0 +1,50 @@
+// Numbers and names that must differ between the copies of a merge: drawings, bookmarks, notes, comments, lists.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <pugixml.hpp>
+#include <set>
+#include <string>
+
+#include "word/merge/program.h"
+
+namespace zorkanca::word {
+
+enum class NumberKind { kDrawing, kBookmark, kFootnote, kEndnote, kComment, kList };
+inline constexpr std::size_t kNumberKinds = 6;
+
+class UniqueNumbers {
+ public:
+  /// Takes note of what a tree uses.
+  void Gather(const pugi::xml_node& tree);
+  /// Takes note of a number; of one that is used elsewhere only, so that no new one equals it.
+  void Use(NumberKind kind, std::int64_t number);
+  void Avoid(NumberKind kind, std::int64_t number);
+
+  bool Uses(NumberKind kind, std::int64_t number) const { return KindOf(kind).places.count(number) != 0; }
+  std::size_t Count(NumberKind kind) const { return KindOf(kind).places.size(); }
+  /// The numbers of a kind in order, each with its place among the copies' numbers.
+  const std::map<std::int64_t, std::size_t>& NumbersOf(NumberKind kind) const { return KindOf(kind).places; }
+  /// The step that writes a number taken note of.
+  NumberStep StepFor(NumberKind kind, std::int64_t number) const;
+  bool IsBookmark(const std::string& name) const { return bookmarks_.count(name) != 0; }
+
+ private:
+  struct Kind {
+    std::map<std::int64_t, std::size_t> places;
+    std::int64_t highest = 0;
+  };
+  const Kind& KindOf(NumberKind kind) const { return kinds_[static_cast<std::size_t>(kind)]; }
+  Kind& KindOf(NumberKind kind) { return kinds_[static_cast<std::size_t>(kind)]; }
+
+  std::array<Kind, kNumberKinds> kinds_;
+  std::set<std::string> bookmarks_;
+};
+
+/// The kind of number that an attribute of an element is, by their names; nothing for any other attribute.
+/// List numbers (w:numId) are not among them: whether lists start again is the caller's choice.
+std::optional<NumberKind> NumberKindOf(std::string_view element, std::string_view attribute);
+
+}  // namespace zorkanca::word

@@ -1,0 +1,163 @@
+// Text files becoming cells.
+#include <gtest/gtest.h>
+
+#include "excel/text/general_reader.h"
+#include "excel/text/imported_text.h"
+#include "runtime/code_page.h"
+#include "support/excel_parts.h"
+
+namespace zorkanca::testing {
+namespace {
+
+using excel::CellKind;
+using excel::Content;
+using excel::ContentLook;
+using excel::GeneralReader;
+
+std::string Read(const GeneralReader& reader, const Locale& locale, const char* utf8) {
+  std::string bytes;
+  locale.codePage->AppendEncoded(bytes, FromUtf8(utf8));
+  char buffer[GeneralReader::kLongestValue];
+  const Content content = reader.Read(bytes, buffer);
+  if (content.kind == CellKind::kText) return "text";
+  const char* const kinds[] = {"", "", "", "", "", "", "bool ", "error "};
+  return kinds[static_cast<int>(content.kind)] + std::string(content.text) + "/" +
+         std::to_string(static_cast<int>(content.look));
+}
+
+TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
+  Locale czech = *FindLocale(u"cs-CZ");
+  czech.currentYear = 2026;
+  const GeneralReader reader(czech, czech.decimalSeparator, czech.groupSeparator);
+  const auto look = [](ContentLook which) { return "/" + std::to_string(static_cast<int>(which)); };
+  const std::string general = look(ContentLook::kGeneral);
+  const std::pair<const char*, std::string> rows[] = {
+      {"5", "5" + general},
+      {"007", "7" + general},
+      {"-1,50", "-1.5" + general},
+      {" 12 ", "12" + general},
+      {",5", "0.5" + general},
+      {"5,", "5" + general},
+      {"0,000001", "1E-6" + look(ContentLook::kGeneral)},
+      {"1\u00A0234", "1234" + look(ContentLook::kGrouped)},
+      {"1 234 567,50", "1234567.5" + look(ContentLook::kGroupedDecimals)},
+      {"12 34", "text"},
+      {"1234 567", "text"},
+      {"12345678901234567", "12345678901234500" + general},
+      {"0,1234567890123456", "0.123456789012345" + general},
+      {"12E3", "12000" + look(ContentLook::kScientific)},
+      {"1e400", "text"},
+      {"(5)", "-5" + general},
+      {"5-", "text"},
+      {"50 %", "0.5" + look(ContentLook::kPercent)},
+      {"12,5%", "0.125" + look(ContentLook::kPercentDecimals)},
+      {"1 234,50 Kč", "1234.5" + look(ContentLook::kAmountDecimals)},
+      {"1.5", "46143" + look(ContentLook::kDayMonth)},
+      {"24.12.", "46380" + look(ContentLook::kDayMonth)},
+      {"5.3.2024", "45356" + look(ContentLook::kDate)},
+      {"5. 3. 2024", "45356" + look(ContentLook::kDate)},
+      {"05.03.24", "45356" + look(ContentLook::kDate)},
+      {"2024-03-05", "45356" + look(ContentLook::kDate)},
+      {"31.4.2024", "text"},
+      {"1.13.2024", "text"},
+      {"29.2.1900", "60" + look(ContentLook::kDate)},
+      {"1.1.1900", "1" + look(ContentLook::kDate)},
+      {"31.12.1899", "text"},
+      {"3/2024", "45352" + look(ContentLook::kMonthYear)},
+      {"5.3.2024 18:00", "45356.75" + look(ContentLook::kDateTime)},
+      {"6:00", "0.25" + look(ContentLook::kTime)},
+      {"6:00:36", "0.2504166666666667" + look(ContentLook::kTimeSeconds)},
+      {"6:00 PM", "0.75" + look(ContentLook::kTime)},
+      {"36:00", "1.5" + look(ContentLook::kElapsed)},
+      {"6:60", "text"},
+      {"True", "bool 1" + general},
+      {"nepravda", "bool 0" + general},
+      {"#N/A", "error #N/A" + general},
+      {"#Neco", "text"},
+      {"=1+1", "text"},
+      {"-", "text"},
+      {"1.2.3.4", "text"},
+      {"2024-13-01", "text"},
+      {"Šroub 5", "text"},
+  };
+  for (const auto& [text, expected] : rows) EXPECT_EQ(Read(reader, czech, text), expected) << text;
+
+  const Locale& english = *FindLocale(u"en-US");
+  const GeneralReader other(english, english.decimalSeparator, english.groupSeparator);
+  EXPECT_EQ(Read(other, english, "1,234.50"), "1234.5" + look(ContentLook::kGroupedDecimals));
+  EXPECT_EQ(Read(other, english, "3/5/2024"), "45356" + look(ContentLook::kDate));
+  EXPECT_EQ(Read(other, english, "5.3.2024"), "text");
+}
+
+TEST(ExcelImportTest, FieldsOfRecords) {
+  ExcelBench bench;
+  const auto shown = [&](const std::string& text) {
+    const ExcelWorkbookReference import = bench.Import(text, "ttt");
+    const std::string values = ShownValues(*import->Sheets(1)->Range(u"A1")->CurrentRegion());
+    import->Close(false);
+    return values;
+  };
+  EXPECT_EQ(shown("a;b\r\nc;d\r\n"), "'a|'b / 'c|'d");
+  EXPECT_EQ(shown("00123;=A1;-5\r\n"), "'00123|'=A1|'-5");
+  EXPECT_EQ(shown("\"x;\"\"y\"\"\";b\"c\"\r\n\"1\"2;\"\"\r\n"), "'x;\"y\"|'b\"c\" / '12|");
+  EXPECT_EQ(shown("\"dva\r\nřádky\";b\r\n"), "'dva\\nřádky|'b");
+  EXPECT_EQ(shown("a;;c\r\n\r\n;;\r\nd"), "'a||'c / ~|~|~ / || / 'd|~|~");
+  EXPECT_EQ(shown(" ;;\r\nx;y;z\r\n"), "' || / 'x|'y|'z");
+  EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\\nb\\nc|'d\\ne / 'x\\ny|~ / 'z\\n|~");
+  EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\\nc");
+  EXPECT_EQ(shown("\r\n"), "~");
+}
+
+TEST(ExcelImportTest, TheWholeImportHangsTogether) {
+  ExcelBench bench;
+  const ExcelWorkbookReference import = bench.Import("a;b\r\n;\r\n\r\nc;\r\n", "tt");
+  const auto region = import->Sheets(1)->Range(u"A1")->CurrentRegion();
+  EXPECT_EQ(region->RowCount(), 4);
+  EXPECT_EQ(region->ColumnCount(), 2);
+  EXPECT_EQ(Shown(import->Name()), "data.txt");
+  import->Close(false);
+  // Anywhere in a long file, in any order.
+  std::string many;
+  for (int row = 0; row < 30000; ++row) many += std::to_string(row) + ";\"příliš žluťoučký kůň\"\r\n";
+  const ExcelWorkbookReference large = bench.Import(many, "gt");
+  const auto first = large->Sheets(1)->Range(u"A1");
+  for (const int row : {29999, 5, 12345, 12346, 0}) {
+    EXPECT_EQ(ShownValues(*first->Offset(row, 0)->Resize(1, 2)), std::to_string(row) + "|'příliš žluťoučký kůň");
+  }
+}
+
+TEST(ExcelImportTest, RefusesWhatASheetCannotHold) {
+  ExcelBench bench;
+  const auto refused = [&](const std::string& text) {
+    const Error error = ErrorOf([&] { bench.Import(text, "t"); });
+    EXPECT_EQ(error.number(), 1004);
+    return Shown(error.description());
+  };
+  EXPECT_NE(refused(std::string(32768, 'x')).find("32767"), std::string::npos);
+  EXPECT_NE(refused(std::string(16384, ';')).find("16384"), std::string::npos);
+  std::string rows;
+  for (int row = 0; row <= 1048576; ++row) rows += "\r\n";
+  EXPECT_NE(refused(rows).find("1048576"), std::string::npos);
+  EXPECT_EQ(ErrorOf([&] {
+              bench.Application()->OpenText({.Filename = u"/none/such.txt", .Other = true, .OtherChar = u";"});
+            }).number(),
+            1004);
+  EXPECT_EQ(ErrorOf([&] { bench.Application()->OpenText({.Filename = u"/none/such.txt", .DataType = 2}); }).number(),
+            438);
+  // The longest that fits.
+  const ExcelWorkbookReference import =
+      bench.Import(std::string(32767, 'x') + ";\"" + std::string(32767, 'y') + "\"", "tt");
+  EXPECT_EQ(import->Sheets(1)->Range(u"A1")->CurrentRegion()->ColumnCount(), 2);
+}
+
+TEST(ExcelImportTest, AFileThatChangesMeanwhileIsAnError) {
+  ExcelBench bench;
+  std::string many(3000, ';');
+  for (int i = 0; i < 200; ++i) many += "\r\n" + std::string(3000, 'x');
+  const ExcelWorkbookReference second = bench.Import(many, "t");
+  std::filesystem::resize_file(bench.folder.Path("data.txt"), 10);
+  EXPECT_EQ(ErrorOf([&] { second->Sheets(1)->Range(u"A1")->Offset(150, 0)->Value2(); }).number(), 57);
+}
+
+}  // namespace
+}  // namespace zorkanca::testing
