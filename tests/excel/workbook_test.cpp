@@ -168,6 +168,28 @@ TEST(ExcelWorkbookTest, OtherPartsStayAsTheyAre) {
       << changed.ReadPart("/xl/sharedStrings.xml");
 }
 
+// Readers that look for the usual names find them.
+TEST(ExcelWorkbookTest, MissingPartsGetTheirUsualNames) {
+  for (const bool taken : {false, true}) {
+    ExcelFixture fixture;
+    Package package = ExcelPackage({});
+    package.RemovePart("/xl/styles.xml");
+    Relationships list = package.RelationshipsOf("/xl/workbook.xml");
+    list.Remove(list.FirstOf("styles")->id);
+    package.SetRelationships(list);
+    if (taken) package.AddPart("/xl/styles.xml", "application/xml", "<other/>");
+    if (taken) package.AddPart("/xl/sharedStrings.xml", "application/xml", "<other/>");
+    package.SaveAs(fixture.folder.Path("bare.xltx"));
+    const ExcelWorkbookReference workbook = fixture.Application()->AddWorkbook(fixture.folder.TextPath("bare.xltx"));
+    workbook->ActiveSheet()->Range(u"A1")->Formula(u"text");
+    const Package saved = fixture.Saved(*workbook);
+    const std::string number = taken ? "1" : "";
+    EXPECT_EQ(saved.RelatedPart("/xl/workbook.xml", "styles"), "/xl/styles" + number + ".xml");
+    EXPECT_EQ(saved.RelatedPart("/xl/workbook.xml", "sharedStrings"), "/xl/sharedStrings" + number + ".xml");
+    EXPECT_EQ(saved.ContentTypeOf("/xl/styles" + number + ".xml"), kSheetTypes + "styles+xml");
+  }
+}
+
 TEST(ExcelWorkbookTest, PrefixesOfElementsAreKept) {
   ExcelFixture bench;
   Package package = ExcelPackage({});

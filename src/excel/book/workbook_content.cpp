@@ -80,7 +80,7 @@ void WorkbookContent::ReadStyles() {
   if (const auto part = package_.RelatedPart(mainPart_, "styles")) {
     stylesPart_ = *part;
   } else {
-    stylesPart_ = package_.FreshPartName("/xl/styles#.xml");
+    stylesPart_ = FreePartName(package_, "/xl/styles");
     package_.AddPart(stylesPart_, "application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml",
                      BlankStyles(package_.Family()));
     Relationships relationships = package_.RelationshipsOf(mainPart_);

@@ -7,6 +7,7 @@
 #include "excel/sheet/row_composer.h"
 #include "excel/sheet/row_writer.h"
 #include "excel/sheet/sheet_frame.h"
+#include "excel/tables/blank_package.h"
 #include "excel/tables/cell_reader.h"
 #include "opc/deflated_part.h"
 #include "opc/xml_names.h"
@@ -142,8 +143,7 @@ void WorkbookSaver::WriteTexts() {
   texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet, family));
   part->Finish();
   if (!workbook_.textsPart_.empty()) return package_.ReplacePart(workbook_.textsPart_, part);
-  std::string name = "/xl/sharedStrings.xml";
-  if (package_.HasPart(name)) name = package_.FreshPartName("/xl/sharedStrings#.xml");
+  const std::string name = FreePartName(package_, "/xl/sharedStrings");
   package_.AddPart(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml", part);
   Relationships relationships = package_.RelationshipsOf(workbook_.mainPart_);
   relationships.Add(OfficeRelationshipType("sharedStrings", family), name);

@@ -34,7 +34,7 @@ class Fitter {
   }
 
  private:
-  // Texts and numbers that an import spelled are measured as they came; millions of them need no formatting.
+  // Most texts and numbers of an import are measured as they came; millions of them need no formatting.
   double PixelsOf(const CellView& cell) {
     const TextWidths& widths = WidthsOf(cell.style);
     if (!cell.shown.empty()) return widths.PixelsOfLines(cell.shown);

@@ -42,7 +42,7 @@ struct Content {
   bool quotePrefix = false;
   bool missing = false;  ///< the block has no field here; laid over a cell, it leaves the cell alone
   std::string_view text = {};
-  std::string_view shown = {};  ///< how the text spelled it, in UTF-8; for the width of columns
+  std::string_view shown = {};  ///< what its cell shows, in UTF-8, where that is known; for the width of columns
   const Formula* formula = nullptr;
 };
 

@@ -127,7 +127,7 @@ class ImportedText::TextCursor final : public Cursor {
       Content content = block_->reader_.Read(field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
-        content.shown = content.format == ContentFormat::kGeneral ? content.text : InUtf8(field);
+        content.shown = Shown(content, field);
         return content;
       }
     }
@@ -137,6 +137,13 @@ class ImportedText::TextCursor final : public Cursor {
                                   : (lines ? ContentFormat::kGeneralLines : ContentFormat::kGeneral);
     content.text = content.shown = InUtf8(field);
     return content;
+  }
+
+  // What the cell shows, as far as the field tells it; nothing where its format may show more.
+  std::string_view Shown(const Content& content, std::string_view field) {
+    if (content.kind == CellKind::kBoolean) return content.text == "1" ? block_->trueWord_ : block_->falseWord_;
+    if (content.format == ContentFormat::kGeneral) return content.text;
+    return block_->ShowsAsSpelled(content.format, field) ? InUtf8(field) : std::string_view();
   }
 
   std::string_view InUtf8(std::string_view field) {
@@ -169,11 +176,33 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
     : text_(std::move(text)),
       locale_(locale),
       reader_(locale, arguments.DecimalSeparator.value_or(locale.decimalSeparator),
-              arguments.ThousandsSeparator.value_or(locale.groupSeparator)) {
+              arguments.ThousandsSeparator.value_or(locale.groupSeparator)),
+      trueWord_(ToUtf8(UpperCase(locale.trueWord))),
+      falseWord_(ToUtf8(UpperCase(locale.falseWord))),
+      shortDateIsShortest_(locale.shortDate.find_first_of(u" ") == Text::npos &&
+                           locale.shortDate.find(u"dd") == Text::npos && locale.shortDate.find(u"mm") == Text::npos) {
   for (const ExcelColumnInfo& info : arguments.FieldInfo) {
     if (info.column < 1 || info.column > kLastColumn || info.type != ExcelColumnType::kText) continue;
     textColumns_.resize(std::max(textColumns_.size(), static_cast<std::size_t>(info.column)));
     textColumns_[static_cast<std::size_t>(info.column) - 1] = true;
+  }
+}
+
+// Grouped numbers are shown with two decimals or none, dates with four digits of the year. Other formats show more than
+// some of the fields that they are given for: 12E3 is 1.20E+04.
+bool ImportedText::ShowsAsSpelled(ContentFormat format, std::string_view field) const {
+  const auto isDigit = [&](std::size_t fromEnd) {
+    return field.size() >= fromEnd && field[field.size() - fromEnd] >= '0' && field[field.size() - fromEnd] <= '9';
+  };
+  switch (format) {
+    case ContentFormat::kGrouped:
+      return true;
+    case ContentFormat::kGroupedDecimals:
+      return isDigit(1) && isDigit(2);
+    case ContentFormat::kDate:
+      return shortDateIsShortest_ && isDigit(1) && isDigit(2) && isDigit(3) && isDigit(4);
+    default:
+      return false;
   }
 }
 

@@ -35,11 +35,15 @@ class ImportedText final : public CellSource, public std::enable_shared_from_thi
 
   ImportedText(std::shared_ptr<const OpenedText> text, const OpenTextArguments& arguments, const Locale& locale);
   void Count(std::int32_t skippedRows);
+  /// True when a cell of that format shows no more than its field has.
+  bool ShowsAsSpelled(ContentFormat format, std::string_view field) const;
   bool IsText(std::size_t column) const { return column < textColumns_.size() && textColumns_[column]; }
 
   std::shared_ptr<const OpenedText> text_;
   const Locale& locale_;
   GeneralReader reader_;
+  std::string trueWord_, falseWord_;  // as cells show them, in UTF-8
+  bool shortDateIsShortest_ = false;  // the locale's short date adds no zeros and blanks
   std::vector<bool> textColumns_;
   std::vector<std::uint64_t> marks_;  // offsets of every 256th row
   std::int32_t rows_ = 0;
