@@ -103,8 +103,10 @@ TEST(ExcelImportTest, ColumnsFitWhatIsShown) {
     import->Sheets(1)->Range(u"A1")->AutoFitColumns();
     const std::string xml = fixture.SavedSheet(*import);
     import->Close(false);
-    const std::size_t at = xml.find("<col min=\"1\" max=\"1\" width=\"") + 26;
-    return xml.substr(at, xml.find('"', at) - at);
+    const std::string_view start = "<col min=\"1\" max=\"1\" width=\"";
+    const std::size_t at = xml.find(start);
+    EXPECT_NE(at, xml.npos) << xml;
+    return std::atof(xml.c_str() + at + start.size());
   };
   const std::pair<const char*, const char*> rows[] = {
       {"True", "PRAVDA"},

@@ -35,8 +35,8 @@ class ExcelSteps {
     std::string verb;
     std::string first;
     words >> verb >> first;
-    std::string rest;
-    std::getline(words >> std::ws, rest);
+    words >> std::ws;
+    const std::string rest(std::istreambuf_iterator<char>(words), {});
     const Text place = FromUtf8(first);
     if (verb == "repeat") {
       ExcelFixture::Repeat(sheet_, std::atoi(first.c_str()), std::atoi(rest.c_str()));

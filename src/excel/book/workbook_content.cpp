@@ -25,8 +25,8 @@ bool IsTrue(std::string_view value) {
 
 }  // namespace
 
-WorkbookContent::WorkbookContent(Package package, const Locale& locale)
-    : package_(std::move(package)), locale_(locale) {
+WorkbookContent::WorkbookContent(Package package, const Locale& locale, const ExcelWatch& watch)
+    : package_(std::move(package)), locale_(locale), watch_(watch) {
   mainPart_ = package_.MainPart();
   SettleType();
   workbook_ = ParseXml(package_.ReadPart(mainPart_), {file(), mainPart_});

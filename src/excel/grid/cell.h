@@ -37,6 +37,7 @@ struct CellView {
   std::uint32_t style = 0;  ///< index of its cell format
   CellKind kind = CellKind::kBlank;
   bool quotePrefix = false;  ///< the text was put in with an apostrophe in front
+  bool hasLines = false;     ///< of kText: it is known to have line breaks
   std::string_view content = {};
   std::string_view type = {};    ///< of kFile and kFileFormula: the attribute t
   std::string_view result = {};  ///< of kFile and kFileFormula: the inside of v or is, raw

@@ -132,7 +132,7 @@ class ImportedText::TextCursor final : public Cursor {
       }
     }
     const bool lines = field.find('\n') != field.npos;
-    Content content{.kind = CellKind::kText};
+    Content content{.kind = CellKind::kText, .hasLines = lines};
     content.format = isTextColumn ? (lines ? ContentFormat::kTextLines : ContentFormat::kText)
                                   : (lines ? ContentFormat::kGeneralLines : ContentFormat::kGeneral);
     content.text = content.shown = InUtf8(field);
@@ -164,10 +164,10 @@ class ImportedText::TextCursor final : public Cursor {
 };
 
 std::shared_ptr<const ImportedText> ImportedText::Open(const std::string& path, const OpenTextArguments& arguments,
-                                                       const Locale& locale) {
+                                                       const Locale& locale, const ExcelWatch& watch) {
   const char delimiter = RequireDelimiter(arguments);
   std::shared_ptr<ImportedText> block(new ImportedText(OpenFile(path, delimiter), arguments, locale));
-  block->Count(std::max(arguments.StartRow - 1, 0));
+  block->Count(std::max(arguments.StartRow - 1, 0), watch);
   return block;
 }
 
@@ -206,12 +206,14 @@ bool ImportedText::ShowsAsSpelled(ContentFormat format, std::string_view field) 
   }
 }
 
-void ImportedText::Count(std::int32_t skippedRows) {
+void ImportedText::Count(std::int32_t skippedRows, const ExcelWatch& watch) {
   RecordReader records(text_);
   for (std::int32_t skipped = 0; skipped < skippedRows && records.Next();) ++skipped;
   std::size_t widest = 1;
   std::size_t firstRowFilled = 0;
+  WatchedWork work(watch, ExcelWork::kImporting, text_->size);
   for (std::uint64_t offset = records.offset(); records.Next(); offset = records.offset()) {
+    work.Reach(offset);
     if (rows_ == kLastRow) RaiseExcelError(u"The data have more than 1048576 rows, which is more than a sheet holds.");
     if (rows_ % kMarkDistance == 0) marks_.push_back(offset);
     const std::vector<std::string_view>& fields = records.fields();
