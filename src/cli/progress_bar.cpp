@@ -60,6 +60,7 @@ void ProgressBar::Draw(double percent, std::string_view label) {
   if (label != label_) {
     label_ = label;
     start_ = now;
+    lastDrawn_ = created_;  // is shown at once
   }
   if (!DrawsNow(percent, now)) return;
   lastDrawn_ = now;
