@@ -99,6 +99,8 @@ TEST_F(FieldReturn, RunsAreSplitAtTheMarkers) {
     EXPECT_TRUE(Return(row.body, row.inBody)) << row.body;
     EXPECT_EQ(Body(), row.outcome) << row.body;
   }
+  EXPECT_TRUE(Return("<p><r><t>&b\uF041\uF020\uF0FC&s\uF041&e</t></r></p>", 1));  // in a symbol font
+  EXPECT_EQ(Body(), "<p>{<r><i>A \uF0FC</i></r>|<r><t>\uF041</t></r>}</p>");
   EXPECT_TRUE(Return("<p><r><t>&b  zálož\"a\"&e&b mm&e</t></r></p>", 2, {{u"ZÁLOŽ", u"REF"}, {u"A", u"B"}}));
   EXPECT_EQ(Body(), "<p>{<r><i>  REF\"a\"</i></r>}{<r><i> mm</i></r>}</p>");
 }

@@ -211,6 +211,36 @@ TEST_F(Converter, ADocumentThatLosesItsMarkedFieldsIsConvertedAsItWas) {
                            " may have lost their formats and conditions: the file is damaged.\n");
 }
 
+TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
+  const std::string xml =
+      "<?xml version=\"1.0\"?><w:wordDocument xmlns:w=\"http://schemas.microsoft.com/office/word/2003/wordml\">"
+      "<w:body><w:fldSimple w:instr=\"DATE\"/></w:body></w:wordDocument>";
+  folder_.Write("result.docx", RawZip(SmallDocument("\uE013DATE\uE015\uE016")));
+  folder_.Write("a.rtf", "{\\rtf1{\\field{\\*\\fldinst DATE}{\\fldrslt}}}");
+  folder_.Write("a.xml", xml);
+  for (const char* name : {"a.rtf", "a.xml"}) {
+    LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
+    EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/marked/0.")) << name;
+    const Package package = Package::Open(folder_.Path("out.docx"));
+    EXPECT_THAT(package.ReadPart(package.MainPart()), HasSubstr("<w:instrText xml:space=\"preserve\">DATE<")) << name;
+  }
+  EXPECT_EQ(warnings_, "");
+
+  const std::string content = "<x xmlns=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\"><text:database-next/></x>";
+  folder_.Write("a.odt", RawZip({{"mimetype", "application/vnd.oasis.opendocument.text"}, {"content.xml", content}}));
+  folder_.Write("a.fodt", content);
+  folder_.Write("damaged.xml", xml + "<");
+  for (const char* name : {"a.odt", "a.fodt", "damaged.xml"}) {
+    LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
+    EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/in/0.")) << name;
+  }
+  const std::string told = " may have lost their formats and conditions: ";
+  const std::string next = told + "LibreOffice does not bring through its next record (1).\n";
+  EXPECT_EQ(warnings_, "Fields of " + folder_.Path("a.odt") + next + "Fields of " + folder_.Path("a.fodt") + next +
+                           "Fields of " + folder_.Path("damaged.xml") + told +
+                           "its XML is not sound or larger than we read.\n");
+}
+
 TEST_F(Converter, UnsoundDocumentsNeverReachTheProgram) {
   folder_.Write("empty.docx", "");
   folder_.Write("cut.docx", RawZip(SmallDocument("x")).substr(0, 500));

@@ -95,5 +95,34 @@ TEST_F(ConvertedFields, BinaryTemplatesKeepTheirCodes) {
                 " may have lost their formats and conditions: the table of its fields contradicts its text.\n");
 }
 
+TEST_F(ConvertedFields, TextFormatsKeepTheirCodes) {
+  folder_.Write(
+      "t.rtf",
+      "{\\rtf1\\ansi\\ansicpg1250\\deff0{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset2 Symbol;}}\\pard\\uc0 \\'c8 "
+      "{\\b {\\field\\fldedit{\\*\\fldinst {MERGEFIELD }{\\u268 islo \\\\# \"0000\"}}{\\fldrslt {7}}}}\\par\n"
+      "{\\field{\\*\\fldinst IF {\\field{\\*\\fldinst MERGEFIELD Kc }{\\fldrslt 6}}>5 \"a\\u269 \" \"b\"}{\\fldrslt "
+      "x}}{\\field{\\*\\fldinst NEXTIF 1 = 2 }}{\\field\\fldlock{\\*\\fldinst DATE }{\\fldrslt x}}\\par\n"
+      "{\\field{\\*\\fldinst PAGE }{\\fldrslt 1}}{\\f1{\\field{\\*\\fldinst MERGEFIELD Kod }{\\fldrslt 6}}}\\par}");
+  folder_.Write("t.xml",
+                "<?xml version=\"1.0\"?><?mso-application progid=\"Word.Document\"?><w:wordDocument "
+                "xmlns:w=\"http://schemas.microsoft.com/office/word/2003/wordml\" xml:space=\"preserve\"><w:body><w:p>"
+                "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r><w:r><w:instrText> IF </w:instrText></w:r><w:fldSimple "
+                "w:instr=\" MERGEFIELD Kc \\@ d \"><w:r><w:t>1</w:t></w:r></w:fldSimple><w:r><w:instrText> = 5 \"á\" "
+                "</w:instrText>"
+                "</w:r><w:r><w:fldChar w:fldCharType=\"separate\"/></w:r><w:r><w:t>x</w:t></w:r><w:r><w:fldChar "
+                "w:fldCharType=\"end\"/></w:r></w:p></w:body></w:wordDocument>");
+  const std::vector<Conversion> conversions = {{folder_.Path("t.rtf"), folder_.Path("rtf.out")},
+                                               {folder_.Path("t.xml"), folder_.Path("xml.out")}};
+  for (const std::optional<Error>& error : converter_.ToOpenXml(conversions)) EXPECT_FALSE(error) << error->what();
+  EXPECT_EQ(warnings_, "");
+  const Package rtf = Package::Open(folder_.Path("rtf.out"));
+  EXPECT_EQ(FieldsOf(rtf, "/word/document.xml"),
+            "{MERGEFIELD Čislo \\# \"0000\"|}{IF {MERGEFIELD Kc |}&gt;5 \"ač\" \"b\"|}{NEXTIF 1 = 2 }{DATE |}{ PAGE |}"
+            "{MERGEFIELD Kod |}");
+  EXPECT_EQ(CountOf(rtf.ReadPart("/word/document.xml"), "w:fldLock"), 1U);
+  EXPECT_EQ(FieldsOf(Package::Open(folder_.Path("xml.out")), "/word/document.xml"),
+            "{ IF { MERGEFIELD Kc \\@ d |} = 5 \"á\" |}");
+}
+
 }  // namespace
 }  // namespace zorkanca::testing

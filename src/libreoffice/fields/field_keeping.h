@@ -12,8 +12,8 @@ namespace zorkanca {
 /// @param document  native path
 /// @param copy      native path, written only when something is marked
 /// @return          nothing when the document has no such field
-/// Errors: 5 when it has some, or may have, and they cannot be marked, with the reason as an English clause; those of
-/// the file system.
+/// Errors: 5 when it has some, or may have, and they cannot be marked, with the reason as an English clause, which
+/// OpenDocument is always; those of the file system.
 std::optional<MarkedFields> MarkFields(const std::string& document, const std::string& copy);
 
 }  // namespace zorkanca

@@ -209,9 +209,19 @@ void PartWalk::Enter(Mark mark, bool marked) {
   }
 }
 
+// The letters of a code in a symbol font come back as private characters, which would be nobody's letters.
+void ReplacePrivateLetters(Text& code) {
+  constexpr char16_t kFirst = 0xF020;
+  constexpr char16_t kLast = 0xF07E;
+  for (char16_t& unit : code) {
+    if (unit >= kFirst && unit <= kLast) unit &= 0x7F;
+  }
+}
+
 void PartWalk::TurnToCode(pugi::xml_node text) {
   text.set_name(Is(text, "w:t") ? "w:instrText" : "w:delInstrText");
   Text code = FromUtf8(text.text().get());
+  ReplacePrivateLetters(code);
   if (nameAwaited_ && !IsBlank(code)) code = Translated(std::move(code));
   SetText(text, ToUtf8(code));
 }

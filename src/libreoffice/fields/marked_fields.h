@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <string>
 #include <string_view>
 
 #include "runtime/text.h"
@@ -28,6 +29,12 @@ struct MarkedFields {
   std::size_t inBody = 0;   ///< those of the main text, which must come back
   std::size_t spoiled = 0;  ///< those that could not be marked, because they stand inside of form fields and objects
   std::map<Text, Text> englishNames{};  ///< of field types that the document names in another language, in upper case
+};
+
+/// A document with its fields marked, and what was marked.
+struct MarkedText {
+  std::string bytes;
+  MarkedFields fields;
 };
 
 /// Raises error 5: the fields of this document cannot be marked.
