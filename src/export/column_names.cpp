@@ -130,7 +130,8 @@ std::vector<Text> FieldNames(Recordset& recordset) {
   return names;
 }
 
-Text FieldNameHeader(Recordset& recordset) {
+Text FieldNameHeader(Recordset& recordset, bool quotes) {
+  if (!quotes) return Join(FieldNames(recordset), TextView(&kExportSeparator, 1));
   Text header;
   for (const Text& name : FieldNames(recordset)) {
     if (!header.empty()) header.push_back(kExportSeparator);

@@ -35,8 +35,9 @@ Text ColumnCaptionsFromSelect(TextView select, TextView separator);
 
 /// The names of all fields in field order.
 std::vector<Text> FieldNames(Recordset& recordset);
-/// The same as the header of a data file: a name that holds a separator, a quote or a line break is quoted.
-Text FieldNameHeader(Recordset& recordset);
+/// The same as the header of a data file, joined by ";".
+/// @param quotes  quote a name that holds a separator, a quote or a line break; else it stands as it is
+Text FieldNameHeader(Recordset& recordset, bool quotes);
 
 /// Position (from 0) of the first element equal to the name, both trimmed and lower-cased.
 /// @return -1 when there is none

@@ -64,7 +64,9 @@ void ExcelExport::WriteDataFile(ColumnNameSource names) {
   }
   arguments_.rsSourceFile = OutputPathInWorkFolder(context_, arguments_.rsSourceFile);
   ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi));
-  if (names == ColumnNameSource::kFieldNames) arguments_.rsFieldNames = FieldNameHeader(session_.recordset());
+  if (names == ColumnNameSource::kFieldNames) {
+    arguments_.rsFieldNames = FieldNameHeader(session_.recordset(), context_.preferences.namesOfRecordset);
+  }
   file.WriteHeader(arguments_.rsFieldNames);
   for (std::int16_t left = context_.blankRecordsBefore; left > 0; --left) file.WriteBlankLine(reader_.FieldCount());
   reader_.ValidateMultiplier();

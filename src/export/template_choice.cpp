@@ -62,7 +62,9 @@ TemplateChoice::Source TemplateChoice::Missing(const std::vector<Text>& places) 
   Text description = u"The template was not found: ";
   Text separator;
   for (const Text& place : places) {
-    const Text path = files.GetAbsolutePathName(place);
+    // The shared folder stands as the installation has it; what the caller wrote is read from the current folder on.
+    const bool isShared = places.size() > 1 && &place == &places.front();
+    const Text path = isShared ? place : files.GetAbsolutePathName(place);
     if (files.FolderExists(path)) {
       number = RuntimeError::kPathFileAccess;
       description = Text(u"The template is a folder: ").append(path);
