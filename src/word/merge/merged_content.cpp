@@ -129,7 +129,7 @@ StoryText* MergedContent::HeaderText(std::int32_t section, HeaderKind kind) {
   const std::string& id = headerIds_[own * 2 + (kind == HeaderKind::kFooter ? 1 : 0)];
   const auto varying = headers_.byId().find(id);
   if (varying != headers_.byId().end()) return &headers_.StoryOf(varying->second, index / repeated, *copies_);
-  return HeaderStoryOf(parts_, id, plainHeaders_);
+  return HeaderStoryOf(parts_, id, plainHeaders_, [this](const std::string& part) { parts_.Changed(part); });
 }
 
 void MergedContent::Produce(PartSink& sink) const {
