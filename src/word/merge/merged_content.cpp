@@ -106,8 +106,9 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
     (block == section ? endCompiler : copyCompiler).Add(block);
   }
   finalSection_ = endCompiler.Take();
-  copies_ = std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord,
-                                           order.endRecord, order.cancelled);
+  copies_ = std::make_unique<MergedCopies>(
+      order.source, copyCompiler.Take(), order.firstRecord,
+      MergeInput{*order.source, locale, order.endRecord, nullptr, order.cancelled, order.warn});
   if (copies_->count() == 0) {
     RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
   }
