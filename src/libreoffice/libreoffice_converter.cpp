@@ -67,7 +67,7 @@ OutputForm PdfForm(DocumentFamily family, const PdfOptions& options) {
 
 OutputForm OpenXmlForm(DocumentFamily family) {
   if (family == DocumentFamily::kSheet) return {.extension = "xlsx", .filter = "xlsx:Calc MS Excel 2007 XML"};
-  return {.extension = "docx", .filter = "docx:MS Word 2007 XML"};
+  return {.extension = "docx", .filter = "docx:MS Word 2007 XML", .keepsFields = true};
 }
 
 Error ConversionError(const std::string& source, const std::string& reason) {
