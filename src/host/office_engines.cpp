@@ -17,6 +17,6 @@ LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> ca
 
 OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
     : word_(locale, ConverterFor(locale, cancelled, warn), warn, cancelled),
-      excel_(locale, ConverterFor(locale, cancelled)) {}
+      excel_(locale, ConverterFor(locale, std::move(cancelled))) {}
 
 }  // namespace zorkanca

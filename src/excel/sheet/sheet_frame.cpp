@@ -309,7 +309,7 @@ class ShellMaker {
                 inside.empty() ? std::string() : "<" + name + attributes + ">" + inside + "</" + name + ">");
   }
 
-  SheetFrame Split(std::string xml) const {
+  SheetFrame Split(const std::string& xml) const {
     const std::string rows = "<?" + std::string(SheetPart::kRowsMark) + "?>";
     const std::size_t at = xml.find(rows);
     SheetFrame frame{xml.substr(0, at), xml.substr(at + rows.size())};
