@@ -29,8 +29,7 @@ class ManualTest(CommandLineCase):
             options = re.findall(r"(?m)^  ((?:-\w, )?--[a-z].*(?:\n {20,}.*)*)", text)
             for option in options if command else []:
                 if re.match(r"(-\w, )?--\S+ +[A-Z0-9a-z|]*[A-Z|]", option):
-                    print(path, option) if not re.search(r"default|without|required|may be given|else", option) else 0; continue
-                    self.assertRegex(option, r"default|without|required|may be given|else", f"{path} {option}")
+                    self.assertRegex(option, r"default|without|required", f"{path} {option}")
 
     def test_completion(self):
         self.run_program("--home", "lists", "--yes", "templates", "add", "a.dot", "--application", "A1", "--list", "Můj seznam")
