@@ -230,7 +230,10 @@ TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   folder_.Write("a.odt", RawZip({{"mimetype", "application/vnd.oasis.opendocument.text"}, {"content.xml", content}}));
   folder_.Write("a.fodt", content);
   folder_.Write("damaged.xml", xml + "<");
-  for (const char* name : {"a.odt", "a.fodt", "damaged.xml"}) {
+  folder_.Write("package.xml", "<x xmlns=\"http://schemas.microsoft.com/office/2006/xmlPackage\"/>");
+  folder_.Write("page.doc", "<x xmlns=\"urn:schemas-microsoft-com:office:word\" style=\"mso-element:field-begin\"/>");
+  folder_.Write("plain.doc", "<x xmlns=\"urn:schemas-microsoft-com:office:word\"/>");
+  for (const char* name : {"a.odt", "a.fodt", "damaged.xml", "package.xml", "page.doc", "plain.doc"}) {
     LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
     EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/in/0.")) << name;
   }
@@ -238,7 +241,9 @@ TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   const std::string next = told + "LibreOffice does not bring through its next record (1).\n";
   EXPECT_EQ(warnings_, "Fields of " + folder_.Path("a.odt") + next + "Fields of " + folder_.Path("a.fodt") + next +
                            "Fields of " + folder_.Path("damaged.xml") + told +
-                           "its XML is not sound or larger than we read.\n");
+                           "its XML is not sound or larger than we read.\nFields of " + folder_.Path("package.xml") +
+                           told + "it is a package written as one XML file.\nFields of " + folder_.Path("page.doc") +
+                           told + "it is a web page.\n");
 }
 
 TEST_F(Converter, UnsoundDocumentsNeverReachTheProgram) {
