@@ -211,6 +211,17 @@ TEST_F(Converter, ADocumentThatLosesItsMarkedFieldsIsConvertedAsItWas) {
                            " may have lost their formats and conditions: the file is damaged.\n");
 }
 
+TEST_F(Converter, NobodyIsWarnedOfADocumentThatFails) {
+  folder_.Write("one.doc", BinaryWordBytes({{{u"{ MERGEFIELD a|1}"}}}));
+  folder_.Write("two.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
+  for (const char* name : {"one.doc", "two.doc"}) {
+    const Error error =
+        ErrorOf([&] { LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx")); });
+    EXPECT_THAT(Shown(error.description()), HasSubstr("no usable result")) << name;
+  }
+  EXPECT_EQ(warnings_, "");
+}
+
 TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   const std::string xml =
       "<?xml version=\"1.0\"?><w:wordDocument xmlns:w=\"http://schemas.microsoft.com/office/word/2003/wordml\">"
