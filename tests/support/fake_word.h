@@ -35,6 +35,7 @@ class FakeWord final {
   std::int32_t sections = 1;                        ///< of every document; others raise 5941
   std::optional<ExportDocumentArguments> exported;  ///< those of the last export
   std::int32_t windowCount = 1;                     ///< of every document
+  std::size_t unitsSearched = 0;                    ///< by all searches; error 18 ends one without end
   WordWindowState windowState = WordWindowState::kNormal;
   WordWindowState documentState = WordWindowState::kNormal;  ///< of every document's window
   Journal& journal;
