@@ -30,14 +30,14 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// @return nothing for any other error
 std::optional<Text> StopMessage(const Error& error);
 
-/// Runs a step whose every failure means the same to the user: the data cannot be had. What stops the export as
-/// foreseen stays what it is.
+/// Runs a step whose every failure, whatever a client's database throws, means the same to the user: the data cannot be
+/// had. What stops the export as foreseen stays what it is.
 template <typename Body>
 auto AccessingData(Body body) {
   try {
     return body();
-  } catch (const Error& error) {
-    if (StopMessage(error)) throw;
+  } catch (...) {
+    if (StopMessage(*ErrorBeingHandled())) throw;
     StopExport(kDataAccessFailed);
   }
 }

@@ -88,8 +88,9 @@ void WordFormExport::FillDocuments() {
 void WordFormExport::OpenDocument(bool screenUpdating, TextView failure) {
   GetOpenDocArguments opening{
       .rsTemplate = arguments_.rsTemplate, .rAppVisible = AppVisible::avFalse, .rbScreenUpdating = screenUpdating};
-  if (!OpenWordDocument(context_, opening)) StopExport(failure);
+  const bool opened = OpenWordDocument(context_, opening);
   document_ = opening.roRetDoc;
+  if (!opened) StopExport(failure);
   SetMargins();
 }
 

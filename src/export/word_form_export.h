@@ -28,7 +28,7 @@ struct WdExportFormArguments : TemplateArguments {
   float TopMargin = kUnchangedMargin;     ///< likewise
   float LeftMarginP2 = kUnchangedMargin;  ///< of the second section, together with LeftMargin only
   float TopMarginP2 = kUnchangedMargin;   ///< likewise
-  WordDocumentReference roRetDoc{};       ///< receives the last document
+  WordDocumentReference roRetDoc{};       ///< receives the last document; null when a further one failed to open
   bool rbSetAppVisible = true;            ///< leave Word visible and maximised
 };
 

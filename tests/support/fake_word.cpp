@@ -196,6 +196,7 @@ class FakeApplication final : public WordApplication {
   void CheckLanguage(bool check) override { Set("checks ", checks_, check); }
   WordWindowState WindowState() const override { return word_.windowState; }
   void WindowState(WordWindowState state) override {
+    if (word_.refusedLine == "maximised") throw Error(5, Text(), u"refused");
     word_.windowState = state;
     if (state == WordWindowState::kMaximize) word_.journal.push_back("word maximised");
   }
@@ -212,7 +213,9 @@ class FakeApplication final : public WordApplication {
   }
   // Only changes are of interest.
   void Set(const char* what, bool& property, bool value) {
-    if (property != value) word_.journal.push_back("word " + std::string(what) + (value ? "on" : "off"));
+    const std::string line = std::string(what) + (value ? "on" : "off");
+    if (word_.refusedLine == line) throw Error(5, Text(), u"refused");
+    if (property != value) word_.journal.push_back("word " + line);
     property = value;
   }
 
@@ -225,6 +228,7 @@ class FakeApplication final : public WordApplication {
 }  // namespace
 
 WordApplicationReference FakeWord::AttachWord() {
+  if (ends && application.use_count() == 1) running = false;
   if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
   return application;
 }
