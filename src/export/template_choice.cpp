@@ -16,10 +16,8 @@ constexpr TextView kDefaultFolder = u"C:\\Program Files\\QRD\\Zorix\\Sablony";
 
 Text InSharedFolder(const ExportContext& context, TextView name) {
   const RegistryAccess access(context.platform.registry);
-  Text path = access.ReadValue(RegistryHive::kLocalMachine, kInstallationKey, u"sablony", kDefaultFolder);
-  // An empty one means the root, not the current folder.
-  if (path.empty() || !IsPathSeparator(path.back())) path.push_back(context.platform.files.PathSeparator());
-  return path.append(name);
+  const Text folder = access.ReadValue(RegistryHive::kLocalMachine, kInstallationKey, u"sablony", kDefaultFolder);
+  return PathInFolder(context.platform.files, folder, name);
 }
 
 // The list that a name in brackets means; a bracket that nothing closes takes the rest.
