@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The plain Excel export of a query (`zorkanca excel`: query, data file, import, looks, workbook) beside libxlsxwriter in
+"""The plain Excel export of a query (`zorkanca excel`: query, data file, import, formats, workbook) beside libxlsxwriter in
 its constant-memory mode, which gets the same texts from the finished data file and only writes the workbook."""
 import subprocess
 

@@ -25,13 +25,13 @@ int main(int count, char** arguments) {
   LinuxFileSystem files(*locale.codePage);
   FileRegistry registry("/nonexistent");
   ConsoleUserInterface userInterface(ConsoleUserInterface::Answers::kNo);
-  DesktopShell shell;
+  DesktopShell frame;
   SystemClock clock;
   SyslogEventLog eventLog;
   LinuxSuiteEnvironment environment("/nonexistent", "0", registry);
   OfficeEngines office(locale);
   ExportContext context{
-      .platform = {files, registry, userInterface, shell, clock, locale, eventLog, environment, office}};
+      .platform = {files, registry, userInterface, frame, clock, locale, eventLog, environment, office}};
 
   SqliteDatabase database(arguments[1]);
   const Text select = FromUtf8(arguments[2]);

@@ -1,5 +1,5 @@
 // The plain export by libxlsxwriter in its constant-memory mode, for bench/excel_engine.py: the same rows, texts,
-// number formats and looks from the same file.
+// number formats and formats from the same file.
 //
 //   xlsxwriter_rows DATA RESULT
 #include <xlsxwriter.h>

@@ -145,7 +145,7 @@ void EngineExcel::OpenText(const OpenTextArguments& arguments) {
   const auto workbook = std::static_pointer_cast<excel::OpenWorkbook>(Add(excel::BlankWorkbook(locale()), fullName));
   excel::SheetModel& sheet = workbook->Sheet(0);
   const excel::CellArea area{1, 1, std::max(import->rows(), 1), import->columns()};
-  sheet.Lay({.area = area, .source = import, .withLooks = true});
+  sheet.Lay({.area = area, .source = import, .withFormats = true});
   sheet.isImport = true;
 }
 

@@ -14,7 +14,7 @@ namespace {
 const ContentsLayer* ImportOf(const SheetModel& sheet) {
   if (sheet.layers().size() != 1 || !sheet.part().rows().empty()) return nullptr;
   const auto* layer = std::get_if<ContentsLayer>(&sheet.layers().front());
-  return layer && layer->withLooks ? layer : nullptr;
+  return layer && layer->withFormats ? layer : nullptr;
 }
 
 void PasteRows(const CopiedRows& rows, OpenWorkbook& workbook, std::size_t sheet, CellAddress place,
@@ -27,14 +27,14 @@ void PasteRows(const CopiedRows& rows, OpenWorkbook& workbook, std::size_t sheet
   workbook.Sheet(sheet).PasteRows(rows.block, place.row, copies);
 }
 
-void PasteImport(const CopiedImport& import, SheetModel& sheet, CellAddress place, bool withLooks) {
+void PasteImport(const CopiedImport& import, SheetModel& sheet, CellAddress place, bool withFormats) {
   const CellArea area = import.part.Moved(place.row - import.part.top, place.column - import.part.left);
   if (!IsInSheet(area)) RefusePlace();
   sheet.Lay({.area = area,
              .source = import.source,
              .sourceRow = import.part.top - 1,
              .sourceColumn = import.part.left - 1,
-             .withLooks = withLooks});
+             .withFormats = withFormats});
 }
 
 }  // namespace
@@ -50,11 +50,11 @@ Clipboard CopiedFrom(const std::shared_ptr<OpenWorkbook>& workbook, std::size_t 
 }
 
 void PasteAt(const Clipboard& clipboard, OpenWorkbook& workbook, std::size_t sheet, CellAddress place,
-             std::int32_t copies, bool withLooks) {
+             std::int32_t copies, bool withFormats) {
   if (const auto* import = std::get_if<CopiedImport>(&clipboard)) {
-    PasteImport(*import, workbook.Sheet(sheet), place, withLooks);
+    PasteImport(*import, workbook.Sheet(sheet), place, withFormats);
   } else if (const auto* rows = std::get_if<CopiedRows>(&clipboard)) {
-    if (!withLooks) RaiseUnsupportedExcelMember(u"Range.PasteSpecial of formulas of rows");
+    if (!withFormats) RaiseUnsupportedExcelMember(u"Range.PasteSpecial of formulas of rows");
     PasteRows(*rows, workbook, sheet, place, copies);
   } else {
     RaiseExcelError(u"Nothing was copied that could be pasted.");

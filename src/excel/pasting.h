@@ -11,9 +11,9 @@ Clipboard CopiedFrom(const std::shared_ptr<OpenWorkbook>& workbook, std::size_t 
 
 /// Pastes rows below each other, or an import, at a place. Errors: 1004 when nothing was copied or it does not fit; 438
 /// for rows of another sheet.
-/// @param withLooks  false: contents alone
+/// @param withFormats  false: contents alone
 void PasteAt(const Clipboard& clipboard, OpenWorkbook& workbook, std::size_t sheet, CellAddress place,
-             std::int32_t copies, bool withLooks);
+             std::int32_t copies, bool withFormats);
 
 /// `Worksheet.Paste`: fills the selection. Errors: as above.
 void PasteAtSelection(OpenWorkbook& workbook, std::size_t sheet);

@@ -19,8 +19,8 @@ std::optional<CellArea> ConnectedImport(const SheetModel& sheet, const CellArea&
   if (!layer || !sheet.part().rows().empty() || area.top != 1 || area.left != 1) return std::nullopt;
   if (layer->area.top != 1 || layer->area.left != 1) return std::nullopt;
   const auto* import = dynamic_cast<const ImportedText*>(layer->source.get());
-  const auto isLook = [](const Layer& each) { return std::holds_alternative<LookLayer>(each); };
-  if (!import || !std::all_of(sheet.layers().begin() + 1, sheet.layers().end(), isLook)) return std::nullopt;
+  const auto isFormat = [](const Layer& each) { return std::holds_alternative<CellFormatLayer>(each); };
+  if (!import || !std::all_of(sheet.layers().begin() + 1, sheet.layers().end(), isFormat)) return std::nullopt;
   const bool whole = layer->area.RowCount() == import->rows() && layer->area.ColumnCount() == import->columns();
   return whole && (sheet.isImport || import->isConnected()) ? std::optional(layer->area) : std::nullopt;
 }
@@ -228,20 +228,20 @@ void SheetRange::Select() {
   sheet.Select(area_);
 }
 
-void SheetRange::ChangeLook(const LookChange& change, TextView member) {
+void SheetRange::ChangeFormat(const CellFormatChange& change, TextView member) {
   SheetModel& sheet = Model();
   if (!area_.IsWholeRows() && !area_.IsWholeColumns()) {
     RaiseUnsupportedExcelMember(zorkanca::Text(member).append(u" of other than whole rows or columns"));
   }
-  sheet.ChangeLook(area_, change);
+  sheet.ChangeFormat(area_, change);
 }
 
 void SheetRange::HorizontalAlignment(ExcelAlignment alignment) {
-  ChangeLook({.alignment = alignment}, u"Range.HorizontalAlignment");
+  ChangeFormat({.alignment = alignment}, u"Range.HorizontalAlignment");
 }
 
 void SheetRange::FontBold(bool bold) {
-  ChangeLook({.bold = bold}, u"Range.Font.Bold");
+  ChangeFormat({.bold = bold}, u"Range.Font.Bold");
 }
 
 void SheetRange::AutoFitColumns() {

@@ -31,7 +31,7 @@ class SheetRange final : public ExcelRange {
  private:
   SheetModel& Model() const { return workbook_->Sheet(sheet_); }
   std::unique_ptr<ExcelRange> RangeOf(const CellArea& area) const;
-  void ChangeLook(const LookChange& change, TextView member);
+  void ChangeFormat(const CellFormatChange& change, TextView member);
   /// Calls for each cell of the area that there is. @param use  called with the cell's view and its address
   template <typename Use>
   void ForEachCell(Use use) const;

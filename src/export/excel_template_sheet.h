@@ -23,7 +23,7 @@ struct ExcelRowPatterns {
   std::int32_t RowCount() const { return static_cast<std::int32_t>(rows.size()); }
 };
 
-/// Reads the patterns and empties their cells, which keep their looks.
+/// Reads the patterns and empties their cells, which keep their formats.
 /// Errors: 5 for a brace that nothing closes, and for a placeholder beyond J that no record could fill; 6 for more than
 /// 32767 rows. Nothing is changed then.
 ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet);
@@ -32,8 +32,8 @@ ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet);
 /// @param copies  so many times the rows are there in the end
 void RepeatRows(ExcelApplication& excel, ExcelWorksheet& sheet, std::int32_t rowCount, std::int32_t copies);
 
-/// Puts the contents of a block, texts and formulas, into the cells of another one, which keep their looks, without the
-/// clipboard. Texts stay texts, whatever they look like.
+/// Puts the contents of a block, texts and formulas, into the cells of another one, which keep their formats, without
+/// the clipboard. Texts stay texts, whatever they look like.
 /// @param target  first cell of the other block
 void TransferContents(ExcelRange& block, ExcelRange& target);
 

@@ -1,6 +1,6 @@
 // The controls that a dialog is made of, as plain state with events. A dialog's logic and whoever shows it (real
 // windows, a terminal, a script without any) see the same objects: the logic sets properties and hears events, the
-// shower draws the properties and passes on what the person does.
+// view draws the properties and passes on what the person does.
 #pragma once
 
 #include <functional>
@@ -31,7 +31,7 @@ struct Anchors {
   bool bottom = false;
 };
 
-/// The colours that dialogs use; the shower picks the desktop's own.
+/// The colours that dialogs use; the view picks the desktop's own.
 enum class BackColor { kDefault, kWindow, kDisabled };
 
 /// A control of one form. Every setter that changes something tells whoever shows the form.
@@ -74,7 +74,7 @@ class Control {
   virtual bool CanTakeFocus() const { return visible_ && enabled_ && tabIndex_.has_value(); }
 
  protected:
-  /// Tells the shower that this control looks different.
+  /// Tells the view that this control looks different.
   void Changed();
   /// For a person's click: takes the focus unless it is here already.
   void FocusByClick();

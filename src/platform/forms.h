@@ -58,7 +58,7 @@ class Form {
   float designWidth() const { return designWidth_; }
   float designHeight() const { return designHeight_; }
   /// The window's place and outer size while it is in normal state, twips of the screen. Left and top count only once
-  /// they were set; until then the shower centres the form.
+  /// they were set; until then the view centres the form.
   const Bounds& bounds() const { return bounds_; }
   bool placed() const { return placed_; }
   void SetBounds(const Bounds& bounds);
@@ -89,7 +89,7 @@ class Form {
   int AddResizeListener(std::function<void()> listener);
   void RemoveResizeListener(int number);
 
-  /// What a person does; the shower calls these. Keys count only while the form is visible: the release of the key that
+  /// What a person does; the view calls these. Keys count only while the form is visible: the release of the key that
   /// closed it finds nobody.
   void Activate() { OnActivate(); }
   /// A key was pressed, or released; the form sees it before its controls. Enter by which the form moves the focus does

@@ -67,7 +67,7 @@ class DateWriter {
       case u'c':
         return WriteGeneralLetter(pattern);
       case u'a':
-        return WriteHalfOfDay(pattern);
+        return WriteAmPm(pattern);
       case u'/':
         sink_.Put(locale_.dateSeparator);
         return 1;
@@ -176,20 +176,20 @@ class DateWriter {
     return 1;
   }
 
-  std::size_t WriteHalfOfDay(TextView pattern) {
+  std::size_t WriteAmPm(TextView pattern) {
     const bool morning = date_.hour < 12;
     const bool lower = pattern.front() == u'a';
     std::size_t length = 0;
-    switch (ReadHalfOfDayWord(pattern, length)) {
-      case HalfOfDayWord::kNone:
+    switch (ReadAmPmMarker(pattern, length)) {
+      case AmPmMarker::kNone:
         return WriteLiteral(pattern);
-      case HalfOfDayWord::kAmPm:
+      case AmPmMarker::kAmPm:
         sink_.Put(lower ? (morning ? u"am" : u"pm") : (morning ? u"AM" : u"PM"));
         break;
-      case HalfOfDayWord::kShort:
+      case AmPmMarker::kShort:
         sink_.Put(lower ? (morning ? u"a" : u"p") : (morning ? u"A" : u"P"));
         break;
-      case HalfOfDayWord::kOfLocale:
+      case AmPmMarker::kOfLocale:
         sink_.Put(morning ? locale_.morning : locale_.afternoon);
         break;
     }
@@ -206,12 +206,12 @@ class DateWriter {
   bool minuteWritten_ = false;
 };
 
-bool NamesHalfOfDay(TextView pattern) {
+bool NamesAmPm(TextView pattern) {
   TextView literal;
   std::size_t length = 0;
   while (!pattern.empty()) {
     if (TakeLiteral(pattern, literal)) continue;
-    if (ReadHalfOfDayWord(pattern, length) != HalfOfDayWord::kNone) return true;
+    if (ReadAmPmMarker(pattern, length) != AmPmMarker::kNone) return true;
     pattern.remove_prefix(1);
   }
   return false;
@@ -219,23 +219,23 @@ bool NamesHalfOfDay(TextView pattern) {
 
 }  // namespace
 
-HalfOfDayWord ReadHalfOfDayWord(TextView pattern, std::size_t& length) {
+AmPmMarker ReadAmPmMarker(TextView pattern, std::size_t& length) {
   struct Word {
     TextView letters;
-    HalfOfDayWord word;
+    AmPmMarker word;
   };
-  if (pattern.empty() || AsciiLower(pattern.front()) != u'a') return HalfOfDayWord::kNone;
+  if (pattern.empty() || AsciiLower(pattern.front()) != u'a') return AmPmMarker::kNone;
   constexpr Word kWords[] = {
-      {u"am/pm", HalfOfDayWord::kAmPm}, {u"a/p", HalfOfDayWord::kShort}, {u"ampm", HalfOfDayWord::kOfLocale}};
+      {u"am/pm", AmPmMarker::kAmPm}, {u"a/p", AmPmMarker::kShort}, {u"ampm", AmPmMarker::kOfLocale}};
   for (const Word& candidate : kWords) {
     if (!StartsWithWord(pattern, candidate.letters)) continue;
     length = candidate.letters.size();
     return candidate.word;
   }
-  return HalfOfDayWord::kNone;
+  return AmPmMarker::kNone;
 }
 
-DatePattern::DatePattern(TextView pattern) : text(pattern), twelveHours(NamesHalfOfDay(pattern)) {}
+DatePattern::DatePattern(TextView pattern) : text(pattern), twelveHours(NamesAmPm(pattern)) {}
 
 void AppendDate(Text& text, const DateParts& date, const DatePattern& pattern, const Locale& locale) {
   TextSink sink(text);

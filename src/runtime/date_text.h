@@ -10,11 +10,11 @@
 
 namespace zorkanca {
 
-/// A pattern's word for the half of the day, which also switches hours to 12.
-enum class HalfOfDayWord { kNone, kAmPm, kShort, kOfLocale };
+/// A pattern's AM/PM marker, which also switches hours to 12.
+enum class AmPmMarker { kNone, kAmPm, kShort, kOfLocale };
 
 /// The word that the pattern begins with (AM/PM, A/P or AMPM, case ignored) and its length in units.
-HalfOfDayWord ReadHalfOfDayWord(TextView pattern, std::size_t& length);
+AmPmMarker ReadAmPmMarker(TextView pattern, std::size_t& length);
 
 /// A date pattern ready for use; the text of the pattern must outlive it.
 struct DatePattern {
@@ -22,7 +22,7 @@ struct DatePattern {
   DatePattern(TextView pattern, bool hasTwelveHours) : text(pattern), twelveHours(hasTwelveHours) {}
 
   TextView text;
-  bool twelveHours;  ///< the pattern names the half of the day somewhere
+  bool twelveHours;  ///< the pattern has an AM/PM marker somewhere
 };
 
 /// Appends a date by a pattern.

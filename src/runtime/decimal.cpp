@@ -23,7 +23,7 @@ bool AddDigit(Decimal& number, std::uint32_t digit) {
 
 // The digits with exactly `scale` decimals; false when they do not fit.
 bool Assemble(DecimalDigits digits, std::int64_t scale, Decimal& number) {
-  RoundToDecimals(digits, scale, Half::kToEven);
+  RoundToDecimals(digits, scale, RoundingMode::kHalfToEven);
   number = Decimal{.scale = static_cast<std::uint8_t>(scale), .negative = digits.negative};
   const std::int64_t length = digits.IsZero() ? 0 : digits.point + scale;
   for (std::int64_t index = 0; index < length; ++index) {

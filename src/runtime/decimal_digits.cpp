@@ -80,7 +80,7 @@ void SetSignificant(DecimalDigits& number, double magnitude, int limit) {
   if (number.count <= limit) return;
   const bool half = number.count == limit + 1 && number.digits[limit] == '5';
   if (half && !IsExactly(number, magnitude)) return SetRounded(number, magnitude, limit);
-  RoundToDecimals(number, limit - number.point, Half::kAwayFromZero);
+  RoundToDecimals(number, limit - number.point, RoundingMode::kHalfAwayFromZero);
 }
 
 }  // namespace
@@ -139,7 +139,7 @@ DecimalDigits DigitsOf(const Decimal& value) {
   return number;
 }
 
-void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, Half half) {
+void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, RoundingMode mode) {
   const std::int64_t kept = number.point + decimals;
   if (kept >= number.count) return;
   bool up = false;
@@ -147,7 +147,7 @@ void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, Half half) {
     const char next = number.digits[kept];
     const bool tie = next == '5' && kept + 1 == number.count;
     const bool even = kept == 0 || (number.digits[kept - 1] - '0') % 2 == 0;
-    up = tie && half == Half::kToEven ? !even : next >= '5';
+    up = tie && mode == RoundingMode::kHalfToEven ? !even : next >= '5';
   }
   number.count = static_cast<int>(std::max<std::int64_t>(kept, 0));
   if (up) {
@@ -181,7 +181,7 @@ double NearestDouble(const DecimalDigits& number) {
 
 std::optional<std::int64_t> WholeNumber(DecimalDigits number, int decimals) {
   constexpr int kLongest = 19;  // decimal digits of the largest 64-bit integer
-  RoundToDecimals(number, decimals, Half::kToEven);
+  RoundToDecimals(number, decimals, RoundingMode::kHalfToEven);
   if (number.IsZero()) return 0;
   const std::int64_t length = number.point + decimals;
   if (length > kLongest) return std::nullopt;

@@ -28,7 +28,7 @@ struct DecimalDigits {
 };
 
 /// What happens to a number that lies exactly between two candidates.
-enum class Half { kAwayFromZero, kToEven };
+enum class RoundingMode { kHalfAwayFromZero, kHalfToEven };
 
 /// The digits of the exact binary value rounded to `limit` significant digits, halves away from zero.
 /// The value must be finite.
@@ -38,7 +38,7 @@ DecimalDigits DigitsOf(Currency value);
 DecimalDigits DigitsOf(const Decimal& value);
 
 /// Rounds to a number of decimals; a number that becomes zero loses its sign.
-void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, Half half);
+void RoundToDecimals(DecimalDigits& number, std::int64_t decimals, RoundingMode mode);
 
 /// The nearest Double, infinite when the number is too large.
 double NearestDouble(const DecimalDigits& number);

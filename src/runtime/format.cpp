@@ -108,7 +108,7 @@ struct Applier {
     }
   }
 
-  void operator()(const TextFormat& format) const {
+  void operator()(const PlaceholderFormat& format) const {
     const std::size_t start = text.size();
     AppendText(text, value, locale);
     FormatTail(text, start, format);

@@ -42,7 +42,7 @@ PatternKind KindOf(TextView section) {
     if (TextView(u"dmyhnsqwc/:").find(unit) != TextView::npos) return PatternKind::kDate;
     if (TextView(u"@&<>!").find(unit) != TextView::npos) return PatternKind::kText;
     if (unit == u't' && RunLength(section, 5) == 5) return PatternKind::kDate;
-    if (ReadHalfOfDayWord(section, length) != HalfOfDayWord::kNone) return PatternKind::kDate;
+    if (ReadAmPmMarker(section, length) != AmPmMarker::kNone) return PatternKind::kDate;
     section.remove_prefix(1);
   }
   return PatternKind::kLiteral;
@@ -197,9 +197,9 @@ NumberFormat CompileNumber(const std::vector<TextView>& sections) {
   return format;
 }
 
-TextFormat CompileText(const std::vector<TextView>& sections) {
+PlaceholderFormat CompilePlaceholders(const std::vector<TextView>& sections) {
   constexpr std::size_t kUsed = 2;
-  TextFormat format;
+  PlaceholderFormat format;
   for (std::size_t index = 0; index < std::min(sections.size(), kUsed); ++index) {
     format.sections.push_back(TextCompiler().Compile(sections[index]));
   }
@@ -219,11 +219,11 @@ AnyFormat CompilePattern(TextView pattern) {
     case PatternKind::kDate:
       return CompileDate(sections.front());
     case PatternKind::kText:
-      return CompileText(sections);
+      return CompilePlaceholders(sections);
     case PatternKind::kLiteral:
       break;
   }
-  LiteralFormat format{.forNumbers = CompileNumber(sections), .forTexts = CompileText(sections)};
+  LiteralFormat format{.forNumbers = CompileNumber(sections), .forTexts = CompilePlaceholders(sections)};
   format.forNumbers.signs = false;
   return format;
 }

@@ -106,12 +106,12 @@ std::int64_t Fit(DecimalDigits& number, const NumberSection& section) {
   if (number.IsZero()) return 0;
   number.point += section.shift;
   if (!section.scientific) {
-    RoundToDecimals(number, section.fractionPlaces, Half::kAwayFromZero);
+    RoundToDecimals(number, section.fractionPlaces, RoundingMode::kHalfAwayFromZero);
     return 0;
   }
   std::int64_t exponent = number.point - section.integerPlaces;
   number.point = section.integerPlaces;
-  RoundToDecimals(number, section.fractionPlaces, Half::kAwayFromZero);
+  RoundToDecimals(number, section.fractionPlaces, RoundingMode::kHalfAwayFromZero);
   if (number.point > section.integerPlaces) {  // 9.99 became 10.0
     number.point = section.integerPlaces;
     ++exponent;
@@ -147,7 +147,7 @@ void AppendNumber(Text& text, DecimalDigits& number, const NumberFormat& format,
 void AppendAmount(Text& text, DecimalDigits& number, const CurrencyFormat& format, const Locale& locale) {
   constexpr TextView kNoBreakSpace = u"\u00A0";
   const TextView space = locale.currencySpaced ? kNoBreakSpace : TextView();
-  RoundToDecimals(number, format.amount.sections.front().fractionPlaces, Half::kAwayFromZero);
+  RoundToDecimals(number, format.amount.sections.front().fractionPlaces, RoundingMode::kHalfAwayFromZero);
   const bool negative = std::exchange(number.negative, false);
   if (negative) text.push_back(locale.negativeCurrencyInBrackets ? u'(' : u'-');
   if (!locale.currencyAfterNumber) text.append(locale.currencySymbol).append(space);

@@ -91,21 +91,21 @@ struct TextSection {
 };
 
 /// text;empty
-struct TextFormat {
+struct PlaceholderFormat {
   std::vector<TextSection> sections;  ///< one or two
 };
 
 /// Nothing but literals: numbers and dates are replaced by them, a text follows them.
 struct LiteralFormat {
   NumberFormat forNumbers;
-  TextFormat forTexts;
+  PlaceholderFormat forTexts;
 };
 
 /// The value's own text.
 struct GeneralFormat {};
 
-using AnyFormat =
-    std::variant<GeneralFormat, NumberFormat, CurrencyFormat, TruthFormat, DateFormat, TextFormat, LiteralFormat>;
+using AnyFormat = std::variant<GeneralFormat, NumberFormat, CurrencyFormat, TruthFormat, DateFormat, PlaceholderFormat,
+                               LiteralFormat>;
 
 struct FormatPattern::Compiled {
   AnyFormat format;
@@ -116,6 +116,6 @@ void AppendNumber(Text& text, DecimalDigits& number, const NumberFormat& format,
 void AppendAmount(Text& text, DecimalDigits& number, const CurrencyFormat& format, const Locale& locale);
 
 /// Replaces the text behind `start` by its formatted form.
-void FormatTail(Text& text, std::size_t start, const TextFormat& format);
+void FormatTail(Text& text, std::size_t start, const PlaceholderFormat& format);
 
 }  // namespace zorkanca

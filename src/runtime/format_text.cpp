@@ -9,9 +9,9 @@ namespace {
 
 // The source stands in the same text, in front of the result: no second text is needed. It is read by position,
 // because the text moves while it grows.
-class TextWriter {
+class PlaceholderWriter {
  public:
-  TextWriter(Text& text, std::size_t start, const TextSection& section)
+  PlaceholderWriter(Text& text, std::size_t start, const TextSection& section)
       : text_(text), section_(section), next_(start), end_(text.size()) {
     const std::size_t length = end_ - start;
     const std::size_t missing = section.places > length ? section.places - length : 0;
@@ -63,10 +63,10 @@ class TextWriter {
 
 }  // namespace
 
-void FormatTail(Text& text, std::size_t start, const TextFormat& format) {
+void FormatTail(Text& text, std::size_t start, const PlaceholderFormat& format) {
   const std::size_t end = text.size();
   const bool forEmpty = end == start && format.sections.size() > 1 && format.sections[1].given;
-  TextWriter(text, start, format.sections[forEmpty ? 1 : 0]).Write();
+  PlaceholderWriter(text, start, format.sections[forEmpty ? 1 : 0]).Write();
   text.erase(start, end - start);
 }
 

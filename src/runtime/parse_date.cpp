@@ -1,5 +1,5 @@
 // How texts spell dates and times: two or three numbers (or a month's name among them) between separators, a time
-// "h:mm[:ss]" with an optional word for the half of the day, or both in any order.
+// "h:mm[:ss]" with an optional AM/PM marker, or both in any order.
 #include <algorithm>
 #include <array>
 
@@ -120,7 +120,7 @@ class DateReader {
     TimeOfDay time{.hour = hour, .minute = ReadNumberOfDate()};
     if (TakeTimeSeparator()) time.second = ReadNumberOfDate();
     SkipBlanks();
-    if (!ReadHalfOfDay(time.hour)) return false;
+    if (!ReadAmPm(time.hour)) return false;
     if (time.hour > 23 || time.minute > 59 || time.second > 59) return false;
     time_ = time;
     SkipBlanks();
@@ -135,8 +135,8 @@ class DateReader {
     return true;
   }
 
-  // Moves the hour to the half of the day that a word names; false where there is no such hour.
-  bool ReadHalfOfDay(std::int32_t& hour) {
+  // Moves the hour to the half of the day that an AM/PM marker names; false where there is no such hour.
+  bool ReadAmPm(std::int32_t& hour) {
     if (TakeWord(locale_.morning) || TakeWord(u"AM")) {
       if (hour > 12) return false;
       if (hour == 12) hour = 0;

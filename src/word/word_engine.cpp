@@ -24,9 +24,9 @@ struct WordEngine::Environment {
 };
 
 // The application with its open documents, the one used last first.
-class EngineApplication final : public WordApplication, public std::enable_shared_from_this<EngineApplication> {
+class EngineWord final : public WordApplication, public std::enable_shared_from_this<EngineWord> {
  public:
-  explicit EngineApplication(std::shared_ptr<const WordEngine::Environment> environment)
+  explicit EngineWord(std::shared_ptr<const WordEngine::Environment> environment)
       : environment_(std::move(environment)) {}
 
   WordDocumentReference AddDocument(TextView Template, bool NewTemplate) override;
@@ -75,7 +75,7 @@ void RequireFile(const std::string& path) {
 
 }  // namespace
 
-word::WordPackage EngineApplication::Read(const std::string& path) const {
+word::WordPackage EngineWord::Read(const std::string& path) const {
   RequireFile(path);
   if (DocumentKindOf(path) == DocumentKind::kPackage) return word::WordPackage(Package::Open(path));
   const TemporaryPackage converted(".docx");  // the package keeps the file open
@@ -83,24 +83,24 @@ word::WordPackage EngineApplication::Read(const std::string& path) const {
   return word::WordPackage(Package::Open(converted.path()));
 }
 
-WordDocumentReference EngineApplication::AddDocument(TextView Template, bool NewTemplate) {
+WordDocumentReference EngineWord::AddDocument(TextView Template, bool NewTemplate) {
   if (NewTemplate) RaiseUnsupportedWordMember(u"Documents.Add with NewTemplate");
   if (Template.empty()) return Add(std::make_unique<word::TreeContent>(word::WordPackage::Blank()), FreshName());
   const std::string path = AbsolutePath(ToNativePath(Template));
   return Add(std::make_unique<word::TreeContent>(lastTemplate_.Open(path, [&] { return Read(path); })), FreshName());
 }
 
-WordDocumentReference EngineApplication::OpenDocument(const OpenDocumentArguments& arguments) {
+WordDocumentReference EngineWord::OpenDocument(const OpenDocumentArguments& arguments) {
   if (arguments.ReadOnly) RaiseUnsupportedWordMember(u"Documents.Open with ReadOnly");
   if (arguments.Format != 0) RaiseUnsupportedWordMember(u"Documents.Open with a format");
   const std::string path = AbsolutePath(ToNativePath(arguments.FileName));
   return Add(std::make_unique<word::TreeContent>(Read(path)), FromNativePath(path));
 }
 
-WordDocumentReference EngineApplication::Add(std::unique_ptr<word::DocumentContent> content, Text name) {
-  const std::weak_ptr<EngineApplication> weak = weak_from_this();
+WordDocumentReference EngineWord::Add(std::unique_ptr<word::DocumentContent> content, Text name) {
+  const std::weak_ptr<EngineWord> weak = weak_from_this();
   const auto self = [weak] {
-    std::shared_ptr<EngineApplication> application = weak.lock();
+    std::shared_ptr<EngineWord> application = weak.lock();
     if (!application) RaiseWordError(WordError::kObjectDeleted, u"Object has been deleted.");
     return application;
   };
@@ -120,31 +120,31 @@ WordDocumentReference EngineApplication::Add(std::unique_ptr<word::DocumentConte
   return document;
 }
 
-void EngineApplication::Remove(const WordDocument& document) {
+void EngineWord::Remove(const WordDocument& document) {
   documents_.remove_if([&](const WordDocumentReference& each) { return each.get() == &document; });
 }
 
-void EngineApplication::Activate(const WordDocument& document) {
+void EngineWord::Activate(const WordDocument& document) {
   for (auto place = documents_.begin(); place != documents_.end(); ++place) {
     if (place->get() == &document) return documents_.splice(documents_.begin(), documents_, place);
   }
 }
 
-WordDocumentReference EngineApplication::Documents(std::int32_t index) {
+WordDocumentReference EngineWord::Documents(std::int32_t index) {
   if (index < 1 || index > DocumentCount()) {
     RaiseWordError(WordError::kMemberMissing, u"The requested member of the collection does not exist.");
   }
   return *std::next(documents_.begin(), index - 1);
 }
 
-WordDocumentReference EngineApplication::ActiveDocument() {
+WordDocumentReference EngineWord::ActiveDocument() {
   if (documents_.empty()) {
     RaiseWordError(WordError::kNoOpenDocument, u"This command is not available because no document is open.");
   }
   return documents_.front();
 }
 
-void EngineApplication::ActiveWindowState(WordWindowState state) {
+void EngineWord::ActiveWindowState(WordWindowState state) {
   ActiveDocument();
   windowState_ = state;
 }
@@ -161,7 +161,7 @@ WordApplicationReference WordEngine::AttachWord() {
 }
 
 WordApplicationReference WordEngine::StartWord() {
-  if (!running_) running_ = std::make_shared<EngineApplication>(environment_);
+  if (!running_) running_ = std::make_shared<EngineWord>(environment_);
   return running_;
 }
 

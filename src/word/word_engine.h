@@ -36,7 +36,7 @@ class WordEngine final {
   std::shared_ptr<const Environment> environment_;
   WordApplicationReference running_;
 
-  friend class EngineApplication;
+  friend class EngineWord;
 };
 
 }  // namespace zorkanca

@@ -11,7 +11,7 @@ namespace {
 
 using excel::CellKind;
 using excel::Content;
-using excel::ContentLook;
+using excel::ContentFormat;
 using excel::GeneralReader;
 
 std::string Read(const GeneralReader& reader, const Locale& locale, const char* utf8) {
@@ -22,15 +22,15 @@ std::string Read(const GeneralReader& reader, const Locale& locale, const char* 
   if (content.kind == CellKind::kText) return "text";
   const char* const kinds[] = {"", "", "", "", "", "", "bool ", "error "};
   return kinds[static_cast<int>(content.kind)] + std::string(content.text) + "/" +
-         std::to_string(static_cast<int>(content.look));
+         std::to_string(static_cast<int>(content.format));
 }
 
 TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
   Locale czech = *FindLocale(u"cs-CZ");
   czech.currentYear = 2026;
   const GeneralReader reader(czech, czech.decimalSeparator, czech.groupSeparator);
-  const auto look = [](ContentLook which) { return "/" + std::to_string(static_cast<int>(which)); };
-  const std::string general = look(ContentLook::kGeneral);
+  const auto format = [](ContentFormat which) { return "/" + std::to_string(static_cast<int>(which)); };
+  const std::string general = format(ContentFormat::kGeneral);
   const std::pair<const char*, std::string> rows[] = {
       {"5", "5" + general},
       {"007", "7" + general},
@@ -38,37 +38,37 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
       {" 12 ", "12" + general},
       {",5", "0.5" + general},
       {"5,", "5" + general},
-      {"0,000001", "1E-6" + look(ContentLook::kGeneral)},
-      {"1\u00A0234", "1234" + look(ContentLook::kGrouped)},
-      {"1 234 567,50", "1234567.5" + look(ContentLook::kGroupedDecimals)},
+      {"0,000001", "1E-6" + format(ContentFormat::kGeneral)},
+      {"1\u00A0234", "1234" + format(ContentFormat::kGrouped)},
+      {"1 234 567,50", "1234567.5" + format(ContentFormat::kGroupedDecimals)},
       {"12 34", "text"},
       {"1234 567", "text"},
       {"12345678901234567", "12345678901234500" + general},
       {"0,1234567890123456", "0.123456789012345" + general},
-      {"12E3", "12000" + look(ContentLook::kScientific)},
+      {"12E3", "12000" + format(ContentFormat::kScientific)},
       {"1e400", "text"},
       {"(5)", "-5" + general},
       {"5-", "text"},
-      {"50 %", "0.5" + look(ContentLook::kPercent)},
-      {"12,5%", "0.125" + look(ContentLook::kPercentDecimals)},
-      {"1 234,50 Kč", "1234.5" + look(ContentLook::kAmountDecimals)},
-      {"1.5", "46143" + look(ContentLook::kDayMonth)},
-      {"24.12.", "46380" + look(ContentLook::kDayMonth)},
-      {"5.3.2024", "45356" + look(ContentLook::kDate)},
-      {"5. 3. 2024", "45356" + look(ContentLook::kDate)},
-      {"05.03.24", "45356" + look(ContentLook::kDate)},
-      {"2024-03-05", "45356" + look(ContentLook::kDate)},
+      {"50 %", "0.5" + format(ContentFormat::kPercent)},
+      {"12,5%", "0.125" + format(ContentFormat::kPercentDecimals)},
+      {"1 234,50 Kč", "1234.5" + format(ContentFormat::kAmountDecimals)},
+      {"1.5", "46143" + format(ContentFormat::kDayMonth)},
+      {"24.12.", "46380" + format(ContentFormat::kDayMonth)},
+      {"5.3.2024", "45356" + format(ContentFormat::kDate)},
+      {"5. 3. 2024", "45356" + format(ContentFormat::kDate)},
+      {"05.03.24", "45356" + format(ContentFormat::kDate)},
+      {"2024-03-05", "45356" + format(ContentFormat::kDate)},
       {"31.4.2024", "text"},
       {"1.13.2024", "text"},
-      {"29.2.1900", "60" + look(ContentLook::kDate)},
-      {"1.1.1900", "1" + look(ContentLook::kDate)},
+      {"29.2.1900", "60" + format(ContentFormat::kDate)},
+      {"1.1.1900", "1" + format(ContentFormat::kDate)},
       {"31.12.1899", "text"},
-      {"3/2024", "45352" + look(ContentLook::kMonthYear)},
-      {"5.3.2024 18:00", "45356.75" + look(ContentLook::kDateTime)},
-      {"6:00", "0.25" + look(ContentLook::kTime)},
-      {"6:00:36", "0.2504166666666667" + look(ContentLook::kTimeSeconds)},
-      {"6:00 PM", "0.75" + look(ContentLook::kTime)},
-      {"36:00", "1.5" + look(ContentLook::kElapsed)},
+      {"3/2024", "45352" + format(ContentFormat::kMonthYear)},
+      {"5.3.2024 18:00", "45356.75" + format(ContentFormat::kDateTime)},
+      {"6:00", "0.25" + format(ContentFormat::kTime)},
+      {"6:00:36", "0.2504166666666667" + format(ContentFormat::kTimeSeconds)},
+      {"6:00 PM", "0.75" + format(ContentFormat::kTime)},
+      {"36:00", "1.5" + format(ContentFormat::kElapsed)},
       {"6:60", "text"},
       {"True", "bool 1" + general},
       {"nepravda", "bool 0" + general},
@@ -84,13 +84,13 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
 
   const Locale& english = *FindLocale(u"en-US");
   const GeneralReader other(english, english.decimalSeparator, english.groupSeparator);
-  EXPECT_EQ(Read(other, english, "1,234.50"), "1234.5" + look(ContentLook::kGroupedDecimals));
-  EXPECT_EQ(Read(other, english, "3/5/2024"), "45356" + look(ContentLook::kDate));
+  EXPECT_EQ(Read(other, english, "1,234.50"), "1234.5" + format(ContentFormat::kGroupedDecimals));
+  EXPECT_EQ(Read(other, english, "3/5/2024"), "45356" + format(ContentFormat::kDate));
   EXPECT_EQ(Read(other, english, "5.3.2024"), "text");
 }
 
 TEST(ExcelImportTest, FieldsOfRecords) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const auto shown = [&](const std::string& text) {
     const ExcelWorkbookReference import = bench.Import(text, "ttt");
     const std::string values = ShownValues(*import->Sheets(1)->Range(u"A1")->CurrentRegion());
@@ -109,7 +109,7 @@ TEST(ExcelImportTest, FieldsOfRecords) {
 }
 
 TEST(ExcelImportTest, TheWholeImportHangsTogether) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference import = bench.Import("a;b\r\n;\r\n\r\nc;\r\n", "tt");
   const auto region = import->Sheets(1)->Range(u"A1")->CurrentRegion();
   EXPECT_EQ(region->RowCount(), 4);
@@ -127,7 +127,7 @@ TEST(ExcelImportTest, TheWholeImportHangsTogether) {
 }
 
 TEST(ExcelImportTest, RefusesWhatASheetCannotHold) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const auto refused = [&](const std::string& text) {
     const Error error = ErrorOf([&] { bench.Import(text, "t"); });
     EXPECT_EQ(error.number(), 1004);
@@ -151,7 +151,7 @@ TEST(ExcelImportTest, RefusesWhatASheetCannotHold) {
 }
 
 TEST(ExcelImportTest, AFileThatChangesMeanwhileIsAnError) {
-  ExcelBench bench;
+  ExcelFixture bench;
   std::string many(3000, ';');
   for (int i = 0; i < 200; ++i) many += "\r\n" + std::string(3000, 'x');
   const ExcelWorkbookReference second = bench.Import(many, "t");

@@ -17,7 +17,7 @@ void EmptyCells(ExcelWorksheet& sheet, std::int32_t count) {
 }
 
 TEST(ExcelRepeatTest, RowsComeWithEverythingOfTheirs) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add(
       {.rows =
            "<row r=\"1\" spans=\"1:5\" ht=\"30\" customHeight=\"1\" s=\"1\" customFormat=\"1\" outlineLevel=\"1\">" +
@@ -30,7 +30,7 @@ TEST(ExcelRepeatTest, RowsComeWithEverythingOfTheirs) {
            Text1("A5", "pata") + "<c r=\"B5\"><f>SUM(B1:B3)</f><v>7</v></c></row>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   EmptyCells(*sheet, 2);
-  ExcelBench::Repeat(*sheet, 1, 3);
+  ExcelFixture::Repeat(*sheet, 1, 3);
   bench.Fill(*sheet, "00123;=1+1\r\nb;5,5\r\n\"c <&> \"\"\";\r\n", "tt");
   const std::string row = " s=\"1\" customFormat=\"1\" ht=\"30\" customHeight=\"1\" outlineLevel=\"1\">";
   const auto rest = [](const std::string& n) {
@@ -51,7 +51,7 @@ TEST(ExcelRepeatTest, RowsComeWithEverythingOfTheirs) {
 }
 
 TEST(ExcelRepeatTest, FormulasOfEveryKind) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add(
       {.rows =
            "<row r=\"1\"><c r=\"A1\"><f t=\"shared\" ref=\"A1:A2\" si=\"0\">B1+1</f><v>1</v></c>"
@@ -60,7 +60,7 @@ TEST(ExcelRepeatTest, FormulasOfEveryKind) {
            "<c r=\"F1\"><f t=\"dataTable\" ref=\"F1:F1\" dt2D=\"1\" r1=\"A9\" r2=\"A8\"/><v>3</v></c></row>"
            "<row r=\"2\"><c r=\"A2\"><f t=\"shared\" si=\"0\"/><v>1</v></c></row>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
-  ExcelBench::Repeat(*sheet, 2, 2);
+  ExcelFixture::Repeat(*sheet, 2, 2);
   EXPECT_EQ(bench.SavedRows(*workbook),
             "<row r=\"1\"><c r=\"A1\"><f>B1+1</f></c><c r=\"C1\" cm=\"1\"><f t=\"array\" "
             "ref=\"C1:D2\">TRANSPOSE(E1:F2)</f></c>"
@@ -74,7 +74,7 @@ TEST(ExcelRepeatTest, FormulasOfEveryKind) {
 }
 
 TEST(ExcelRepeatTest, RulesOfAreas) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add(
       {.rows = "<row r=\"1\">" + Text1("A1", "x") + "</row><row r=\"2\">" + Text1("A2", "y") + "</row><row r=\"9\"/>",
        .behind =
@@ -95,7 +95,7 @@ TEST(ExcelRepeatTest, RulesOfAreas) {
            "</x14:sparkline></x14:sparklines></ext></extLst>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   sheet->Range(u"B2")->Formula(u"5");
-  ExcelBench::Repeat(*sheet, 2, 3);
+  ExcelFixture::Repeat(*sheet, 2, 3);
   const std::string xml = bench.SavedSheet(*workbook);
   const auto has = [&](const std::string& part) { EXPECT_NE(xml.find(part), xml.npos) << part << "\n" << xml; };
   has("<mergeCells count=\"6\"><mergeCell ref=\"A1:B1\"/><mergeCell ref=\"C1:C2\"/><mergeCell ref=\"A3:B3\"/>"
@@ -140,7 +140,7 @@ const std::string kPicture =
     kOfficeXml + "\"/></xdr:pic></xdr:twoCellAnchor>";
 
 TEST(ExcelRepeatTest, PicturesComeWithEachCopy) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const auto at = [](const std::string& kind, const std::string& attributes, int row, int id,
                      const std::string& object) {
     return "<xdr:" + kind + attributes + "><xdr:from><xdr:row>" + std::to_string(row) +
@@ -174,7 +174,7 @@ TEST(ExcelRepeatTest, PicturesComeWithEachCopy) {
 }
 
 TEST(ExcelRepeatTest, APatternOfSeveralRowsKeepsItsShape) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook =
       bench.Add({.rows = "<row r=\"1\">" + Text1("A1", "{a}", "1") + Text1("B1", "{b}", "1") + Text1("D1", "vpravo") +
                          "</row>"
@@ -186,7 +186,7 @@ TEST(ExcelRepeatTest, APatternOfSeveralRowsKeepsItsShape) {
   EXPECT_EQ(region->RowCount(), 2);
   EXPECT_EQ(region->ColumnCount(), 2);
   EmptyCells(*sheet, 2);
-  ExcelBench::Repeat(*sheet, 2, 2);
+  ExcelFixture::Repeat(*sheet, 2, 2);
   // The second line of a record is shorter: what stands right of it stays.
   bench.Fill(*sheet, "1;2\r\nKód 3\r\n4;\r\nKód 6\r\n", "tt");
   EXPECT_EQ(ShownValues(*sheet->Range(u"A1:D4")), "'1|'2||'vpravo / 'Kód 3||| / '4|||'vpravo / 'Kód 6|||");
@@ -197,7 +197,7 @@ TEST(ExcelRepeatTest, APatternOfSeveralRowsKeepsItsShape) {
 }
 
 TEST(ExcelRepeatTest, WhatDoesNotFitIsRefused) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add({.rows = "<row r=\"1\">" + Text1("A1", "x") + "</row>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   EXPECT_EQ(ErrorOf([&] { sheet->Paste(); }).number(), 1004);  // nothing was copied

@@ -8,7 +8,7 @@ namespace zorkanca::testing {
 namespace {
 
 TEST(ExcelWorkbookTest, APlainExport) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Application()->AddWorkbook({});
   EXPECT_EQ(Shown(workbook->Name()), "Sešit1");
   const ExcelWorkbookReference import = bench.Import(
@@ -34,7 +34,7 @@ TEST(ExcelWorkbookTest, APlainExport) {
   const std::string sheet = package.ReadPart("/xl/worksheets/sheet1.xml");
   const pugi::xml_document styles = ParseXml(package.ReadPart("/xl/styles.xml"), {});
   // Number format, alignment, bold, wrapped.
-  const auto look = [&](const std::string& address) {
+  const auto formatOf = [&](const std::string& address) {
     const std::size_t at = sheet.find("<c r=\"" + address + "\" s=\"");
     const int style = std::atoi(sheet.c_str() + at + address.size() + 11);
     const pugi::xml_node format = *std::next(styles.document_element().child("cellXfs").begin(), style);
@@ -44,13 +44,13 @@ TEST(ExcelWorkbookTest, APlainExport) {
     return std::string(format.attribute("numFmtId").value()) + " " + alignment.attribute("horizontal").value() +
            (font.child("b") ? " bold" : "") + (alignment.attribute("wrapText").as_bool() ? " wrap" : "");
   };
-  EXPECT_EQ(look("A1"), "49 center bold");
-  EXPECT_EQ(look("B1"), "0 center bold");
-  EXPECT_EQ(look("A2"), "49 left");
-  EXPECT_EQ(look("B2"), "4 right");
-  EXPECT_EQ(look("B3"), "0 right");
-  EXPECT_EQ(look("C2"), "14 right");
-  EXPECT_EQ(look("D2"), "49 general wrap");
+  EXPECT_EQ(formatOf("A1"), "49 center bold");
+  EXPECT_EQ(formatOf("B1"), "0 center bold");
+  EXPECT_EQ(formatOf("A2"), "49 left");
+  EXPECT_EQ(formatOf("B2"), "4 right");
+  EXPECT_EQ(formatOf("B3"), "0 right");
+  EXPECT_EQ(formatOf("C2"), "14 right");
+  EXPECT_EQ(formatOf("D2"), "49 general wrap");
   const auto has = [&](const std::string& part) { EXPECT_NE(sheet.find(part), sheet.npos) << part << "\n" << sheet; };
   has("<dimension ref=\"A1:D5\"/>");
   has("tabSelected=\"1\" workbookViewId=\"0\"><selection activeCell=\"A1\" sqref=\"A1\"/>");
@@ -66,7 +66,7 @@ TEST(ExcelWorkbookTest, APlainExport) {
 }
 
 TEST(ExcelWorkbookTest, ValuesOfEveryKind) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add(
       {.rows = "<row><c t=\"s\"><v>0</v></c><c t=\"s\"><v>1</v></c><c "
                "t=\"inlineStr\"><is><r><t>ri</t></r><r><t>ch</t></r></is></c>"
@@ -84,7 +84,7 @@ TEST(ExcelWorkbookTest, ValuesOfEveryKind) {
 }
 
 TEST(ExcelWorkbookTest, AssignedArrays) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook = bench.Add({.rows = "<row r=\"1\"><c r=\"A1\" s=\"1\"><v>1</v></c><c r=\"B1\" "
                                                              "s=\"2\"><v>2</v></c><c r=\"C1\"><v>3</v></c></row>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
@@ -120,7 +120,7 @@ TEST(ExcelWorkbookTest, AssignedArrays) {
 }
 
 TEST(ExcelWorkbookTest, OtherPartsStayAsTheyAre) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const std::string plain = "<worksheet xmlns=\"" + kSheetXml +
                             "\"><sheetData><row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c></row></sheetData></worksheet>";
   const std::string formula =
@@ -169,7 +169,7 @@ TEST(ExcelWorkbookTest, OtherPartsStayAsTheyAre) {
 }
 
 TEST(ExcelWorkbookTest, PrefixesOfElementsAreKept) {
-  ExcelBench bench;
+  ExcelFixture bench;
   Package package = ExcelPackage({});
   package.ReplacePart(
       "/xl/worksheets/sheet1.xml",
@@ -180,7 +180,7 @@ TEST(ExcelWorkbookTest, PrefixesOfElementsAreKept) {
   const ExcelWorkbookReference workbook = bench.Application()->AddWorkbook(bench.folder.TextPath("t.xltx"));
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   sheet->Range(u"B1")->Formula(u"text");
-  ExcelBench::Repeat(*sheet, 1, 2);
+  ExcelFixture::Repeat(*sheet, 1, 2);
   sheet->Columns(2)->HorizontalAlignment(ExcelAlignment::kRight);
   EXPECT_EQ(
       bench.SavedSheet(*workbook),
@@ -215,7 +215,7 @@ TEST(ExcelWorkbookTest, TextsThatHardlyRepeatStayInTheirCells) {
 }
 
 TEST(ExcelWorkbookTest, TheApplicationAndItsWorkbooks) {
-  ExcelBench bench;
+  ExcelFixture bench;
   EXPECT_EQ(ErrorOf([&] { bench.Engine().AttachExcel(); }).number(), 429);
   const ExcelApplicationReference excel = bench.Application();
   EXPECT_EQ(bench.Engine().AttachExcel(), excel);
@@ -245,7 +245,7 @@ TEST(ExcelWorkbookTest, TheApplicationAndItsWorkbooks) {
 }
 
 TEST(ExcelWorkbookTest, AnotherSheetBecomesActive) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const std::string second = "<worksheet xmlns=\"" + kSheetXml +
                              "\"><sheetViews><sheetView workbookViewId=\"0\"/></sheetViews><sheetData/></worksheet>";
   const ExcelWorkbookReference workbook =
@@ -265,7 +265,7 @@ TEST(ExcelWorkbookTest, AnotherSheetBecomesActive) {
 }
 
 TEST(ExcelWorkbookTest, MacrosStayInFilesThatMayHaveThem) {
-  ExcelBench bench;
+  ExcelFixture bench;
   Package package = ExcelPackage({.kind = "application/vnd.ms-excel.template.macroEnabled.main+xml"});
   package.AddPart("/xl/vbaProject.bin", "application/vnd.ms-office.vbaProject", "macro");
   Relationships list = package.RelationshipsOf("/xl/workbook.xml");
@@ -282,7 +282,7 @@ TEST(ExcelWorkbookTest, MacrosStayInFilesThatMayHaveThem) {
 }
 
 TEST(ExcelWorkbookTest, DatesOf1904) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const ExcelWorkbookReference workbook =
       bench.Add({.rows = "<row r=\"1\"><c r=\"A1\" s=\"2\"><v>43894</v></c></row>", .workbook = "<calcPr/>"});
   Package package = ExcelPackage({.rows = "<row r=\"1\"><c r=\"A1\" s=\"2\"><v>43894</v></c></row>"});
@@ -297,7 +297,7 @@ TEST(ExcelWorkbookTest, DatesOf1904) {
 }
 
 TEST(ExcelWorkbookTest, RefusesBadWorkbooksBeforeAnythingIsWritten) {
-  ExcelBench bench;
+  ExcelFixture bench;
   const auto refused = [&](const ExcelParts& parts) {
     const Error error = ErrorOf([&] { bench.Add(parts)->ActiveSheet(); });
     EXPECT_EQ(error.number(), 5) << error.what();
@@ -341,7 +341,7 @@ TEST(ExcelWorkbookTest, RefusesBadWorkbooksBeforeAnythingIsWritten) {
 }
 
 TEST(ExcelWorkbookTest, OtherFormatsByLibreOffice) {
-  ExcelBench bench;
+  ExcelFixture bench;
   bench.folder.Write(
       "old.xls",
       "<?xml version=\"1.0\"?><?mso-application progid=\"Excel.Sheet\"?><Workbook "
@@ -366,7 +366,7 @@ TEST(ExcelWorkbookTest, OtherFormatsByLibreOffice) {
 }
 
 TEST(ExcelWorkbookTest, ASaveThatFailsLeavesTheOldFile) {
-  ExcelBench bench;
+  ExcelFixture bench;
   Package package =
       ExcelPackage({.rows = "<row r=\"1\"><c r=\"A1\"><v>1</v></c></row>", .sheets = {{"Vadný", "<f><worksheet>"}}});
   package.SaveAs(bench.folder.Path("t.xltx"));

@@ -85,9 +85,9 @@ inline Package ExcelPackage(const ExcelParts& parts) {
 }
 
 /// An engine with a folder for its files.
-class ExcelBench {
+class ExcelFixture {
  public:
-  explicit ExcelBench(TextView localeTag = u"cs-CZ") : locale_(*FindLocale(localeTag)), engine_(locale_) {
+  explicit ExcelFixture(TextView localeTag = u"cs-CZ") : locale_(*FindLocale(localeTag)), engine_(locale_) {
     locale_.currentYear = 2026;
   }
 

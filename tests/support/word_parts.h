@@ -84,9 +84,9 @@ inline void WriteWordFile(const std::string& path, const WordParts& parts, const
 }
 
 /// An engine with a folder for its files.
-class WordBench {
+class WordFixture {
  public:
-  WordBench() : engine_(*FindLocale(u"cs-CZ"), {}, [this](TextView text) { warnings += ToUtf8(text) + "\n"; }) {}
+  WordFixture() : engine_(*FindLocale(u"cs-CZ"), {}, [this](TextView text) { warnings += ToUtf8(text) + "\n"; }) {}
 
   WordApplicationReference Application() { return engine_.StartWord(); }
   WordDocumentReference Add(const WordParts& parts) {

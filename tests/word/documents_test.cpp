@@ -60,7 +60,7 @@ TEST(WordDocuments, AreFoundByTheirFile) {
 }
 
 TEST(WordDocuments, AreWrittenWholeWithEverythingNobodyTouched) {
-  WordBench bench;
+  WordFixture bench;
   const std::string macros = "application/vnd.ms-word.template.macroEnabledTemplate.main+xml";
   WriteWordFile(bench.folder.Path("m.dotm"), {P(R("x"))}, macros);
   Package package = Package::Open(bench.folder.Path("m.dotm"));
@@ -93,7 +93,7 @@ TEST(WordDocuments, AreWrittenWholeWithEverythingNobodyTouched) {
 }
 
 TEST(WordDocuments, AreReadUnderAnyPrefixAndInStrictForm) {
-  WordBench bench;
+  WordFixture bench;
   for (const char* space : {"http://schemas.openxmlformats.org/wordprocessingml/2006/main",
                             "http://purl.oclc.org/ooxml/wordprocessingml/main"}) {
     WriteWordFile(bench.folder.Path("p.dotx"), {P("")});
@@ -112,7 +112,7 @@ TEST(WordDocuments, AreReadUnderAnyPrefixAndInStrictForm) {
 }
 
 TEST(WordDocuments, TakeResultsOfFormFields) {
-  WordBench bench;
+  WordFixture bench;
   const std::string list = "<w:ddList><w:listEntry w:val=\"ne\"/><w:listEntry w:val=\"ano\"/></w:ddList>";
   const auto document = bench.Add(
       {.body = P(FormField("Jmeno", "<w:textInput/>", "FORMTEXT", "staré")) +
@@ -160,7 +160,7 @@ std::string Tag(const std::string& name) {
 }
 
 TEST(WordDocuments, TakeResultsOfContentControls) {
-  WordBench bench;
+  WordFixture bench;
   const std::string bold = "<w:r><w:rPr><w:b/></w:rPr><w:t>staré</w:t></w:r>";
   const std::string list =
       "<w:dropDownList w:lastValue=\"n\"><w:listItem w:displayText=\"Ne\" w:value=\"n\"/></w:dropDownList>";
@@ -201,7 +201,7 @@ TEST(WordDocuments, TakeResultsOfContentControls) {
 }
 
 TEST(WordDocuments, ComeFromTheTemplateAsItIsNow) {
-  WordBench bench;
+  WordFixture bench;
   const auto first = bench.Add({.body = P(R("x"))});
   first->Range(0, 0)->Find({.FindText = u"x", .ReplaceWith = u"změna", .Replace = 1});
   const auto again = [&] {
@@ -215,7 +215,7 @@ TEST(WordDocuments, ComeFromTheTemplateAsItIsNow) {
 }
 
 TEST(WordDocuments, TakeMarginsAndProtection) {
-  WordBench bench;
+  WordFixture bench;
   const std::string sections = P("<w:pPr><w:sectPr><w:pgMar w:left=\"1\" w:top=\"2\"/></w:sectPr></w:pPr>") + P("") +
                                "<w:sectPr><w:cols/></w:sectPr>";
   const auto document = bench.Add(
@@ -236,13 +236,21 @@ TEST(WordDocuments, TakeMarginsAndProtection) {
       << settings;
   document->Close(false);
 
+  // Its place is behind all that the schema puts before it.
+  const std::string before = "<w:mailMerge/><w:trackRevisions/><w:doNotTrackMoves/><w:doNotTrackFormatting/>";
+  const auto tracked = bench.Add({P(""), {{"settings", before + "<w:autoFormatOverride/>"}}});
+  tracked->Protect(2);
+  EXPECT_NE(bench.Saved(*tracked).ReadPart("/word/settings.xml").find(before + "<w:documentProtection"),
+            std::string::npos);
+  tracked->Close(false);
+
   const auto guarded = bench.Add(
       {P(""), {{"settings", "<w:documentProtection w:edit=\"forms\" w:enforcement=\"1\" w:hash=\"abc=\"/>"}}});
   EXPECT_EQ(ErrorOf([&] { guarded->Unprotect(); }).number(), 5485);
 }
 
 TEST(WordDocuments, BecomePdf) {
-  WordBench bench;
+  WordFixture bench;
   const auto merged = bench.Merge({.body = P(F("MERGEFIELD A"))}, "A\r\n1\r\n2\r\n", MainDocumentType::kFormLetters);
   merged->ExportAsFixedFormat({.OutputFileName = bench.folder.TextPath("x.pdf")});
   EXPECT_EQ(bench.folder.Read("x.pdf").substr(0, 5), "%PDF-");

@@ -11,7 +11,7 @@ constexpr const char* kData =
     "anna nováková;1234,5;7.3.2024;;x;\"a<b>&\r\nc\td\"\r\n"
     "petr;-7;31.12.2023 14:05:09;;y;z\r\n";
 
-std::string ResultOf(WordBench& bench, const std::string& paragraphContent) {
+std::string ResultOf(WordFixture& bench, const std::string& paragraphContent) {
   const auto merged =
       bench.Merge({.body = P(R("[") + paragraphContent + R("]")) + "<w:sectPr/>"}, kData, MainDocumentType::kCatalog);
   const std::string text = Shown(merged->Content()->Text());
@@ -65,7 +65,7 @@ TEST(WordFields, GiveWhatTheirCodesSay) {
       {"IF \"x\" = \"x\" \"{Jméno} y\" \\* Upper", "ANNA NOVÁKOVÁ Y"},
       {"MERGEFIELD Znaky", "a<b>&\vc\\td"},
   };
-  WordBench bench;
+  WordFixture bench;
   for (const Row& row : rows) EXPECT_EQ(ResultOf(bench, F(row.code)), row.result) << row.code;
 }
 
@@ -87,12 +87,12 @@ TEST(WordFields, AreTheSameInEveryShape) {
           code("\" \"\"") + end,
       F("SET kdo {Jméno}", "") + F("REF kdo"),
   };
-  WordBench bench;
+  WordFixture bench;
   for (const std::string& shape : shapes) EXPECT_EQ(ResultOf(bench, shape), "anna nováková") << shape;
 }
 
 TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
-  WordBench bench;
+  WordFixture bench;
   const std::string locked =
       "<w:r><w:fldChar w:fldCharType=\"begin\" w:fldLock=\"1\" w:dirty=\"true\"/></w:r>"
       "<w:r><w:instrText>MERGEFIELD Jméno</w:instrText></w:r>" +
@@ -122,7 +122,7 @@ TEST(WordFields, MayNestAsDeepAsTheyLike) {
   std::string hostile;
   for (int i = 0; i < 50000; ++i) hostile += FieldCharacter("begin");
   for (int i = 0; i < 50000; ++i) hostile += FieldCharacter("end");
-  WordBench bench;
+  WordFixture bench;
   EXPECT_EQ(ResultOf(bench, nested + R("x") + hostile + F("MERGEFIELD Plat")), "x1234,5");
 }
 
@@ -134,7 +134,7 @@ TEST(WordFields, TakeTheirFormattingFromTheOldResultOrFromTheCode) {
     return FieldCharacter("begin") + run("b", "<w:instrText>MERGEFIELD Plat" + switches + "</w:instrText>") +
            FieldCharacter("separate") + run("i", "<w:t>x</w:t>") + FieldCharacter("end");
   };
-  WordBench bench;
+  WordFixture bench;
   for (const auto& [switches, format] : {std::pair{"", "i"}, {" \\* MERGEFORMAT", "i"}, {" \\* CHARFORMAT", "b"}}) {
     const auto merged =
         bench.Merge({.body = P(field(switches)) + P(R("konec"))}, "Plat\r\n5\r\n", MainDocumentType::kCatalog);
@@ -143,7 +143,7 @@ TEST(WordFields, TakeTheirFormattingFromTheOldResultOrFromTheCode) {
 }
 
 TEST(WordFields, SpliceWhatTheBranchesOfIfHold) {
-  WordBench bench;
+  WordFixture bench;
   const std::string begin = FieldCharacter("begin") + "<w:r><w:instrText>IF </w:instrText></w:r>" + F("MERGEFIELD A") +
                             "<w:r><w:instrText xml:space=\"preserve\"> = 1 \"prvá</w:instrText></w:r>";
   const std::string finish = "<w:r><w:instrText>poslední\" \"jinak\"</w:instrText></w:r>" + FieldCharacter("separate") +

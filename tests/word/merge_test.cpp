@@ -9,7 +9,7 @@ namespace {
 const char* const kThree = "A;B\r\n1;x\r\n2;\r\n3;y\r\n";
 
 TEST(WordMerge, GivesEachLetterASectionOfItsOwn) {
-  WordBench bench;
+  WordFixture bench;
   const std::string section = "<w:sectPr><w:type w:val=\"continuous\"/><w:pgSz w:w=\"100\"/></w:sectPr>";
   const auto merged =
       bench.Merge({.body = P(R("Dopis ") + F("MERGEFIELD A")) + section}, kThree, MainDocumentType::kFormLetters);
@@ -47,7 +47,7 @@ TEST(WordMerge, EndsWhenItIsCancelled) {
 }
 
 TEST(WordMerge, RunsCopiesOfACatalogueTogether) {
-  WordBench bench;
+  WordFixture bench;
   const auto merged = bench.Merge({.body = P(F("MERGEFIELD A") + R("/") + F("MERGESEQ")) + "<w:sectPr/>"}, kThree,
                                   MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(merged->Content()->Text()), "1/1\\r2/2\\r3/3\\r");
@@ -55,7 +55,7 @@ TEST(WordMerge, RunsCopiesOfACatalogueTogether) {
 }
 
 TEST(WordMerge, FillsLabelsAndMovesThroughTheRecords) {
-  WordBench bench;
+  WordFixture bench;
   const std::string next = F("NEXT", "");
   const std::string label = F("MERGEFIELD A") + R(".") + F("MERGEREC");
   const std::string page = "<w:tbl><w:tr>" + Cell(P(label)) + Cell(P(next + label)) + "</w:tr></w:tbl>" + P("");
@@ -75,7 +75,7 @@ TEST(WordMerge, SharesHeadersThatAreEqual) {
   const std::string body = P(F("MERGEFIELD A")) + "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId2\"/>" +
                            "<w:footerReference w:type=\"default\" r:id=\"rId1\"/></w:sectPr>";
   const WordParts parts{body, {{"footer", P(R("strana"))}, {"header", P(R("pro ") + F("MERGEFIELD B"))}}};
-  WordBench bench;
+  WordFixture bench;
   const auto merged = bench.Merge(parts, "A;B\r\n1;x\r\n2;y\r\n3;y\r\n4;x\r\n", MainDocumentType::kFormLetters);
   EXPECT_EQ(Shown(merged->PrimaryHeader(3)->Text()), "pro y\\r");
   merged->PrimaryHeader(1)->Find({.FindText = u"pro ", .ReplaceWith = u"za ", .Replace = 2});
@@ -113,7 +113,7 @@ TEST(WordMerge, GivesCopiesNumbersOfTheirOwn) {
       "</w:abstractNum><w:num w:numId=\"4\"><w:abstractNumId w:val=\"9\"/></w:num>";
   const std::string notes = "<w:footnote w:type=\"separator\" w:id=\"0\"><w:p/></w:footnote><w:footnote w:id=\"2\">" +
                             P(R("k ") + F("MERGEFIELD A")) + "</w:footnote>";
-  WordBench bench;
+  WordFixture bench;
   const auto merged =
       bench.Merge({body, {{"footnotes", notes}, {"numbering", numbering}}}, kThree, MainDocumentType::kFormLetters);
   const std::string saved = bench.SavedBody(*merged);
@@ -146,7 +146,7 @@ TEST(WordMerge, RestartsListsOfStylesAndLeavesBullets) {
       "<w:style w:styleId=\"Podbod\"><w:basedOn w:val=\"Bod\"/></w:style>";
   const std::string body = P("<w:pPr><w:pStyle w:val=\"Podbod\"/><w:jc w:val=\"left\"/></w:pPr>" + F("MERGEFIELD A")) +
                            P("<w:pPr><w:numPr><w:numId w:val=\"2\"/></w:numPr></w:pPr>" + R("x"));
-  WordBench bench;
+  WordFixture bench;
   const WordParts parts{body, {{"numbering", numbering}, {"styles", styles}}};
   const std::string saved = bench.SavedBody(*bench.Merge(parts, kThree, MainDocumentType::kFormLetters));
   EXPECT_EQ(
@@ -162,7 +162,7 @@ TEST(WordMerge, NamesTheHeadersThatASectionWouldInherit) {
   const std::string reference = "<w:headerReference w:type=\"default\" r:id=\"rId1\"/>";
   const std::string body =
       P("<w:pPr><w:sectPr>" + reference + "</w:sectPr></w:pPr>") + P(F("MERGEFIELD A")) + "<w:sectPr/>";
-  WordBench bench;
+  WordFixture bench;
   const WordParts parts{body, {{"header", P(F("IF {A} = 2 \"druhý\" \"jiný\""))}}};
   const auto merged = bench.Merge(parts, kThree, MainDocumentType::kFormLetters);
   std::string headers;
@@ -171,8 +171,31 @@ TEST(WordMerge, NamesTheHeadersThatASectionWouldInherit) {
   EXPECT_EQ(CountOf(bench.SavedBody(*merged), "<w:headerReference"), 6u);
 }
 
+TEST(WordMerge, TakesNoHeaderFromTheCopyBefore) {
+  const auto section = [](const std::string& references) { return "<w:sectPr>" + references + "</w:sectPr>"; };
+  const std::string header = "<w:headerReference w:type=\"default\" r:id=\"rId2\"/>";
+  const std::string first = "<w:footerReference w:type=\"first\" r:id=\"rId1\"/>";
+  const std::string ending = "<w:pPr>" + section("<w:titlePg/>") + "</w:pPr>";
+  WordFixture bench;
+  const WordParts parts{P(ending) + P(ending) + P(F("MERGEFIELD A")) + section(header + first),
+                        {{"footer", P(R("strana"))}, {"header", P(R("pro ") + F("MERGEFIELD A"))}}};
+  const auto merged = bench.Merge(parts, kThree, MainDocumentType::kFormLetters);
+  std::string headers;
+  for (int i = 1; i <= 9; ++i) headers += Shown(merged->PrimaryHeader(i)->Text());
+  EXPECT_EQ(headers, "\\r\\rpro 1\\r\\r\\rpro 2\\r\\r\\rpro 3\\r");
+  const Package saved = bench.Saved(*merged);
+  const Relationships relationships = saved.RelationshipsOf("/word/document.xml");
+  const std::string body = saved.ReadPart("/word/document.xml");
+  for (const Relationship& each : relationships.all()) {
+    if (!each.Is("footer")) continue;
+    const bool empty = saved.ReadPart(*relationships.PartOf(each)).find("strana") == std::string::npos;
+    EXPECT_EQ(CountOf(body, "<w:footerReference w:type=\"first\" r:id=\"" + each.id + "\"/>"), empty ? 6u : 3u);
+  }
+  EXPECT_EQ(CountOf(body, "w:type=\"even\""), 0u);
+}
+
 TEST(WordMerge, RefusesWhatGivesNoCopy) {
-  WordBench bench;
+  WordFixture bench;
   const auto main = bench.Add({.body = P(F("SKIPIF {A} > 0") + F("MERGEFIELD A"))});
   auto& merge = main->MailMerge();
   merge.OpenDataSource({.Name = bench.WriteData(kThree)});
@@ -191,11 +214,18 @@ TEST(WordMerge, DropsLinesWhoseFieldsAreAllEmpty) {
   const std::string body = P(F("MERGEFIELD A")) + P(b) + P(b + b + "<w:proofErr w:type=\"x\"/>") + P(b + R(" ")) +
                            P("") + P("<w:bookmarkStart w:id=\"1\" w:name=\"z\"/>" + b + "<w:bookmarkEnd w:id=\"1\"/>") +
                            "<w:tbl><w:tr>" + Cell(P(b) + P(b)) + "</w:tr></w:tbl>" + P(R("konec"));
-  WordBench bench;
+  WordFixture bench;
   const auto merged = bench.Merge({.body = body}, "A;B\r\n1;\r\n2; \r\n", MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(merged->Content()->Text()),
             "1\\r \\r\\r\\r\\r\a\\r\akonec\\r2\\r \\r  \\r  \\r\\r \\r \\r \\r\a\\r\akonec\\r");
   bench.Saved(*merged);
+
+  merged->Close(false);
+
+  const auto unknown =
+      bench.Merge({.body = P(F("MERGEFIELD C")) + P(R("."))}, "A\r\n1\r\n", MainDocumentType::kCatalog);
+  EXPECT_EQ(Shown(unknown->Content()->Text()),
+            "Error! MergeField was not found in header record of data source.\\r.\\r");
 
   const auto main = bench.Add({.body = P(b) + P(R("."))});
   main->MailMerge().OpenDataSource({.Name = bench.WriteData("B\r\n\r\n")});
@@ -209,7 +239,7 @@ TEST(WordMerge, FillsBothFormsOfATextBoxFromTheSameRecord) {
   const std::string body =
       P("<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\">" + box + "</mc:Choice><mc:Fallback>" + box +
         "</mc:Fallback></mc:AlternateContent></w:r>" + F("MERGEFIELD A"));
-  WordBench bench;
+  WordFixture bench;
   const auto merged = bench.Merge({.body = body}, kThree, MainDocumentType::kCatalog);
   EXPECT_EQ(Shown(merged->Content()->Text()), "2\\r\\r");  // text boxes are no part of the main text
   EXPECT_EQ(CountOf(bench.SavedBody(*merged), ">2</w:t>"), 3u);
@@ -219,7 +249,7 @@ TEST(WordMerge, ObeysTheTemplatesSettingsAndLeavesNoneOfThem) {
   const std::string settings =
       "<w:zoom/><w:mailMerge><w:mainDocumentType w:val=\"catalog\"/><w:dataSource r:id=\"rId1\"/>"
       "<w:doNotSuppressBlankLines/></w:mailMerge><w:compat/>";
-  WordBench bench;
+  WordFixture bench;
   WriteWordFile(bench.folder.Path("t.dotx"), {P(F("MERGEFIELD A")) + P(F("MERGEFIELD B")), {{"settings", settings}}});
   Package package = Package::Open(bench.folder.Path("t.dotx"));
   Relationships sources("/word/settings.xml");

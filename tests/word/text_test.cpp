@@ -44,7 +44,7 @@ void KeepFirstHeadingAndLastClosing(WordDocument& document) {
 }
 
 TEST(WordText, CountsOnePositionForEachUnitAndMark) {
-  WordBench bench;
+  WordFixture bench;
   const std::string body =
       P(R("a\xF0\x9F\x98\x80") + F("PAGE", "12") + "<w:r><w:tab/><w:br/><w:br w:type=\"page\"/></w:r>" +
         "<w:del w:id=\"1\">" + R("pryč") + "</w:del>") +
@@ -60,7 +60,7 @@ TEST(WordText, CountsOnePositionForEachUnitAndMark) {
 }
 
 TEST(WordText, FindsAndDeletesMarkersSplitOverRuns) {
-  WordBench bench;
+  WordFixture bench;
   const auto document = bench.Add({.body = P(R("a{&lt;") + "<w:proofErr w:type=\"x\"/>" + R("A") + R("&gt;}b")) +
                                            P(R("{&lt;") + R("D&gt;}")) + P(R("konec"))});
   EXPECT_EQ(FindAndDelete(*document, u"{<A>}", 0), 1);
@@ -93,7 +93,7 @@ TEST(WordText, DeletesWholeParagraphsRowsAndTablesButNoLoneCell) {
       {0, 17, "\\r"},                                       // everything
   };
   for (const Row& row : rows) {
-    WordBench bench;
+    WordFixture bench;
     const auto document = bench.Add({.body = P(R("x")) + P(R("yz")) + table + P(R("k"))});
     document->Range(row.start, row.end)->Delete();
     EXPECT_EQ(TextOf(*document), row.left) << row.start << "-" << row.end;
@@ -102,7 +102,7 @@ TEST(WordText, DeletesWholeParagraphsRowsAndTablesButNoLoneCell) {
 }
 
 TEST(WordText, KeepsFieldsAndFloatingPicturesWhole) {
-  WordBench bench;
+  WordFixture bench;
   const std::string floating = "<w:r><w:drawing><wp:anchor><wp:docPr id=\"1\"/></wp:anchor></w:drawing></w:r>";
   const auto document =
       bench.Add({.body = P(floating + R("{&lt;S&gt;}")) + P(R("a") + F("PAGE", "12") + R("b")) + P("")});
@@ -113,7 +113,7 @@ TEST(WordText, KeepsFieldsAndFloatingPicturesWhole) {
 }
 
 TEST(WordText, SearchesAsTheObjectModelDoes) {
-  WordBench bench;
+  WordFixture bench;
   const auto document = bench.Add({.body = P(R("«kód» a «Název»")) + P(R("«x")) + P(R("y» kód"))});
   const auto range = document->Content();
   EXPECT_TRUE(range->Find({.FindText = u"«*»", .MatchWildcards = true}));
@@ -152,7 +152,7 @@ TEST(WordText, KeepsOneHeadingAndOneClosingOfACatalogue) {
        "1\\r\\r\a\\r\a\\r\a2\\r\\r\a\\r\a\\r\a3\\r\\r\aP\\r\a\\r\a"},
   };
   for (const Row& row : rows) {
-    WordBench bench;
+    WordFixture bench;
     const auto merged = bench.Merge({.body = row.body}, "A\r\n1\r\n2\r\n3\r\n", MainDocumentType::kCatalog);
     KeepFirstHeadingAndLastClosing(*merged);
     EXPECT_EQ(TextOf(*merged), row.text);
@@ -167,7 +167,7 @@ TEST(WordText, DeletesInMergedDocumentsAsInTrees) {
   const std::string body = P(R("ab") + F("MERGEFIELD B")) + P("") + table + P(R("cd")) + P(R("e") + F("PAGE", "9"));
   std::mt19937 random(20240301);
   for (int round = 0; round < 150; ++round) {
-    WordBench bench;
+    WordFixture bench;
     const auto type = round % 2 ? MainDocumentType::kCatalog : MainDocumentType::kFormLetters;
     const auto merged = bench.Merge({.body = body}, "A;B\r\n1;xy\r\n22;\r\n3;z\r\n", type);
     merged->SaveAs(bench.folder.TextPath("tree.docx"), WordSaveFormat::kDocumentXml);

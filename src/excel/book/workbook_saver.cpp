@@ -6,7 +6,7 @@
 #include "excel/drawing/drawing_repeats.h"
 #include "excel/sheet/row_composer.h"
 #include "excel/sheet/row_writer.h"
-#include "excel/sheet/sheet_shell.h"
+#include "excel/sheet/sheet_frame.h"
 #include "excel/tables/cell_reader.h"
 #include "opc/deflated_part.h"
 #include "opc/xml_names.h"
@@ -82,12 +82,12 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
       columns.SetFittedWidth(column, width);
     }
   }
-  const SheetShell shell = MakeShell(sheet, columns);
+  const SheetFrame frame = MakeFrame(sheet, columns);
   const auto part = std::make_shared<DeflatedPart>();
   XmlBuffer xml(*part);
   RowWriter writer(xml, sheet.part().prefix(), texts_);
   const std::string data = sheet.part().prefix() + "sheetData>";
-  xml.Put(shell.before);
+  xml.Put(frame.before);
   xml.Put("<" + data);
   RowComposer composer(sheet);
   std::uint64_t untouched = 0;
@@ -102,7 +102,7 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
     if (!row.cells.empty() || row.styled || !row.attributes.empty()) writer.Write(row);
   }
   xml.Put("</" + data);
-  xml.Put(shell.behind);
+  xml.Put(frame.behind);
   xml.Flush();
   part->Finish();
   references_ += untouched + writer.stringReferences();

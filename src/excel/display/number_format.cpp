@@ -98,13 +98,13 @@ Text GeneralText(double value, const Locale& locale) {
   constexpr std::int64_t kRoom = 11;
   if (digits.IsZero()) return u"0";
   if (digits.point > kRoom || digits.point < -8) {
-    RoundToDecimals(digits, 6 - digits.point, Half::kAwayFromZero);
+    RoundToDecimals(digits, 6 - digits.point, RoundingMode::kHalfAwayFromZero);
     Text text;
     AppendDigits(text, digits, locale.decimalSeparator, 0);
     return text;
   }
   RoundToDecimals(digits, std::max<std::int64_t>(0, kRoom - 1 - std::max<std::int64_t>(1, digits.point)),
-                  Half::kAwayFromZero);
+                  RoundingMode::kHalfAwayFromZero);
   Text text;
   AppendDigits(text, digits, locale.decimalSeparator);
   return text;
@@ -182,7 +182,7 @@ void NumberFormat::ShowNumber(Text& text, double value, const Section& section) 
       exponent = number.point - std::max<std::int64_t>(integers, 1);
       number.point -= exponent;
     }
-    RoundToDecimals(number, fractions, Half::kAwayFromZero);
+    RoundToDecimals(number, fractions, RoundingMode::kHalfAwayFromZero);
   }
   if (number.negative && section.isNumber) text.push_back(u'-');
   DigitWriter writer(text, number, locale_, section.grouped);
@@ -281,7 +281,7 @@ void NumberFormat::ShowDate(Text& text, double value, const Section& section) co
                      step.width);
         break;
       }
-      case StepKind::kHalfOfDay:
+      case StepKind::kAmPm:
         text += step.width == 3 ? (parts.hour < 12 ? u"A" : u"P") : (parts.hour < 12 ? u"AM" : u"PM");
         break;
       case StepKind::kElapsed: {

@@ -44,7 +44,7 @@ class NumberFormat {
     kMinute,
     kSecond,
     kSecondFraction,
-    kHalfOfDay,
+    kAmPm,
     kElapsed,  ///< `text` is h, m or s
   };
   struct Step {

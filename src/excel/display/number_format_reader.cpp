@@ -162,7 +162,7 @@ bool NumberFormatReader::ReadDateStep(Section& section) {
   for (const TextView word : {TextView(u"am/pm"), TextView(u"a/p")}) {
     if (!StartsWithIgnoringCase(rest_, word)) continue;
     section.twelveHours = true;
-    return add(StepKind::kHalfOfDay, word.size());
+    return add(StepKind::kAmPm, word.size());
   }
   switch (LowerCase(rest_[0])) {
     case u'y':

@@ -15,7 +15,7 @@
 namespace zorkanca::excel {
 
 enum class CellKind : std::uint8_t {
-  kBlank,        ///< a look without content
+  kBlank,        ///< a format without content
   kFile,         ///< a constant as the file has it: `content` is the inside of its element
   kFileFormula,  ///< a formula as the file has it: `content` is its element without the stored result
   kFormula,      ///< `formula`
@@ -41,7 +41,7 @@ struct CellView {
   std::string_view type = {};    ///< of kFile and kFileFormula: the attribute t
   std::string_view result = {};  ///< of kFile and kFileFormula: the inside of v or is, raw
   std::string_view extra = {};   ///< its attributes in the file, raw, when there are others than r, s and t
-  std::string_view shown = {};   ///< of an import that brought its look: how its text spelled it, UTF-8
+  std::string_view shown = {};   ///< of an import that brought its format: how its text spelled it, UTF-8
   const Formula* formula = nullptr;
   const ArrayExtent* array = nullptr;
 };

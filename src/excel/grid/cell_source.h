@@ -12,8 +12,8 @@
 
 namespace zorkanca::excel {
 
-/// The look that a content brings along where looks are taken over.
-enum class ContentLook : std::uint8_t {
+/// The format that a content brings along where formats are taken over.
+enum class ContentFormat : std::uint8_t {
   kGeneral,
   kText,          ///< as typed, digits too
   kGeneralLines,  ///< text of several lines
@@ -33,12 +33,12 @@ enum class ContentLook : std::uint8_t {
   kTimeSeconds,
   kElapsed,  ///< 25:30:00
 };
-inline constexpr std::size_t kContentLooks = 18;
+inline constexpr std::size_t kContentFormats = 18;
 
 /// One content; its texts live until the next row is read.
 struct Content {
   CellKind kind = CellKind::kBlank;
-  ContentLook look = ContentLook::kGeneral;
+  ContentFormat format = ContentFormat::kGeneral;
   bool quotePrefix = false;
   bool missing = false;  ///< the block has no field here; laid over a cell, it leaves the cell alone
   std::string_view text = {};

@@ -1,4 +1,4 @@
-// The element cols: widths and looks of whole columns.
+// The element cols: widths and formats of whole columns.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ class ColumnTable {
   /// Adds a range as the file has it. @param attributes  raw; min, max and style of them do not count
   void Add(std::int32_t first, std::int32_t last, std::uint32_t style, std::string_view attributes);
 
-  /// The look of what has no cell, 0 by default.
+  /// The format of what has no cell, 0 by default.
   std::uint32_t StyleOf(std::int32_t column) const;
   void SetStyle(std::int32_t column, std::uint32_t style);
   /// A width found for the longest content, in characters with margins.

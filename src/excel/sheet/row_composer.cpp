@@ -19,59 +19,59 @@ std::int32_t NextWithin(std::int32_t first, std::int32_t last, std::int32_t afte
 CellArea AreaOf(const Layer& layer) {
   if (const auto* rows = std::get_if<RowsLayer>(&layer)) return rows->Area();
   if (const auto* contents = std::get_if<ContentsLayer>(&layer)) return contents->area;
-  if (const auto* look = std::get_if<LookLayer>(&layer)) return look->area;
+  if (const auto* format = std::get_if<CellFormatLayer>(&layer)) return format->area;
   const auto& edits = std::get<EditsLayer>(layer).rows;
   if (edits.empty()) return {};
   return {edits.begin()->first, 1, edits.rbegin()->first, kLastColumn};
 }
 
-bool IsDate(ContentLook look) {
-  return look == ContentLook::kDate || look == ContentLook::kDayMonth || look == ContentLook::kMonthYear ||
-         look == ContentLook::kDateTime;
+bool IsDate(ContentFormat format) {
+  return format == ContentFormat::kDate || format == ContentFormat::kDayMonth || format == ContentFormat::kMonthYear ||
+         format == ContentFormat::kDateTime;
 }
 
-LookChange ChangeOf(ContentLook look, const CellSource& source) {
-  const auto format = [](std::int32_t id) { return LookChange{.numberFormat = NumberFormatCode{.id = id}}; };
+CellFormatChange ChangeOf(ContentFormat format, const CellSource& source) {
+  const auto builtIn = [](std::int32_t id) { return CellFormatChange{.numberFormat = NumberFormatCode{.id = id}}; };
   const auto amount = [&](bool decimals) {
-    return LookChange{.numberFormat = NumberFormatCode{.pattern = source.AmountPattern(decimals)}};
+    return CellFormatChange{.numberFormat = NumberFormatCode{.pattern = source.AmountPattern(decimals)}};
   };
-  switch (look) {
-    case ContentLook::kGeneral:
+  switch (format) {
+    case ContentFormat::kGeneral:
       return {};
-    case ContentLook::kText:
-      return format(49);
-    case ContentLook::kGeneralLines:
+    case ContentFormat::kText:
+      return builtIn(49);
+    case ContentFormat::kGeneralLines:
       return {.wrap = true};
-    case ContentLook::kTextLines:
+    case ContentFormat::kTextLines:
       return {.wrap = true, .numberFormat = NumberFormatCode{.id = 49}};
-    case ContentLook::kGrouped:
-      return format(3);
-    case ContentLook::kGroupedDecimals:
-      return format(4);
-    case ContentLook::kPercent:
-      return format(9);
-    case ContentLook::kPercentDecimals:
-      return format(10);
-    case ContentLook::kScientific:
-      return format(11);
-    case ContentLook::kAmount:
+    case ContentFormat::kGrouped:
+      return builtIn(3);
+    case ContentFormat::kGroupedDecimals:
+      return builtIn(4);
+    case ContentFormat::kPercent:
+      return builtIn(9);
+    case ContentFormat::kPercentDecimals:
+      return builtIn(10);
+    case ContentFormat::kScientific:
+      return builtIn(11);
+    case ContentFormat::kAmount:
       return amount(false);
-    case ContentLook::kAmountDecimals:
+    case ContentFormat::kAmountDecimals:
       return amount(true);
-    case ContentLook::kDate:
-      return format(14);
-    case ContentLook::kDayMonth:
-      return format(16);
-    case ContentLook::kMonthYear:
-      return format(17);
-    case ContentLook::kDateTime:
-      return format(22);
-    case ContentLook::kTime:
-      return format(20);
-    case ContentLook::kTimeSeconds:
-      return format(21);
-    case ContentLook::kElapsed:
-      return format(46);
+    case ContentFormat::kDate:
+      return builtIn(14);
+    case ContentFormat::kDayMonth:
+      return builtIn(16);
+    case ContentFormat::kMonthYear:
+      return builtIn(17);
+    case ContentFormat::kDateTime:
+      return builtIn(22);
+    case ContentFormat::kTime:
+      return builtIn(20);
+    case ContentFormat::kTimeSeconds:
+      return builtIn(21);
+    case ContentFormat::kElapsed:
+      return builtIn(46);
   }
   return {};
 }
@@ -79,7 +79,7 @@ LookChange ChangeOf(ContentLook look, const CellSource& source) {
 }  // namespace
 
 RowComposer::RowComposer(const SheetModel& model)
-    : model_(model), states_(model.layers().size()), lookStyles_(kContentLooks, -1) {}
+    : model_(model), states_(model.layers().size()), contentStyles_(kContentFormats, -1) {}
 
 std::int32_t RowComposer::NextOf(const Layer& layer, std::int32_t after) const {
   if (const auto* edits = std::get_if<EditsLayer>(&layer)) {
@@ -87,7 +87,7 @@ std::int32_t RowComposer::NextOf(const Layer& layer, std::int32_t after) const {
     return next == edits->rows.end() ? kNoRow : next->first;
   }
   const CellArea area = AreaOf(layer);
-  if (std::holds_alternative<LookLayer>(layer) && area.IsWholeColumns()) return kNoRow;
+  if (std::holds_alternative<CellFormatLayer>(layer) && area.IsWholeColumns()) return kNoRow;
   return NextWithin(area.top, area.bottom, after);
 }
 
@@ -143,13 +143,13 @@ const RowView& RowComposer::Compose() {
     if (!AreaOf(layers[i]).HasRow(row_)) continue;
     layer_ = i;
     if (const auto* contents = std::get_if<ContentsLayer>(&layers[i])) Apply(*contents, states_[i]);
-    if (const auto* look = std::get_if<LookLayer>(&layers[i])) Apply(*look, states_[i]);
+    if (const auto* format = std::get_if<CellFormatLayer>(&layers[i])) Apply(*format, states_[i]);
     if (const auto* edits = std::get_if<EditsLayer>(&layers[i])) Apply(*edits);
   }
   return view_;
 }
 
-std::uint32_t RowComposer::Changed(const SheetModel& model, const LookLayer& layer, LayerState& state,
+std::uint32_t RowComposer::Changed(const SheetModel& model, const CellFormatLayer& layer, LayerState& state,
                                    std::uint32_t style) {
   for (const auto& [from, to] : state.styles) {
     if (from == style) return to;
@@ -158,22 +158,22 @@ std::uint32_t RowComposer::Changed(const SheetModel& model, const LookLayer& lay
   return state.styles.back().second;
 }
 
-// The look of a place without a cell, as the layers so far left it.
+// The format of a place without a cell, as the layers so far left it.
 std::uint32_t RowComposer::StyleBelow(std::int32_t column) {
   if (view_.styled) return view_.style;
   std::uint32_t style = model_.fileColumns().StyleOf(column);
   for (std::size_t i = 0; i < layer_; ++i) {
-    const auto* look = std::get_if<LookLayer>(&model_.layers()[i]);
-    if (look && look->area.IsWholeColumns() && look->area.HasColumn(column)) {
-      style = Changed(model_, *look, states_[i], style);
+    const auto* format = std::get_if<CellFormatLayer>(&model_.layers()[i]);
+    if (format && format->area.IsWholeColumns() && format->area.HasColumn(column)) {
+      style = Changed(model_, *format, states_[i], style);
     }
   }
   return style;
 }
 
-std::uint32_t RowComposer::StyleOfLook(ContentLook look, const CellSource& source) {
-  std::int64_t& style = lookStyles_[static_cast<std::size_t>(look)];
-  if (style < 0) style = look == ContentLook::kGeneral ? 0 : model_.styles().Changed(0, ChangeOf(look, source));
+std::uint32_t RowComposer::StyleOfContent(ContentFormat format, const CellSource& source) {
+  std::int64_t& style = contentStyles_[static_cast<std::size_t>(format)];
+  if (style < 0) style = format == ContentFormat::kGeneral ? 0 : model_.styles().Changed(0, ChangeOf(format, source));
   return static_cast<std::uint32_t>(style);
 }
 
@@ -201,7 +201,7 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
     return;
   }
   if (content.kind == CellKind::kBlank) {
-    if (layer.withLooks || !below) return;
+    if (layer.withFormats || !below) return;
     merged_.push_back({.column = column, .style = below->style});
     return;
   }
@@ -210,10 +210,12 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
   cell.kind = content.kind;
   cell.content = content.text;
   cell.formula = content.formula;
-  if (layer.withLooks) cell.shown = content.shown;
-  cell.style = layer.withLooks ? StyleOfLook(content.look, *layer.source) : below ? below->style : StyleBelow(column);
+  if (layer.withFormats) cell.shown = content.shown;
+  cell.style = layer.withFormats ? StyleOfContent(content.format, *layer.source)
+               : below           ? below->style
+                                 : StyleBelow(column);
   if (content.quotePrefix) cell.style = Quoted(cell.style);
-  if (model_.is1904() && content.kind == CellKind::kNumber && IsDate(content.look)) cell.content = DateText(content);
+  if (model_.is1904() && content.kind == CellKind::kNumber && IsDate(content.format)) cell.content = DateText(content);
 }
 
 void RowComposer::Apply(const ContentsLayer& layer, LayerState& state) {
@@ -235,7 +237,7 @@ void RowComposer::Apply(const ContentsLayer& layer, LayerState& state) {
   view_.cells.swap(merged_);
 }
 
-void RowComposer::Apply(const LookLayer& layer, LayerState& state) {
+void RowComposer::Apply(const CellFormatLayer& layer, LayerState& state) {
   const auto changed = [&](std::uint32_t style) { return Changed(model_, layer, state, style); };
   if (layer.area.IsWholeRows()) {
     view_.style = changed(view_.styled ? view_.style : 0);

@@ -35,18 +35,19 @@ class RowComposer {
   // What stays with a layer while rows are composed.
   struct LayerState {
     std::unique_ptr<CellSource::Cursor> cursor = {};
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> styles = {};  // of a change of looks: from, to
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> styles = {};  // of a change of formats: from, to
   };
 
   std::int32_t NextOf(const Layer& layer, std::int32_t after) const;
   const SheetPart::RowEntry* FileRow(std::int32_t row) const;
   void Apply(const ContentsLayer& layer, LayerState& state);
-  void Apply(const LookLayer& layer, LayerState& state);
+  void Apply(const CellFormatLayer& layer, LayerState& state);
   void Apply(const EditsLayer& layer);
   void Put(const Content& content, const ContentsLayer& layer, std::int32_t column, const CellView* below);
   std::uint32_t StyleBelow(std::int32_t column);
-  static std::uint32_t Changed(const SheetModel& model, const LookLayer& layer, LayerState& state, std::uint32_t style);
-  std::uint32_t StyleOfLook(ContentLook look, const CellSource& source);
+  static std::uint32_t Changed(const SheetModel& model, const CellFormatLayer& layer, LayerState& state,
+                               std::uint32_t style);
+  std::uint32_t StyleOfContent(ContentFormat format, const CellSource& source);
   std::uint32_t Quoted(std::uint32_t style);
   std::string_view DateText(const Content& content);
 
@@ -56,7 +57,7 @@ class RowComposer {
   std::size_t layer_ = 0;  // that is being applied
   RowView view_;
   std::vector<CellView> merged_;
-  std::vector<std::int64_t> lookStyles_;  // by ContentLook; -1 while unknown
+  std::vector<std::int64_t> contentStyles_;  // by ContentFormat; -1 while unknown
   std::vector<std::pair<std::uint32_t, std::uint32_t>> quoted_;
   std::vector<std::unique_ptr<std::string>> texts_;  // made for this row
 };

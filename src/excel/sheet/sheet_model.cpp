@@ -26,7 +26,7 @@ SheetModel::SheetModel(SheetPart part, StyleBook& styles, bool is1904)
 
 void SheetModel::ReadColumns() {
   const std::string cols = part_.prefix() + "cols";
-  for (const pugi::xml_node column : part_.shell().document_element().child(cols.c_str()).children()) {
+  for (const pugi::xml_node column : part_.frame().document_element().child(cols.c_str()).children()) {
     if (column.type() != pugi::node_element) continue;
     const std::int32_t first = column.attribute("min").as_int();
     const std::int32_t last = std::min(column.attribute("max").as_int(), kLastColumn);
@@ -86,18 +86,18 @@ void SheetModel::Edit(std::int32_t row, StoredCell cell) {
   std::get<EditsLayer>(layers_.back()).rows[row].insert_or_assign(column, std::move(cell));
 }
 
-void SheetModel::ChangeLook(const CellArea& area, const LookChange& change) {
+void SheetModel::ChangeFormat(const CellArea& area, const CellFormatChange& change) {
   if (area.IsWholeColumns()) {
     for (std::int32_t column = area.left; column <= area.right; ++column) {
       columns_.SetStyle(column, styles_.Changed(columns_.StyleOf(column), change));
     }
   }
-  layers_.push_back(LookLayer{.area = area, .change = change});
+  layers_.push_back(CellFormatLayer{.area = area, .change = change});
 }
 
 bool SheetModel::contentsChanged() const {
   return std::any_of(layers_.begin(), layers_.end(),
-                     [](const Layer& layer) { return !std::holds_alternative<LookLayer>(layer); });
+                     [](const Layer& layer) { return !std::holds_alternative<CellFormatLayer>(layer); });
 }
 
 CellArea SheetModel::Extent() const {

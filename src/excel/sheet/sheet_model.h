@@ -40,22 +40,22 @@ struct ContentsLayer {
   std::shared_ptr<const CellSource> source;
   std::int32_t sourceRow = 0;  ///< what of the source lies there, from 0
   std::int32_t sourceColumn = 0;
-  bool withLooks = false;                       ///< false: contents alone, the looks underneath stay
+  bool withFormats = false;                     ///< false: contents alone, the formats underneath stay
   std::shared_ptr<PackedContents> packed = {};  ///< the source, when it can still grow
 };
 
-/// A change of looks of whole rows or whole columns.
-struct LookLayer {
+/// A change of formats of whole rows or whole columns.
+struct CellFormatLayer {
   CellArea area;
-  LookChange change;
+  CellFormatChange change;
 };
 
-/// Contents put into single cells; looks stay. `kBlank` empties.
+/// Contents put into single cells; formats stay. `kBlank` empties.
 struct EditsLayer {
   std::map<std::int32_t, std::map<std::int32_t, StoredCell>> rows;  // by row, by column
 };
 
-using Layer = std::variant<RowsLayer, ContentsLayer, LookLayer, EditsLayer>;
+using Layer = std::variant<RowsLayer, ContentsLayer, CellFormatLayer, EditsLayer>;
 
 class SheetModel {
  public:
@@ -79,9 +79,9 @@ class SheetModel {
   void Assign(const CellArea& area, const CellGrid& contents);
   void Edit(std::int32_t row, StoredCell cell);
   /// @param area  whole rows or whole columns
-  void ChangeLook(const CellArea& area, const LookChange& change);
-  /// Remembers columns to be fitted to the contents of an area; done when the sheet is written, so that looks that are
-  /// set after it count too.
+  void ChangeFormat(const CellArea& area, const CellFormatChange& change);
+  /// Remembers columns to be fitted to the contents of an area; done when the sheet is written, so that formats that
+  /// are set after it count too.
   void AutoFit(const CellArea& area) { fits_.push_back(area); }
   const std::vector<CellArea>& fits() const { return fits_; }
 

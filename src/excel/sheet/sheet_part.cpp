@@ -49,8 +49,8 @@ class SheetIndexer {
       if (isData) dataBegin = begin, dataEnd = scanner_.end();
     }
     if (dataEnd == 0) Refuse("it has no rows");
-    const std::string shell = xml_.substr(0, dataBegin) + "<?" + SheetPart::kRowsMark + "?>" + xml_.substr(dataEnd);
-    part_.shell_ = ParseXml(shell, source_);
+    const std::string frame = xml_.substr(0, dataBegin) + "<?" + SheetPart::kRowsMark + "?>" + xml_.substr(dataEnd);
+    part_.shell_ = ParseXml(frame, source_);
   }
 
  private:

@@ -42,7 +42,7 @@ class SheetPart {
   void Read(const RowEntry& entry, RowView& row) const;
 
   /// The worksheet without its rows; in their place stands a processing instruction of this name.
-  const pugi::xml_document& shell() const { return shell_; }
+  const pugi::xml_document& frame() const { return shell_; }
   static constexpr const char* kRowsMark = "zorkanca-rows";
 
   /// What stands before the names of sheet elements: "" or "x:".

@@ -26,7 +26,7 @@ class SharedStrings {
   SharedStrings(std::string xml, const XmlSource& source);
 
   std::size_t size() const { return items_.size(); }
-  /// The characters of a text, runs of different looks joined, phonetic hints left out. UTF-8.
+  /// The characters of a text, runs of different formats joined, phonetic hints left out. UTF-8.
   std::string TextOf(std::size_t index) const;
   /// References that the file counted; nothing when it didn't say.
   std::optional<std::uint64_t> count() const { return count_; }

@@ -109,7 +109,7 @@ std::string_view BuiltInPattern(std::int32_t id) {
   return found == kBuiltIns.end() ? std::string_view() : found->pattern;
 }
 
-std::string LookChange::Key() const {
+std::string CellFormatChange::Key() const {
   const auto flag = [](std::optional<bool> value) { return !value ? '-' : *value ? '1' : '0'; };
   std::string key = alignment ? std::to_string(static_cast<int>(*alignment)) : "-";
   key += {'/', flag(bold), flag(quotePrefix), flag(wrap), '/'};
@@ -148,14 +148,14 @@ pugi::xml_node StyleBook::AddCopy(pugi::xml_node list, pugi::xml_node original) 
   return copy;
 }
 
-std::uint32_t StyleBook::Changed(std::uint32_t style, const LookChange& change) {
+std::uint32_t StyleBook::Changed(std::uint32_t style, const CellFormatChange& change) {
   const std::string key = std::to_string(style) + ':' + change.Key();
   const auto found = made_.find(key);
   if (found != made_.end()) return found->second;
   return made_[key] = Add(style, change);
 }
 
-std::uint32_t StyleBook::Add(std::uint32_t style, const LookChange& change) {
+std::uint32_t StyleBook::Add(std::uint32_t style, const CellFormatChange& change) {
   if (formats_.size() >= kMostFormats) RaiseExcelError(u"Too many different cell formats.");
   pugi::xml_node format = AddCopy(List("cellXfs"), formats_.at(style));
   if (change.numberFormat) {

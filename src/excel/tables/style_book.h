@@ -1,5 +1,5 @@
-// The part xl/styles.xml: cell formats that cells refer to by number. Existing formats stay as they are; a new look is
-// a copy of a format with something changed, added at the end.
+// The part xl/styles.xml: cell formats that cells refer to by number. Existing formats stay as they are; a new format
+// is a copy of a format with something changed, added at the end.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,8 @@ struct NumberFormatCode {
 /// The patterns of the program's own formats; "" for a number that it has none for.
 std::string_view BuiltInPattern(std::int32_t id);
 
-/// What is to become different about a look.
-struct LookChange {
+/// What is to become different about a cell format.
+struct CellFormatChange {
   std::optional<ExcelAlignment> alignment = {};
   std::optional<bool> bold = {};
   std::optional<bool> quotePrefix = {};
@@ -52,7 +52,7 @@ class StyleBook {
   /// Number of cell formats; indexes are below it.
   std::size_t size() const { return formats_.size(); }
   /// The format that differs from another one by a change. Errors: 1004 when there are more than a workbook may have.
-  std::uint32_t Changed(std::uint32_t style, const LookChange& change);
+  std::uint32_t Changed(std::uint32_t style, const CellFormatChange& change);
 
   NumberFormatCode NumberFormatOf(std::uint32_t style) const;
   CellFont FontOf(std::uint32_t style) const;
@@ -66,7 +66,7 @@ class StyleBook {
  private:
   pugi::xml_node List(const char* name);
   pugi::xml_node AddCopy(pugi::xml_node list, pugi::xml_node original);
-  std::uint32_t Add(std::uint32_t style, const LookChange& change);
+  std::uint32_t Add(std::uint32_t style, const CellFormatChange& change);
   std::int32_t IdOf(const NumberFormatCode& format);
   std::int32_t BoldFont(std::int32_t font, bool bold);
   CellFont FontAt(std::int32_t index) const;

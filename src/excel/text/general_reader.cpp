@@ -74,12 +74,12 @@ struct GeneralReader::Number {
     if (!afterPoint) ++point;
   }
 
-  ContentLook Look() const {
-    if (percent) return decimals > 0 ? ContentLook::kPercentDecimals : ContentLook::kPercent;
-    if (amount) return decimals > 0 ? ContentLook::kAmountDecimals : ContentLook::kAmount;
-    if (scientific) return ContentLook::kScientific;
-    if (grouped) return decimals > 0 ? ContentLook::kGroupedDecimals : ContentLook::kGrouped;
-    return ContentLook::kGeneral;
+  ContentFormat Format() const {
+    if (percent) return decimals > 0 ? ContentFormat::kPercentDecimals : ContentFormat::kPercent;
+    if (amount) return decimals > 0 ? ContentFormat::kAmountDecimals : ContentFormat::kAmount;
+    if (scientific) return ContentFormat::kScientific;
+    if (grouped) return decimals > 0 ? ContentFormat::kGroupedDecimals : ContentFormat::kGrouped;
+    return ContentFormat::kGeneral;
   }
 
   std::string_view Write(char* buffer) const;
@@ -118,7 +118,7 @@ std::string_view GeneralReader::Number::Write(char* buffer) const {
 
 struct GeneralReader::Serial {
   double value = 0;
-  ContentLook look = ContentLook::kDate;
+  ContentFormat format = ContentFormat::kDate;
 };
 
 GeneralReader::GeneralReader(const Locale& locale, TextView decimalSeparator, TextView groupSeparator)
@@ -220,7 +220,7 @@ std::optional<std::int32_t> TakeShortNumber(std::string_view& rest, std::size_t 
   return value;
 }
 
-// "h:mm[:ss]" with an optional half of the day, to the end of the text. Seconds of the day, and whether seconds stood
+// "h:mm[:ss]" with an optional AM/PM marker, to the end of the text. Seconds of the day, and whether seconds stood
 // there.
 struct TimeText {
   std::int32_t seconds = 0;
@@ -264,10 +264,10 @@ constexpr double kSecondsOfDay = 86400;
 std::optional<GeneralReader::Serial> GeneralReader::ReadDate(std::string_view bytes) const {
   if (const std::optional<TimeText> time = ReadTime(bytes)) {
     const bool elapsed = time->seconds >= 24 * 3600;
-    const ContentLook look = elapsed            ? ContentLook::kElapsed
-                             : time->hasSeconds ? ContentLook::kTimeSeconds
-                                                : ContentLook::kTime;
-    return Serial{time->seconds / kSecondsOfDay, look};
+    const ContentFormat format = elapsed            ? ContentFormat::kElapsed
+                                 : time->hasSeconds ? ContentFormat::kTimeSeconds
+                                                    : ContentFormat::kTime;
+    return Serial{time->seconds / kSecondsOfDay, format};
   }
   DateNumbers date;
   std::string_view rest = bytes;
@@ -291,10 +291,10 @@ std::optional<GeneralReader::Serial> GeneralReader::ReadDate(std::string_view by
   const auto [a, b, c] = date.numbers;
   const bool monthFirst = locale_.dateOrder == DateOrder::kMonthDayYear;
   std::optional<double> serial;
-  ContentLook look = time ? ContentLook::kDateTime : ContentLook::kDate;
+  ContentFormat format = time ? ContentFormat::kDateTime : ContentFormat::kDate;
   if (date.count == 2) {
     const bool hasYear = date.lengths[1] == 4;
-    look = hasYear ? ContentLook::kMonthYear : ContentLook::kDayMonth;
+    format = hasYear ? ContentFormat::kMonthYear : ContentFormat::kDayMonth;
     serial = hasYear ? SerialOf(b, a, 1) : SerialOf(locale_.currentYear, monthFirst ? a : b, monthFirst ? b : a);
   } else if (date.lengths[0] == 4) {
     serial = SerialOf(a, b, c);
@@ -302,7 +302,7 @@ std::optional<GeneralReader::Serial> GeneralReader::ReadDate(std::string_view by
     serial = SerialOf(ExpandYear(c, locale_), monthFirst ? a : b, monthFirst ? b : a);
   }
   if (!serial) return std::nullopt;
-  return Serial{*serial + (time ? time->seconds / kSecondsOfDay : 0), look};
+  return Serial{*serial + (time ? time->seconds / kSecondsOfDay : 0), format};
 }
 
 Content GeneralReader::ReadWord(std::string_view bytes, char* buffer) const {
@@ -334,10 +334,10 @@ Content GeneralReader::Read(std::string_view bytes, char* buffer) const {
   if (mayBeNumber) {
     Number number;
     if (ReadNumber(trimmed, number)) {
-      return {.kind = CellKind::kNumber, .look = number.Look(), .text = number.Write(buffer)};
+      return {.kind = CellKind::kNumber, .format = number.Format(), .text = number.Write(buffer)};
     }
     if (const std::optional<Serial> serial = ReadDate(trimmed)) {
-      return {.kind = CellKind::kNumber, .look = serial->look, .text = DoubleText(serial->value, buffer)};
+      return {.kind = CellKind::kNumber, .format = serial->format, .text = DoubleText(serial->value, buffer)};
     }
   }
   return ReadWord(bytes, buffer);

@@ -26,7 +26,7 @@ class GeneralReader {
 
   /// Reads a text in the locale's code page (plain ASCII reads the same in UTF-8).
   /// @param buffer  takes the value's text, which the result's `text` points to; needs `kLongestValue` bytes
-  /// @return        kind, look and text; kText, without a text, for what is none of these
+  /// @return        kind, format and text; kText, without a text, for what is none of these
   Content Read(std::string_view bytes, char* buffer) const;
   static constexpr std::size_t kLongestValue = 40;
 

@@ -127,14 +127,14 @@ class ImportedText::TextCursor final : public Cursor {
       Content content = block_->reader_.Read(field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
-        content.shown = content.look == ContentLook::kGeneral ? content.text : InUtf8(field);
+        content.shown = content.format == ContentFormat::kGeneral ? content.text : InUtf8(field);
         return content;
       }
     }
     const bool lines = field.find('\n') != field.npos;
     Content content{.kind = CellKind::kText};
-    content.look = isTextColumn ? (lines ? ContentLook::kTextLines : ContentLook::kText)
-                                : (lines ? ContentLook::kGeneralLines : ContentLook::kGeneral);
+    content.format = isTextColumn ? (lines ? ContentFormat::kTextLines : ContentFormat::kText)
+                                  : (lines ? ContentFormat::kGeneralLines : ContentFormat::kGeneral);
     content.text = content.shown = InUtf8(field);
     return content;
   }

@@ -46,7 +46,7 @@ class ExcelRange {
 
   /// The first cell as it is shown, by its number format; "" when it is empty.
   virtual zorkanca::Text Text() = 0;
-  /// Puts a content into all cells, as a user of the English program would type it: "" empties and keeps the look.
+  /// Puts a content into all cells, as a user of the English program would type it: "" empties and keeps the format.
   virtual void Formula(TextView formula) = 0;
   /// Formulas in R1C1 notation ("=RC[-1]*2"), constants as `Value2` gives them, but numbers and truth values as English
   /// texts ("0.5", "TRUE"); "" for an empty cell. Cost and memory grow with the range: read large blocks in strips of
@@ -54,18 +54,19 @@ class ExcelRange {
   virtual CellGrid FormulaR1C1() = 0;
   /// Puts contents into the cells. A text that begins with "'" is that text without the apostrophe, whatever it looks
   /// like; one that begins with "=" a formula; another text what the English program would take it for; Empty empties.
-  /// Looks stay. Errors: 1004 when the sizes differ, for a formula that cannot be read, for a text beyond 32767 units.
+  /// Formats stay. Errors: 1004 when the sizes differ, for a formula that cannot be read, for a text beyond 32767
+  /// units.
   virtual void FormulaR1C1(const CellGrid& contents) = 0;
   /// Values without their formats: Empty, Double (dates too), Text, Boolean, `CellError`; of a formula its last result.
   virtual CellGrid Value2() = 0;
 
   /// Copies the cells to the application's clipboard, which `Paste` and `PasteSpecial` take from.
   virtual void Copy() = 0;
-  /// `Copy` with a destination: copies cells with their looks to the place of the destination's first cell, in this
+  /// `Copy` with a destination: copies cells with their formats to the place of the destination's first cell, in this
   /// workbook or another; the clipboard is left alone. Errors: 1004 when they do not fit into the sheet.
   virtual void Copy(ExcelRange& Destination) = 0;
-  /// Pastes what was copied at the first cell. With `kFormulas` contents only: the looks of the target stay, texts stay
-  /// texts. Errors: 1004 when nothing was copied or it does not fit; 438 for other operations.
+  /// Pastes what was copied at the first cell. With `kFormulas` contents only: the formats of the target stay, texts
+  /// stay texts. Errors: 1004 when nothing was copied or it does not fit; 438 for other operations.
   virtual void PasteSpecial(const PasteSpecialArguments& arguments) = 0;
   /// Makes the range the selection of its sheet, which must be the active one. Errors: 1004 when it is not.
   virtual void Select() = 0;

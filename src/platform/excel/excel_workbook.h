@@ -36,7 +36,7 @@ class ExcelWorksheet : public Object {
   /// `Shapes.Count`: pictures, drawings, charts and controls; comments too.
   virtual std::int32_t ShapeCount() = 0;
   /// Pastes what was copied over the selection, which it fills with repetitions when it is a multiple of the copied
-  /// block. Whole rows bring everything of theirs: heights, looks, merged cells, conditional formats, validations,
+  /// block. Whole rows bring everything of theirs: heights, formats, merged cells, conditional formats, validations,
   /// pictures. Errors: 1004 when nothing was copied or it does not fit.
   virtual void Paste() = 0;
   virtual void Activate() = 0;

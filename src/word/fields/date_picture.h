@@ -24,7 +24,7 @@ class DatePicture {
 
  private:
   struct Item {
-    char16_t letter = 0;  // 0 for a literal, 'p' for the half of the day
+    char16_t letter = 0;  // 0 for a literal, 'p' for AM/PM
     std::size_t count = 0;
     Text literal;
   };

@@ -10,7 +10,7 @@
 namespace zorkanca::excel {
 
 /// The XML before and behind the rows.
-struct SheetShell {
+struct SheetFrame {
   std::string before;
   std::string behind;
 };
@@ -19,8 +19,8 @@ struct SheetShell {
 std::vector<RowRepeat> RepeatsOf(const SheetModel& sheet);
 
 /// Carries out on everything round the rows what the layers say: dimension, columns, selection; merged cells,
-/// conditional formats, validations, links and mini charts of repeated rows.
+/// conditional formats, validations, links and sparklines of repeated rows.
 /// @param columns  with fitted widths
-SheetShell MakeShell(const SheetModel& sheet, const ColumnTable& columns);
+SheetFrame MakeFrame(const SheetModel& sheet, const ColumnTable& columns);
 
 }  // namespace zorkanca::excel

@@ -1,4 +1,4 @@
-#include "excel/sheet/sheet_shell.h"
+#include "excel/sheet/sheet_frame.h"
 
 #include <array>
 
@@ -47,11 +47,11 @@ class ShellMaker {
  public:
   ShellMaker(const SheetModel& sheet, const ColumnTable& columns)
       : sheet_(sheet), columns_(columns), prefix_(sheet.part().prefix()), repeats_(RepeatsOf(sheet)) {
-    document_.reset(sheet.part().shell());
+    document_.reset(sheet.part().frame());
     root_ = document_.document_element();
   }
 
-  SheetShell Make() {
+  SheetFrame Make() {
     WriteDimension();
     WriteViews();
     ReplaceColumns();
@@ -256,7 +256,7 @@ class ShellMaker {
     }
   }
 
-  // A mini chart stands in one cell and shows the numbers that a formula names.
+  // A sparkline stands in one cell and shows the numbers that a formula names.
   void RepeatSparklines(pugi::xml_node list) const {
     for (const RowRepeat& repeat : repeats_) {
       std::vector<pugi::xml_node> sources;
@@ -309,20 +309,20 @@ class ShellMaker {
                 inside.empty() ? std::string() : "<" + name + attributes + ">" + inside + "</" + name + ">");
   }
 
-  SheetShell Split(std::string xml) const {
+  SheetFrame Split(std::string xml) const {
     const std::string rows = "<?" + std::string(SheetPart::kRowsMark) + "?>";
     const std::size_t at = xml.find(rows);
-    SheetShell shell{xml.substr(0, at), xml.substr(at + rows.size())};
-    if (columnsMarked_) PutAtMark(shell.before, kColumnsMark, "cols", columns_.ToXml(prefix_));
+    SheetFrame frame{xml.substr(0, at), xml.substr(at + rows.size())};
+    if (columnsMarked_) PutAtMark(frame.before, kColumnsMark, "cols", columns_.ToXml(prefix_));
     std::string merges;
     for (const CellArea& area : merges_) {
       merges.append("<").append(Name("mergeCell")).append(" ref=\"");
       AppendArea(merges, area);
       merges += "\"/>";
     }
-    PutAtMark(shell.behind, kMergesMark, "mergeCells", merges, " count=\"" + std::to_string(merges_.size()) + "\"");
-    if (linksMarked_) PutAtMark(shell.behind, kLinksMark, "hyperlinks", links_);
-    return shell;
+    PutAtMark(frame.behind, kMergesMark, "mergeCells", merges, " count=\"" + std::to_string(merges_.size()) + "\"");
+    if (linksMarked_) PutAtMark(frame.behind, kLinksMark, "hyperlinks", links_);
+    return frame;
   }
 
   const SheetModel& sheet_;
@@ -348,7 +348,7 @@ std::vector<RowRepeat> RepeatsOf(const SheetModel& sheet) {
   return repeats;
 }
 
-SheetShell MakeShell(const SheetModel& sheet, const ColumnTable& columns) {
+SheetFrame MakeFrame(const SheetModel& sheet, const ColumnTable& columns) {
   return ShellMaker(sheet, columns).Make();
 }
 
