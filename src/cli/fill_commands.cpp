@@ -5,6 +5,7 @@
 
 #include "cli/command_line.h"
 #include "cli/fill_steps.h"
+#include "cli/output_check.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "xmltemplate/template_factory.h"
@@ -115,6 +116,7 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
   if (options.output.ends_with('/') || files.FolderExists(output)) {
     throw UsageError("-o names a folder, not a file: " + options.output);
   }
+  RequireWritable(files, output);
   const std::vector<FillStep> steps = ReadFillSteps(options.steps == "-" ? ReadToEnd(stdin) : BytesOf(options.steps));
 
   cExcel2003XmlTemplateFactory factory(context.platform);

@@ -14,7 +14,9 @@ bool TellOfOpening(const ExportContext& context, const OpeningTexts& texts, bool
     context.RaiseExportState(ExportStateValue::esStill, texts.opened);
     opened = true;
   } catch (...) {
-    const Text message = Text(texts.failed).append(ErrorBeingHandled()->description());
+    const Error error = *ErrorBeingHandled();
+    context.NoteCause(error);
+    const Text message = Text(texts.failed).append(error.description());
     IgnoreErrors([&] { context.RaiseExportState(ExportStateValue::esStill, message); });
   }
   context.platform.userInterface.SetMousePointer(MousePointer::kDefault);

@@ -41,7 +41,7 @@ ZipReader::ZipReader(std::string path, const ZipLimits& limits) : path_(std::mov
   if (!file_) RaisePathError(errno, path_);
   struct stat status {};
   if (fstat(file_.get(), &status) != 0) RaiseSystemError(errno);
-  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR);
+  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR, path_);
   if (!S_ISREG(status.st_mode)) RaiseNotOfficeDocument(path_, "it is no regular file");
   if (status.st_size == 0) RaiseNotOfficeDocument(path_, "it is empty");
   const zip::ReadAt readAt = [&](std::uint64_t offset, std::size_t length) {

@@ -92,7 +92,9 @@ TEST(ExcelRepeatTest, RulesOfAreas) {
            "<x14:cfRule/><xm:sqref>B1:B2</xm:sqref></x14:conditionalFormatting></x14:conditionalFormattings>"
            "<x14:sparklines xmlns:x14=\"x14\" "
            "xmlns:xm=\"xm\"><x14:sparkline><xm:f>List1!B1:C1</xm:f><xm:sqref>D1</xm:sqref>"
-           "</x14:sparkline></x14:sparklines></ext></extLst>"});
+           "</x14:sparkline><x14:sparkline><xm:f>List1!A4</xm:f><xm:sqref>D4</xm:sqref></x14:sparkline>"
+           "<x14:sparkline><xm:f>List1!A9</xm:f><xm:sqref>D9</xm:sqref></x14:sparkline></x14:sparklines></ext></"
+           "extLst>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   sheet->Range(u"B2")->Formula(u"5");
   ExcelFixture::Repeat(*sheet, 2, 3);
@@ -107,7 +109,12 @@ TEST(ExcelRepeatTest, RulesOfAreas) {
       "r:id=\"rId7\"/>"
       "</hyperlinks><rowBreaks count=\"1\"><brk id=\"2\"/>");
   has("<xm:sqref>B1:B6</xm:sqref>");
-  has("<xm:f>List1!B5:C5</xm:f><xm:sqref>D5</xm:sqref>");
+  // Sparklines of replaced rows go.
+  const auto sparkline = [](const std::string& formula, const std::string& cell) {
+    return "<x14:sparkline><xm:f>List1!" + formula + "</xm:f><xm:sqref>" + cell + "</xm:sqref></x14:sparkline>";
+  };
+  has("xmlns:xm=\"xm\">" + sparkline("B1:C1", "D1") + sparkline("A9", "D9") + sparkline("B3:C3", "D3") +
+      sparkline("B5:C5", "D5") + "</x14:sparklines>");
   has("<dimension ref=\"A1:B9\"/>");
 }
 

@@ -3,10 +3,12 @@
 #include <array>
 
 #include "excel/display/auto_fit.h"
+#include "excel/display/row_height.h"
 #include "excel/drawing/drawing_repeats.h"
 #include "excel/sheet/row_composer.h"
 #include "excel/sheet/row_writer.h"
 #include "excel/sheet/sheet_frame.h"
+#include "excel/tables/blank_package.h"
 #include "excel/tables/cell_reader.h"
 #include "opc/deflated_part.h"
 #include "opc/xml_names.h"
@@ -63,6 +65,7 @@ Package WorkbookSaver::Run() {
       WriteSheet(entry);
       WriteDrawing(entry);
     } else if (changed_ && entry.hasCells) {
+      WatchedWork(workbook_.watch_, ExcelWork::kSaving, 0);
       KeepSheet(entry);
     }
   }
@@ -78,11 +81,12 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   const SheetModel& sheet = *entry.model;
   ColumnTable columns = sheet.columns();
   for (const CellArea& area : sheet.fits()) {
-    for (const auto& [column, width] : FittedWidths(sheet, area, workbook_.texts_, workbook_.locale_)) {
+    for (const auto& [column, width] :
+         FittedWidths(sheet, area, workbook_.texts_, workbook_.locale_, workbook_.watch_)) {
       columns.SetFittedWidth(column, width);
     }
   }
-  const SheetFrame frame = MakeFrame(sheet, columns);
+  SheetFrame frame = MakeFrame(sheet, columns);
   const auto part = std::make_shared<DeflatedPart>();
   XmlBuffer xml(*part);
   RowWriter writer(xml, sheet.part().prefix(), texts_);
@@ -90,8 +94,11 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   xml.Put(frame.before);
   xml.Put("<" + data);
   RowComposer composer(sheet);
+  RowHeights heights(sheet, workbook_.texts_, columns, std::move(frame.merges));
   std::uint64_t untouched = 0;
+  WatchedWork work(workbook_.watch_, ExcelWork::kSaving, static_cast<std::uint64_t>(sheet.Extent().bottom));
   while (composer.Next()) {
+    work.Reach(static_cast<std::uint64_t>(composer.number()));
     const std::string_view raw = composer.Untouched();
     if (raw.data()) {
       untouched += CountReferences(raw);
@@ -99,7 +106,7 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
       continue;
     }
     const RowView& row = composer.Compose();
-    if (!row.cells.empty() || row.styled || !row.attributes.empty()) writer.Write(row);
+    if (!row.cells.empty() || row.styled || !row.attributes.empty()) writer.Write(row, heights.Of(row));
   }
   xml.Put("</" + data);
   xml.Put(frame.behind);
@@ -116,7 +123,7 @@ void WorkbookSaver::WriteDrawing(const SheetEntry& entry) {
   const DrawingPart drawing(package_.ReadPart(*name), {package_.path(), *name});
   if (!drawing.IsRepeated(repeats)) return;
   const auto part = std::make_shared<DeflatedPart>();
-  drawing.Write(*part, repeats);
+  drawing.Write(*part, repeats, workbook_.watch_);
   part->Finish();
   package_.ReplacePart(*name, part);
 }
@@ -142,8 +149,7 @@ void WorkbookSaver::WriteTexts() {
   texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet, family));
   part->Finish();
   if (!workbook_.textsPart_.empty()) return package_.ReplacePart(workbook_.textsPart_, part);
-  std::string name = "/xl/sharedStrings.xml";
-  if (package_.HasPart(name)) name = package_.FreshPartName("/xl/sharedStrings#.xml");
+  const std::string name = FreePartName(package_, "/xl/sharedStrings");
   package_.AddPart(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml", part);
   Relationships relationships = package_.RelationshipsOf(workbook_.mainPart_);
   relationships.Add(OfficeRelationshipType("sharedStrings", family), name);

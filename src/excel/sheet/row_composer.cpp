@@ -209,6 +209,7 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
   cell.column = column;
   cell.kind = content.kind;
   cell.content = content.text;
+  cell.hasLines = content.hasLines;
   cell.formula = content.formula;
   if (layer.withFormats) cell.shown = content.shown;
   cell.style = layer.withFormats ? StyleOfContent(content.format, *layer.source)

@@ -1,5 +1,7 @@
 #include "excel/sheet/row_writer.h"
 
+#include <charconv>
+
 #include "excel/grid/xml_scanner.h"
 #include "excel/tables/string_item.h"
 
@@ -19,7 +21,7 @@ void RowWriter::PutAttributesBut(std::string_view attributes, std::initializer_l
   xml_.Put(scratch_);
 }
 
-void RowWriter::Write(const RowView& row) {
+void RowWriter::Write(const RowView& row, double height) {
   row_ = row.row;
   rowNumber_.clear();
   AppendNumber(rowNumber_, row_);
@@ -33,7 +35,19 @@ void RowWriter::Write(const RowView& row) {
     xml_.PutNumber(row.style);
     xml_.Put("\" customFormat=\"1\"");
   }
-  if (!row.attributes.empty()) PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans"});
+  if (height > 0) {
+    xml_.Put(" ht=\"");
+    char digits[32];
+    xml_.Put(std::string_view(digits, std::to_chars(digits, digits + sizeof digits, height).ptr));
+    xml_.Put('"');
+  }
+  if (!row.attributes.empty()) {
+    if (height > 0) {
+      PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans", "ht"});
+    } else {
+      PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans"});
+    }
+  }
   if (row.cells.empty()) return xml_.Put("/>");
   xml_.Put('>');
   for (const CellView& cell : row.cells) WriteCell(cell);

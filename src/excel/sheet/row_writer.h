@@ -15,7 +15,8 @@ class RowWriter {
   /// @param texts   takes the new texts
   RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts);
 
-  void Write(const RowView& row);
+  /// @param height  points; 0 leaves the row's own
+  void Write(const RowView& row, double height = 0);
   /// A row as the file has it.
   void WriteRaw(std::string_view rowXml) { xml_.Put(rowXml); }
   /// Cells written that refer to a shared text.

@@ -55,6 +55,7 @@ class ShellMaker {
     WriteDimension();
     WriteViews();
     ReplaceColumns();
+    ReadMerges();
     if (!repeats_.empty()) {
       ReplaceMerges();
       RepeatRules();
@@ -146,12 +147,15 @@ class ShellMaker {
     root_.remove_child(Child("cols"));
   }
 
+  void ReadMerges() {
+    for (const pugi::xml_node merge : Children(Child("mergeCells"), "mergeCell")) {
+      if (const std::optional<CellArea> area = ParseArea(merge.attribute("ref").value())) merges_.push_back(*area);
+    }
+  }
+
   void ReplaceMerges() {
     pugi::xml_node list = Child("mergeCells");
     if (!list) return;
-    for (const pugi::xml_node merge : Children(list, "mergeCell")) {
-      if (const std::optional<CellArea> area = ParseArea(merge.attribute("ref").value())) merges_.push_back(*area);
-    }
     for (const RowRepeat& repeat : repeats_) merges_ = RepeatMerges(merges_, repeat);
     root_.insert_child_before(pugi::node_pi, list).set_name(kMergesMark);
     root_.remove_child(list);
@@ -309,10 +313,10 @@ class ShellMaker {
                 inside.empty() ? std::string() : "<" + name + attributes + ">" + inside + "</" + name + ">");
   }
 
-  SheetFrame Split(std::string xml) const {
+  SheetFrame Split(std::string xml) {
     const std::string rows = "<?" + std::string(SheetPart::kRowsMark) + "?>";
     const std::size_t at = xml.find(rows);
-    SheetFrame frame{xml.substr(0, at), xml.substr(at + rows.size())};
+    SheetFrame frame{.before = xml.substr(0, at), .behind = xml.substr(at + rows.size())};
     if (columnsMarked_) PutAtMark(frame.before, kColumnsMark, "cols", columns_.ToXml(prefix_));
     std::string merges;
     for (const CellArea& area : merges_) {
@@ -322,6 +326,7 @@ class ShellMaker {
     }
     PutAtMark(frame.behind, kMergesMark, "mergeCells", merges, " count=\"" + std::to_string(merges_.size()) + "\"");
     if (linksMarked_) PutAtMark(frame.behind, kLinksMark, "hyperlinks", links_);
+    frame.merges = std::move(merges_);
     return frame;
   }
 
