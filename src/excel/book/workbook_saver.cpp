@@ -1,7 +1,13 @@
+// Headings of tables are settled first, because formulas of all sheets follow them. Then each changed sheet is written
+// row by row into a compressed part, new texts are gathered meanwhile, and the tables of texts and formats are written
+// behind all sheets that use them. Sheets that were not changed are only read where stored results or counts may be
+// wrong, and keep their bytes where they are not. The workbook that is open stays as it is; the result is another
+// package over it.
 #include "excel/book/workbook_saver.h"
 
 #include <array>
 
+#include "excel/book/table_headings.h"
 #include "excel/display/auto_fit.h"
 #include "excel/display/row_height.h"
 #include "excel/drawing/drawing_repeats.h"
@@ -61,6 +67,10 @@ Package WorkbookSaver::Run() {
     changed_ = changed_ || (entry.model && entry.model->changed());
   }
   for (const SheetEntry& entry : workbook_.sheets_) {
+    if (!entry.model || !entry.model->contentsChanged()) continue;
+    SettleTableHeadings(package_, entry.part, *entry.model, workbook_.texts_, workbook_.locale_, renames_);
+  }
+  for (const SheetEntry& entry : workbook_.sheets_) {
     if (entry.model && entry.model->changed()) {
       WriteSheet(entry);
       WriteDrawing(entry);
@@ -89,7 +99,7 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   SheetFrame frame = MakeFrame(sheet, columns);
   const auto part = std::make_shared<DeflatedPart>();
   XmlBuffer xml(*part);
-  RowWriter writer(xml, sheet.part().prefix(), texts_);
+  RowWriter writer(xml, sheet.part().prefix(), texts_, renames_);
   const std::string data = sheet.part().prefix() + "sheetData>";
   xml.Put(frame.before);
   xml.Put("<" + data);
@@ -137,7 +147,7 @@ void WorkbookSaver::KeepSheet(const SheetEntry& entry) {
   RequireSoundXml(xml, source, {.nodes = 400'000'000});
   references_ += CountReferences(xml);
   if (!mayHaveFormulas) return;
-  std::string written = WithoutResults(xml, source);
+  std::string written = WithoutResults(xml, source, renames_);
   if (written != xml) package_.ReplacePart(entry.part, std::move(written));
 }
 
@@ -163,6 +173,11 @@ void WorkbookSaver::WriteWorkbook() {
   const XmlNames names(document);
   const pugi::xml_node root = document.document_element();
   if (changed_) SetAttribute(RequireChild(names, root, "calcPr"), "fullCalcOnLoad", "1");
+  if (!renames_.empty()) {
+    for (pugi::xml_node name : names.Child(root, XmlSpace::kSheet, "definedNames").children()) {
+      if (name.text()) name.text().set(renames_.Renamed(name.text().get()).c_str());
+    }
+  }
   if (workbook_.activeChanged_) {
     pugi::xml_node views = RequireChild(names, root, "bookViews");
     pugi::xml_node view = names.Child(views, XmlSpace::kSheet, "workbookView");

@@ -1,3 +1,6 @@
+// One walk over the rows keeps the widest content of each column in pixels. What an import knows to be shown is
+// measured as it is; the rest is shown by its number format first. A font's widths are looked up once for each cell
+// format.
 #include "excel/display/auto_fit.h"
 
 #include <algorithm>

@@ -1,3 +1,7 @@
+// An anchor is cut where its copies differ: rows, ids, the number behind a name, the identifier. A copy is then the
+// pieces put out one behind the other with its own numbers, so that a hundred thousand copies need no tree and cost
+// what they are long. Ids go on behind the greatest that the part has; connections between shapes of one anchor keep
+// pointing at each other, because ids are replaced by their index within the anchor.
 #include "excel/drawing/drawing_repeats.h"
 
 #include <charconv>

@@ -1,3 +1,6 @@
+// A cell is a byte of kind and flags, the length of its text in groups of seven bits, and the text; formulas are kept
+// aside and named by number. The offset of each row is noted, so that any row can be read, and a row is read from left
+// to right. Nothing is ever changed, only added at the end.
 #include "excel/sheet/packed_contents.h"
 
 #include <algorithm>

@@ -7,8 +7,8 @@
 
 namespace zorkanca::excel {
 
-RowWriter::RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts)
-    : xml_(xml), prefix_(std::move(prefix)), texts_(texts) {
+RowWriter::RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts, const TableRenames& renames)
+    : xml_(xml), prefix_(std::move(prefix)), texts_(texts), renames_(renames) {
   cellStart_ = "<" + prefix_ + "c r=\"";
   cellEnd_ = "</" + prefix_ + "c>";
   valueStart_ = "<" + prefix_ + "v>";
@@ -128,7 +128,11 @@ void RowWriter::WriteText(const CellView& cell) {
 void RowWriter::WriteFormula(const CellView& cell) {
   xml_.Put('>');
   if (cell.kind == CellKind::kFileFormula) {
-    xml_.Put(cell.content);
+    if (renames_.empty()) {
+      xml_.Put(cell.content);
+    } else {
+      xml_.Put(renames_.RenamedElement(cell.content));
+    }
     return xml_.Put(cellEnd_);
   }
   xml_.Put("<");
@@ -143,6 +147,7 @@ void RowWriter::WriteFormula(const CellView& cell) {
   xml_.Put('>');
   scratch_.clear();
   cell.formula->AppendA1(scratch_, {row_, cell.column});
+  if (!renames_.empty()) scratch_ = renames_.Renamed(scratch_);
   xml_.PutText(scratch_);
   xml_.Put("</");
   xml_.Put(prefix_);

@@ -1,3 +1,14 @@
+// Everything of a sheet but its rows is a tree with a mark where the rows stand. Each layer of repeated rows changes,
+// one after the other, what the tree says of areas: what lies under the copies is cut away first, then each copy gets
+// what its source has.
+//
+// Rules (conditional formats, validations) list their areas, so that copies make areas grow instead of making rules;
+// see row_repeats.h. Merged cells and links stand for each copy: their lists are written as text in place of further
+// marks, because a tree of a hundred thousand nodes would cost more than everything else. Sparklines are few and stay
+// nodes.
+//
+// Invariants: children of the worksheet keep the order of the schema; elements that nobody knows stay where they are.
+// The cost is that of what is written, times the number of repeats for lists of merged cells and links.
 #include "excel/sheet/sheet_frame.h"
 
 #include <array>

@@ -1,3 +1,11 @@
+// The file is read twice. The first walk counts rows and columns and refuses what no sheet holds, before anything is
+// made; it notes where every 256th record begins. Afterwards records are read again whenever a row is asked for: the
+// next ones one behind the other, others from the nearest note on, so that a row in the middle costs at most 256
+// records.
+//
+// Fields are bytes of the file, or of a buffer where quotes and line ends were taken out; their values are put into one
+// buffer that is reserved for the whole record before the first of them, so that views into it stay valid. ASCII is
+// passed on as it is. Both walks are linear in the file and hold a window of it and one record.
 #include "excel/text/imported_text.h"
 
 #include <fcntl.h>
