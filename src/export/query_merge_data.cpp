@@ -9,8 +9,7 @@ namespace {
 // Writes the values of the current record; the texts in between are kept for their room.
 class RecordWriter {
  public:
-  RecordWriter(std::vector<QueryColumn> columns, MergeDataFile& file, ColumnFormats& formats,
-               const Locale& locale)
+  RecordWriter(std::vector<QueryColumn> columns, MergeDataFile& file, ColumnFormats& formats, const Locale& locale)
       : columns_(std::move(columns)), file_(file), formats_(formats), locale_(locale) {}
 
   void Write() {

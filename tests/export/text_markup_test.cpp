@@ -83,9 +83,7 @@ Text NaiveBlocks(Text text) {
       text.erase(next, end + 4 - next);
     }
   }
-  const auto openingBefore = [&](std::size_t end) {
-    return end < 4 ? Text::npos : text.rfind(u"{<p}", end - 4);
-  };
+  const auto openingBefore = [&](std::size_t end) { return end < 4 ? Text::npos : text.rfind(u"{<p}", end - 4); };
   if (const std::size_t end = text.rfind(u"{p>}"); end != Text::npos) {
     text.erase(end, 4);
     if (const std::size_t start = openingBefore(end); start != Text::npos) text.erase(start, 4);
