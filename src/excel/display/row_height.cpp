@@ -79,15 +79,15 @@ bool RowHeights::MayBreak(const CellView& cell) {
 double RowHeights::Of(const RowView& row) {
   if (allSet_) return 0;
   if (std::none_of(row.cells.begin(), row.cells.end(), [&](const CellView& cell) { return MayBreak(cell); })) return 0;
-  const std::string_view known = FindAttribute(row.attributes, "ht");
-  if (IsTrue(FindAttribute(row.attributes, "customHeight")) || IsTrue(FindAttribute(row.attributes, "hidden")))
+  const bool isKnown = FindAttribute(row.attributes, "ht").has_value();
+  if (IsTrue(AttributeText(row.attributes, "customHeight")) || IsTrue(AttributeText(row.attributes, "hidden")))
     return 0;
   std::int64_t pixels = defaultPixels_;
   for (const CellView& cell : row.cells) {
     if (cell.kind == CellKind::kBlank) continue;
     pixels = std::max(pixels, LinesOf(cell, row.row) * FormatOf(cell.style).linePixels);
   }
-  if (pixels == defaultPixels_ && !known.data()) return 0;
+  if (pixels == defaultPixels_ && !isKnown) return 0;
   return std::min(static_cast<double>(pixels) * kPointsPerPixel, kHighest);
 }
 
