@@ -93,16 +93,16 @@ double RowHeights::Of(const RowView& row) {
   Kind kind = Kind::kPlain;
   for (const CellView& cell : row.cells) kind = std::max(kind, KindOf(cell));
   if (kind == Kind::kPlain) return 0;
-  const std::string_view known = FindAttribute(row.attributes, "ht");
-  if (kind == Kind::kTall && known.data()) return 0;  // found for the same font
-  if (IsTrue(FindAttribute(row.attributes, "customHeight")) || IsTrue(FindAttribute(row.attributes, "hidden")))
+  const bool isKnown = FindAttribute(row.attributes, "ht").has_value();
+  if (kind == Kind::kTall && isKnown) return 0;  // found for the same font
+  if (IsTrue(AttributeText(row.attributes, "customHeight")) || IsTrue(AttributeText(row.attributes, "hidden")))
     return 0;
   std::int64_t pixels = defaultPixels_;
   for (const CellView& cell : row.cells) {
     if (cell.kind == CellKind::kBlank) continue;
     pixels = std::max(pixels, LinesOf(cell, row.row) * FormatOf(cell.style).linePixels);
   }
-  if (pixels == defaultPixels_ && !known.data()) return 0;
+  if (pixels == defaultPixels_ && !isKnown) return 0;
   return std::min(static_cast<double>(pixels) * kPointsPerPixel, kHighest);
 }
 
