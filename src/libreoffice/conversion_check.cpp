@@ -6,11 +6,11 @@
 #include <fstream>
 #include <string_view>
 
-#include "opc/ascii_case.h"
 #include "opc/document_kind.h"
 #include "opc/office_error.h"
 #include "opc/package.h"
 #include "opc/xml_document.h"
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace zorkanca {

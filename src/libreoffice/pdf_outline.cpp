@@ -11,6 +11,7 @@
 #include "files/system_error.h"
 #include "opc/document_kind.h"
 #include "opc/package.h"
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -106,14 +107,12 @@ std::string DestinationName(std::string_view bookmark) {
   constexpr std::string_view kPlainInLinks = "-_.!~*'()";
   std::string name;
   for (const char character : bookmark) {
-    const auto byte = static_cast<unsigned char>(character);
-    const bool isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9');
-    if (isLetter) {
+    if (IsAlphanumeric(character)) {
       name += character;
       continue;
     }
     if (kPlainInLinks.find(character) == kPlainInLinks.npos) name += "25";
-    AppendHex(name, byte);
+    AppendHex(name, static_cast<unsigned char>(character));
   }
   return name;
 }

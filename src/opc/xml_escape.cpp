@@ -49,28 +49,6 @@ constexpr std::array<std::string_view, kAscii> EscapeTable() {
   return table;
 }
 
-void AppendCodePoint(std::string& xml, char32_t code) {
-  const auto tail = [&](int shift) { xml.push_back(static_cast<char>(0x80 | (code >> shift & 0x3F))); };
-  if (code < 0x800) {
-    xml.push_back(static_cast<char>(0xC0 | code >> 6));
-  } else if (code < 0x10000) {
-    xml.push_back(static_cast<char>(0xE0 | code >> 12));
-    tail(6);
-  } else {
-    xml.push_back(static_cast<char>(0xF0 | code >> 18));
-    tail(12);
-    tail(6);
-  }
-  tail(0);
-}
-
-constexpr bool IsHighSurrogate(char16_t unit) {
-  return unit >= 0xD800 && unit < 0xDC00;
-}
-constexpr bool IsLowSurrogate(char16_t unit) {
-  return unit >= 0xDC00 && unit < 0xE000;
-}
-
 template <Place place>
 void AppendEscaped(std::string& xml, TextView text) {
   static constexpr std::array<std::string_view, kAscii> kEscapes = EscapeTable<place>();
@@ -84,12 +62,11 @@ void AppendEscaped(std::string& xml, TextView text) {
         xml += escape;
       }
     } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      AppendCodePoint(xml, 0x10000 + ((unit - 0xD800U) << 10) + (text[i + 1] - 0xDC00U));
-      ++i;
+      AppendCharacterAsUtf8(xml, CharacterOf(unit, text[++i]));
     } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-      AppendCodePoint(xml, 0xFFFD);
+      AppendCharacterAsUtf8(xml, 0xFFFD);
     } else if (unit < 0xFFFE) {
-      AppendCodePoint(xml, unit);
+      AppendCharacterAsUtf8(xml, unit);
     }
   }
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "opc/ascii_case.h"
 #include "opc/office_error.h"
 #include "opc/zip_format.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca::zip {
 

@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 
+#include "runtime/ascii.h"
 #include "runtime/text.h"
 #include "runtime/value.h"
 
@@ -67,9 +68,5 @@ class DigitCollector {
   bool afterPoint_ = false;
   bool more_ = false;
 };
-
-constexpr bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
-}
 
 }  // namespace zorkanca

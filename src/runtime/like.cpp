@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
@@ -82,7 +83,7 @@ bool Matches(const Element& element, char16_t unit) {
     case Kind::kUnit:
       return unit == element.unit;
     case Kind::kDigit:
-      return unit >= u'0' && unit <= u'9';
+      return IsDigit(unit);
     case Kind::kSet: {
       const bool found =
           AnyRange(element.list, [unit](char16_t first, char16_t last) { return first <= unit && unit <= last; });

@@ -23,12 +23,6 @@ Text PatternOf(const NumberFormatCode& code, const Locale& locale) {
   return code.pattern.empty() ? Text(u"General") : FromUtf8(code.pattern);
 }
 
-void AppendPadded(Text& text, std::int64_t number, std::size_t width) {
-  const Text digits = DecimalText(number);
-  if (digits.size() < width) text.append(width - digits.size(), u'0');
-  text += digits;
-}
-
 }  // namespace
 
 NumberFormat::NumberFormat(const NumberFormatCode& code, const Locale& locale, bool is1904)

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cstring>
 
-#include "opc/ascii_case.h"
+#include "runtime/ascii.h"
 #include "runtime/code_page.h"
 #include "runtime/convert.h"
 #include "runtime/date.h"
@@ -15,10 +15,6 @@ namespace zorkanca::excel {
 namespace {
 
 constexpr int kDigits = 15;  // more are lost, as in the program
-
-constexpr bool IsAsciiDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 constexpr bool IsBlankByte(char c) {
   return c == ' ' || c == '\xA0';
@@ -139,7 +135,7 @@ bool GeneralReader::ReadInteger(std::string_view& rest, Number& number) const {
   const auto isGroup = [this](char c) { return c == group_ || (blankGroups_ && c == ' '); };
   const auto digitsAhead = [&](std::size_t from) {
     std::size_t length = 0;
-    while (from + length < rest.size() && IsAsciiDigit(rest[from + length])) ++length;
+    while (from + length < rest.size() && IsDigit(rest[from + length])) ++length;
     return length;
   };
   std::size_t run = digitsAhead(0);
@@ -171,7 +167,7 @@ bool GeneralReader::ReadNumber(std::string_view bytes, Number& number) const {
   if (!ReadInteger(rest, number)) return false;
   if (Take(rest, decimal_)) {
     number.afterPoint = true;
-    for (; !rest.empty() && IsAsciiDigit(rest.front()); rest.remove_prefix(1)) number.Add(rest.front());
+    for (; !rest.empty() && IsDigit(rest.front()); rest.remove_prefix(1)) number.Add(rest.front());
   }
   if (!number.any) return false;
   if (rest.size() > 1 && (rest.front() == 'E' || rest.front() == 'e')) {
@@ -211,7 +207,7 @@ struct DateNumbers {
 
 std::optional<std::int32_t> TakeShortNumber(std::string_view& rest, std::size_t longest, std::size_t& length) {
   std::int32_t value = 0;
-  for (length = 0; length < rest.size() && IsAsciiDigit(rest[length]); ++length) {
+  for (length = 0; length < rest.size() && IsDigit(rest[length]); ++length) {
     if (length == longest) return std::nullopt;
     value = value * 10 + (rest[length] - '0');
   }
@@ -329,7 +325,7 @@ Content GeneralReader::Read(std::string_view bytes, char* buffer) const {
   const std::string_view trimmed = WithoutBlanks(bytes);
   if (trimmed.empty()) return {.kind = CellKind::kText};
   const char first = trimmed.front();
-  const bool mayBeNumber = IsAsciiDigit(first) || first == '-' || first == '+' || first == '(' || first == decimal_ ||
+  const bool mayBeNumber = IsDigit(first) || first == '-' || first == '+' || first == '(' || first == decimal_ ||
                            (!currency_.empty() && first == currency_.front());
   if (mayBeNumber) {
     Number number;

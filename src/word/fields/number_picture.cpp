@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "word/fields/number_text.h"
 
@@ -14,10 +15,6 @@ namespace {
 
 bool IsSpace(char16_t unit) {
   return unit == u' ' || unit == u'\u00A0' || unit == u'\u202F';
-}
-
-bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
 }
 
 // Decimal digits of a number: whole part and decimals, rounded half up.
