@@ -29,22 +29,24 @@ Text SvgOf(const cBarCode& barCode, TextView content, const Locale& locale) {
 }
 
 // A picture takes its place whole or not at all; it is ASCII, so that the encoding of the file is of no account.
-void WritePicture(FileSystem& files, TextView path, TextView svg) {
+void WritePicture(const CommandContext& context, TextView path, TextView svg) {
+  FileSystem& files = context.platform.files;
   const std::unique_ptr<TextStream> stream = files.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kAnsi);
   stream->Write(svg);
   stream->Close();
-  PrintLine(path);
+  context.report.File(path);
 }
 
-int RunValue(const BarCodeOptions& options, const Platform& platform) {
+int RunValue(const CommandContext& context, const BarCodeOptions& options) {
+  const Platform& platform = context.platform;
   cBarCode barCode(platform.locale);
   barCode.ParseParameters(FromUtf8(options.parameters));
   const Value value = FromUtf8(options.value);
   if (options.svg.empty()) {
-    PrintLine(barCode.EncodeValue(value));
+    context.report.Value(barCode.EncodeValue(value));
   } else {
     const Text path = platform.files.GetAbsolutePathName(FromUtf8(options.svg));
-    WritePicture(platform.files, path, SvgOf(barCode, barCode.ValueContent(value), platform.locale));
+    WritePicture(context, path, SvgOf(barCode, barCode.ValueContent(value), platform.locale));
   }
   return kDone;
 }
@@ -53,7 +55,8 @@ int RunValue(const BarCodeOptions& options, const Platform& platform) {
 class BarCodeRecords {
  public:
   BarCodeRecords(const CommandContext& context, const BarCodeOptions& options)
-      : platform_(context.platform),
+      : context_(context),
+        platform_(context.platform),
         barCode_(platform_.locale),
         database_(SqlitePath(options.database), &context.interrupted) {
     barCode_.ParseParameters(FromUtf8(options.parameters));
@@ -63,7 +66,7 @@ class BarCodeRecords {
 
   void PrintTexts() {
     for (; !recordset_->Eof(); Next()) {
-      PrintLine(OfRecord([this] { return barCode_.EncodeRecord(); }));
+      context_.report.Value(OfRecord([this] { return barCode_.EncodeRecord(); }));
     }
   }
 
@@ -73,7 +76,7 @@ class BarCodeRecords {
     const Text svg = Picture();
     Next();
     if (!recordset_->Eof()) throw UsageError("the query has several records; --svg must name a folder: " + file + "/");
-    WritePicture(platform_.files, platform_.files.GetAbsolutePathName(FromUtf8(file)), svg);
+    WritePicture(context_, platform_.files.GetAbsolutePathName(FromUtf8(file)), svg);
   }
 
   /// Draws each record into a file of its own, 0001.svg and so on.
@@ -81,7 +84,7 @@ class BarCodeRecords {
     FileSystem& files = platform_.files;
     if (!files.FolderExists(folder)) files.CreateFolder(folder);
     for (; !recordset_->Eof(); Next()) {
-      WritePicture(files, BuildPath(files, folder, NumberedName(number_, u".svg")), Picture());
+      WritePicture(context_, BuildPath(files, folder, NumberedName(number_, u".svg")), Picture());
     }
   }
 
@@ -105,6 +108,7 @@ class BarCodeRecords {
     }
   }
 
+  const CommandContext& context_;
   const Platform& platform_;
   cBarCode barCode_;
   SqliteDatabase database_;
@@ -142,7 +146,7 @@ void AddBarcodeCommands(CLI::App& app, Command& chosen) {
     const bool hasValue = value->count() > 0;
     if (!hasValue && database->count() == 0) throw UsageError("barcode needs --value, or --db and --select");
     chosen = [options, hasValue](const CommandContext& context) {
-      return hasValue ? RunValue(*options, context.platform) : RunRecords(context, *options);
+      return hasValue ? RunValue(context, *options) : RunRecords(context, *options);
     };
   });
 }

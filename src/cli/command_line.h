@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "cli/report.h"
 #include "platform/platform.h"
 
 namespace zorkanca::cli {
@@ -24,6 +25,8 @@ struct GlobalOptions {
   bool no = false;
   bool events = false;
   bool quiet = false;
+  std::string progress = "auto";
+  bool json = false;
 };
 
 /// Arguments that no option parser can refuse but that make no sense. Shown as wrong usage.
@@ -37,6 +40,7 @@ struct CommandContext {
   const GlobalOptions& options;
   const Platform& platform;
   const std::atomic<bool>& interrupted;  ///< set by the first Ctrl-C
+  Report& report;                        ///< where everything is told
 };
 
 /// What a command leaves to be run. @return the exit status
@@ -67,8 +71,5 @@ void AddFillCommands(CLI::App& app, Command& chosen);
 std::string ReadToEnd(std::FILE* file);
 /// All bytes of a file that the user named. Errors: 53 when it cannot be opened, 57 when it cannot be read.
 std::string BytesOf(const std::string& path);
-
-/// Prints a result, UTF-8 and a line end, on standard output.
-void PrintLine(TextView text);
 
 }  // namespace zorkanca::cli

@@ -37,8 +37,8 @@ DocumentOutput::DocumentOutput(const CommandContext& context, const OutputOption
       options_(options),
       template_(rsTemplate),
       isFolder_(count == Count::kSeveral),
-      pdfs_(context.platform.locale,
-            {.cancelled = [&context] { return context.interrupted.load(); }, .made = PrintLine}) {
+      pdfs_(context.platform.locale, {.cancelled = [&context] { return context.interrupted.load(); },
+                                      .made = [&context](TextView path) { context.report.File(path); }}) {
   if (options.output.empty()) return;
   FileSystem& files = context.platform.files;
   path_ = files.GetAbsolutePathName(FromUtf8(options.output));
@@ -78,7 +78,7 @@ void DocumentOutput::AddToFolder(WordDocument& document) {
     pdfs_.Add(document, path);
   } else {
     document.SaveAs(path, WordSaveFormat::kDocumentXml);
-    PrintLine(path);
+    context_.report.File(path);
   }
   document.Close(/*SaveChanges=*/false);
 }
@@ -89,7 +89,7 @@ void DocumentOutput::Finish(bool done) {
   if (only_) {
     if (path_.empty()) path_ = DefaultName() + (options_.pdf ? u".pdf" : u".docx");
     only_->SaveAs(path_, FormatOf(path_));
-    PrintLine(path_);
+    context_.report.File(path_);
   }
   const bool opens = options_.output.empty() && !options_.noOpen && HasDisplay();
   if (opens && !path_.empty()) context_.platform.shell.OpenDocument(path_);

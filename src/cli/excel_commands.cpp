@@ -54,7 +54,7 @@ class WorkbookOutput {
     } else {
       workbook.SaveAs(path_, ExcelSaveFormat::kWorkbookXml);
     }
-    PrintLine(path_);
+    context_.report.File(path_);
     if (options_.output.empty() && !options_.noOpen && HasDisplay()) context_.platform.shell.OpenDocument(path_);
   }
 

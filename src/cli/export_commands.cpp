@@ -48,7 +48,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
   ExportRun run(context, platform, options.query, opens);
   const bool done = run.office().HTMLExport(database, Statement(options.query.select), arguments);
-  if (done) PrintLine(arguments.rsSourceFile);
+  if (done) context.report.File(arguments.rsSourceFile);
   return run.StatusOf(done, "HTMLExport");
 }
 
@@ -71,8 +71,8 @@ void AddNames(CLI::App& app, Command& chosen) {
   const auto select = std::make_shared<std::string>();
   command->add_option("SELECT", *select, "SELECT statement")->required();
   command->callback([&chosen, select] {
-    chosen = [select](const CommandContext&) {
-      PrintLine(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
+    chosen = [select](const CommandContext& context) {
+      context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
       return kDone;
     };
   });

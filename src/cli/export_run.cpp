@@ -14,7 +14,7 @@ void OfficeEvents::ExportState(ExportStateValue state, TextView DefaultMessage) 
 
 ExportRun::ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options,
                      bool showsStates)
-    : interrupted_(context.interrupted), events_(context, showsStates), office_(platform) {
+    : context_(context), events_(context, showsStates), office_(platform) {
   office_.Advise(&events_);
   office_.PercentInterval(options.step);
   office_.Multiplier(FromUtf8(options.multiplier));
@@ -24,9 +24,10 @@ ExportRun::ExportRun(const CommandContext& context, const Platform& platform, co
 int ExportRun::StatusOf(bool done, const char* operation) const {
   if (done) return kDone;
   for (const Text& failure : events_.failures()) {
+    context_.report.statusLine().Erase();
     std::fprintf(stderr, "%s: %s\n", operation, ToUtf8(failure).c_str());
   }
-  return interrupted_ ? kInterrupted : kFailed;
+  return context_.interrupted ? kInterrupted : kFailed;
 }
 
 }  // namespace zorkanca::cli

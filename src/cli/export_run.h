@@ -14,8 +14,7 @@ namespace zorkanca::cli {
 class OfficeEvents final : public ZorOfficeEvents {
  public:
   /// @param showsStates  on a terminal, too, what the export waits for
-  OfficeEvents(const CommandContext& context, bool showsStates)
-      : display_(context.options.events, !context.options.quiet, showsStates, context.interrupted) {}
+  OfficeEvents(const CommandContext& context, bool showsStates) : display_(context, showsStates) {}
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override;
   void PercentDone(float Percent, bool& Cancel) override { display_.PercentDone(Percent, Cancel); }
@@ -34,12 +33,12 @@ class ExportRun {
 
   cZorOffice& office() { return office_; }
 
-  /// Exit status of an operation with this result. What only events told of a failure is written to standard error,
-  /// one a line with the operation's name before it.
+  /// Exit status of an operation with this result. What only events told of a failure is reported, with the operation's
+  /// name before it.
   int StatusOf(bool done, const char* operation) const;
 
  private:
-  const std::atomic<bool>& interrupted_;
+  const CommandContext& context_;
   OfficeEvents events_;
   cZorOffice office_;
 };

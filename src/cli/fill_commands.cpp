@@ -123,13 +123,13 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
   try {
     run.Run(steps);
   } catch (const StepFailure& failure) {
-    std::fprintf(stderr, "zorkanca: %s\n", failure.what());
+    context.report.Failure(FromUtf8(failure.what()));
     return kFailed;
   }
   if (context.interrupted) return kInterrupted;
   if (!factory.SaveWorkbook(output)) return kFailed;
-  for (const Text& value : run.values()) PrintLine(value);
-  PrintLine(output);
+  for (const Text& value : run.values()) context.report.Value(value);
+  context.report.File(output);
   return kDone;
 }
 

@@ -1,9 +1,5 @@
 #include "cli/host_platform.h"
 
-#include <cstdio>
-#include <memory>
-#include <set>
-
 #include "runtime/locale.h"
 #include "runtime/utf8.h"
 
@@ -23,22 +19,14 @@ DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
   return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
 }
 
-// The same warning may come with each of thousands of documents.
-std::function<void(TextView)> WarnOnceOfEach() {
-  return [told = std::make_shared<std::set<Text>>()](TextView warning) {
-    if (!told->insert(Text(warning)).second) return;
-    std::fprintf(stderr, "zorkanca: warning: %s\n", ToUtf8(warning).c_str());
-  };
-}
-
 }  // namespace
 
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted) {
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted, Report& report) {
   return {.home = options.home,
           .locale = LocaleOf(options.locale),
           .answers = AnswersOf(options),
           .insteadOfDialogs = u"--template or \"alternative set\"",
-          .warn = WarnOnceOfEach(),
+          .warn = [&report](TextView warning) { report.Warning(warning); },
           .cancelled = [&interrupted] { return interrupted.load(); }};
 }
 

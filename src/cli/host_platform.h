@@ -7,8 +7,8 @@
 
 namespace zorkanca::cli {
 
-/// @param interrupted  ends the engines' work once it is set; outlives the platform
+/// @param interrupted  ends the engines' work once it is set; outlives the platform, as the report does
 /// Errors: `UsageError` for a locale that we have no data for.
-LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted);
+LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted, Report& report);
 
 }  // namespace zorkanca::cli

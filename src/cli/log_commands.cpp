@@ -8,10 +8,10 @@ namespace zorkanca::cli {
 
 namespace {
 
-void PrintFile(TextView path, FileSystem& files) {
+void PrintFile(TextView path, FileSystem& files, Report& report) {
   if (!files.FileExists(path)) return;
   const auto stream = files.OpenTextFile(path, IoMode::kForReading, false, TextFormat::kAnsi);
-  while (!stream->AtEndOfStream()) PrintLine(stream->ReadLine());
+  while (!stream->AtEndOfStream()) report.Value(stream->ReadLine());
 }
 
 }  // namespace
@@ -24,9 +24,9 @@ void AddLogCommands(CLI::App& app, Command& chosen) {
     chosen = [onlyPath](const CommandContext& context) {
       const Text path = ErrorLogWriter(context.platform).fileName();
       if (*onlyPath) {
-        PrintLine(path);
+        context.report.Value(path);
       } else {
-        PrintFile(path, context.platform.files);
+        PrintFile(path, context.platform.files, context.report);
       }
       return kDone;
     };

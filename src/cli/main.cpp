@@ -34,11 +34,6 @@ std::string BytesOf(const std::string& path) {
   return ReadToEnd(file.get());
 }
 
-void PrintLine(TextView text) {
-  const std::string line = ToUtf8(text) + "\n";
-  std::fwrite(line.data(), 1, line.size(), stdout);
-}
-
 namespace {
 
 void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
@@ -48,6 +43,10 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--no", options.no, "answer every question with No")->excludes(yes);
   app.add_flag("--events", options.events, "write every event as a line on standard error");
   app.add_flag("--quiet", options.quiet, "no progress bar and no states");
+  app.add_option("--progress", options.progress, "auto: on a terminal, from half a second on")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->capture_default_str();
+  app.add_flag("--json", options.json, "print one JSON object at the end: files, records, warnings, error");
 }
 
 // Thousands of documents come and go; giving their memory back to the system after each would cost as much as filling
@@ -61,16 +60,22 @@ void KeepFreedMemory() {
 int RunCommand(const GlobalOptions& options, const Command& command) {
   KeepFreedMemory();
   const std::atomic<bool>& interrupted = WatchForInterrupt();
-  const LinuxPlatform host(SettingsOf(options, interrupted));
-  int status = kInterrupted;
+  Report report;
+  if (options.json) report.GatherAsJson();
   try {
-    status = command({.options = options, .platform = host.platform(), .interrupted = interrupted});
-  } catch (const Error&) {
-    if (!interrupted) throw;
+    const LinuxPlatform host(SettingsOf(options, interrupted, report));
+    ReportedUserInterface user(host.platform().userInterface, report);
+    const Platform platform = host.platform().With(user);
+    return report.Finish(
+        command({.options = options, .platform = platform, .interrupted = interrupted, .report = report}));
+  } catch (const UsageError& error) {
+    report.Failure(FromUtf8(error.what()));
+    return report.Finish(kWrongUsage);
+  } catch (const Error& error) {
+    if (interrupted) return report.Finish(kInterrupted);
+    report.Failure(error);
+    return report.Finish(kFailed);
   }
-  if (std::fflush(stdout) == 0) return status;
-  std::perror("zorkanca: standard output");
-  return kFailed;
 }
 
 int Main(const std::vector<std::string>& arguments) {

@@ -66,7 +66,7 @@ void AddPdf(CLI::App& app, Command& chosen) {
       const auto bookmarks = static_cast<WdExportCreateBookmarks>(options->bookmarks);
       const bool done = IsForExcel(source) ? convert.XlExportToPdfFormat(source, target)
                                            : convert.WdExportToPdfFormat(source, target, bookmarks, options->archive);
-      if (done) PrintLine(target);
+      if (done) context.report.File(target);
       return StatusOf(done, context);
     };
   });
@@ -77,8 +77,8 @@ void AddInstalled(CLI::App& app, Command& chosen) {
   command->callback([&chosen] {
     chosen = [](const CommandContext& context) {
       const cKancelApl applications(context.platform);
-      PrintLine(applications.DocEditorInstalovan() ? u"word 1" : u"word 0");
-      PrintLine(applications.XlsEditorInstalovan() ? u"excel 1" : u"excel 0");
+      context.report.Value(applications.DocEditorInstalovan() ? u"word 1" : u"word 0");
+      context.report.Value(applications.XlsEditorInstalovan() ? u"excel 1" : u"excel 0");
       return kDone;
     };
   });
@@ -96,7 +96,7 @@ void AddOpen(CLI::App& app, Command& chosen) {
       ExcelWorkbookReference workbook;
       const bool done =
           IsForExcel(path) ? applications.OtevriXls(path, workbook) : applications.OtevriDoc(path, document);
-      if (!done) std::fprintf(stderr, "zorkanca: %s could not be opened, see the error log\n", file->c_str());
+      if (!done) context.report.Failure(FromUtf8(*file) + u" could not be opened, see the error log");
       // Our engines have no windows of their own.
       if (done && HasDisplay()) context.platform.shell.OpenDocument(path);
       return StatusOf(done, context);
@@ -172,11 +172,11 @@ Setting FindSetting(const std::string& key) {
 int GetSettings(const CommandContext& context, const AlternativeOptions& options) {
   const cAlternativeOfficeManager manager(context.platform);
   if (!options.key.empty()) {
-    PrintLine(FindSetting(options.key).read(manager, options.Prefix()));
+    context.report.Value(FindSetting(options.key).read(manager, options.Prefix()));
     return kDone;
   }
   for (const Setting& setting : AllSettings()) {
-    PrintLine(Text(setting.key) + u"\t" + setting.read(manager, options.Prefix()));
+    context.report.Value(Text(setting.key) + u"\t" + setting.read(manager, options.Prefix()));
   }
   return kDone;
 }
@@ -189,13 +189,13 @@ int SetSetting(const CommandContext& context, const AlternativeOptions& options)
 
 int DefaultFolder(const CommandContext& context, const AlternativeOptions& options) {
   const cAlternativeOfficeManager manager(context.platform);
-  PrintLine(manager.GetDefaultEditorStoreFolder(options.Type(), options.Prefix()));
+  context.report.Value(manager.GetDefaultEditorStoreFolder(options.Type(), options.Prefix()));
   return kDone;
 }
 
 int DefaultProgram(const CommandContext& context, const AlternativeOptions& options) {
   const cAlternativeOfficeManager manager(context.platform);
-  PrintLine(manager.GetDefaultEditorAppPath(options.Type()));
+  context.report.Value(manager.GetDefaultEditorAppPath(options.Type()));
   return kDone;
 }
 

@@ -15,6 +15,22 @@ namespace {
 
 constexpr int kBarWidth = 30;
 constexpr std::chrono::milliseconds kRedrawInterval(100);
+constexpr std::chrono::milliseconds kQuietTime(500);
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value && *value;
+}
+
+bool IsDumbTerminal() {
+  const char* terminal = std::getenv("TERM");
+  return terminal && std::string_view(terminal) == "dumb";
+}
+
+bool ShowsProgress(const GlobalOptions& options) {
+  if (options.quiet || options.progress == "never") return false;
+  return options.progress == "always" || (isatty(STDERR_FILENO) == 1 && !IsDumbTerminal());
+}
 
 std::string ShortestDecimal(float number) {
   char digits[32];
@@ -35,43 +51,40 @@ std::string TimeLeft(double seconds) {
 
 }  // namespace
 
-ProgressDisplay::ProgressDisplay(bool eventLines, bool bar, bool states, const std::atomic<bool>& interrupted)
-    : eventLines_(eventLines),
-      bar_(bar && !eventLines && isatty(STDERR_FILENO) == 1),
-      states_(states),
-      interrupted_(interrupted) {
-  const char* noColour = std::getenv("NO_COLOR");
-  colours_ = !noColour || !*noColour;
-}
-
-ProgressDisplay::~ProgressDisplay() {
-  Erase();
-}
+ProgressDisplay::ProgressDisplay(const CommandContext& context, bool states)
+    : context_(context),
+      eventLines_(context.options.events),
+      bar_(!eventLines_ && ShowsProgress(context.options)),
+      states_(states && bar_ && isatty(STDERR_FILENO) == 1),
+      colours_(isatty(STDERR_FILENO) == 1 && !IsSet("NO_COLOR") && !IsDumbTerminal()) {}
 
 void ProgressDisplay::ExportState(ExportStateValue state, TextView DefaultMessage) {
   const std::string message = ToUtf8(DefaultMessage);
   if (eventLines_) std::fprintf(stderr, "ExportState %d %s\n", static_cast<int>(state), message.c_str());
-  if (!bar_ || !states_) return;
-  Erase();
+  if (!states_) return;
+  context_.report.statusLine().Erase();
   std::fprintf(stderr, "%s\n", message.c_str());
 }
 
 void ProgressDisplay::PercentDone(float Percent, bool& Cancel) {
-  if (interrupted_) Cancel = true;
+  if (context_.interrupted) Cancel = true;
   if (eventLines_) std::fprintf(stderr, "PercentDone %s\n", ShortestDecimal(Percent).c_str());
-  if (bar_) DrawBar(Percent);
+  if (bar_ && DrawsNow(Percent, Clock::now())) DrawBar(Percent);
+}
+
+// A job that is done before anybody looks shows nothing.
+bool ProgressDisplay::DrawsNow(float percent, Clock::time_point now) const {
+  const bool always = context_.options.progress == "always";
+  if (!always && now - start_ < kQuietTime) return false;
+  return lastDrawn_ == start_ || percent >= 100 || now - lastDrawn_ >= kRedrawInterval;
 }
 
 void ProgressDisplay::DrawBar(float percent) {
-  const Clock::time_point now = Clock::now();
-  if (drawn_ && percent < 100 && now - lastDrawn_ < kRedrawInterval) return;
-  lastDrawn_ = now;
-  drawn_ = true;
-
-  const double seconds = std::chrono::duration<double>(now - start_).count();
+  lastDrawn_ = Clock::now();
+  const double seconds = std::chrono::duration<double>(lastDrawn_ - start_).count();
   const double rate = seconds > 0 ? percent / seconds : 0;
   const int filled = std::clamp(static_cast<int>(percent / 100 * kBarWidth), 0, kBarWidth);
-  std::string line = colours_ ? "\r\x1b[32m" : "\r";
+  std::string line = colours_ ? "\x1b[32m" : "";
   line.append(static_cast<std::size_t>(filled), '#');
   if (colours_) line += "\x1b[0m";
   line.append(static_cast<std::size_t>(kBarWidth - filled), '.');
@@ -79,14 +92,7 @@ void ProgressDisplay::DrawBar(float percent) {
   std::snprintf(figures, sizeof figures, " %5.1f %%  %.1f %%/s", static_cast<double>(percent), rate);
   line += figures;
   if (rate > 0) line += "  " + TimeLeft((100 - percent) / rate) + " left";
-  // The cursor goes back to the start, so that a message covers the bar.
-  std::fprintf(stderr, "%s\x1b[K\r", line.c_str());
-}
-
-void ProgressDisplay::Erase() {
-  if (!drawn_) return;
-  drawn_ = false;
-  std::fputs("\r\x1b[K", stderr);
+  context_.report.statusLine().Draw(line);
 }
 
 }  // namespace zorkanca::cli

@@ -1,22 +1,17 @@
 // What a person at a terminal sees of a running export, and what scripts read of it: the events of cZorOffice.
 #pragma once
 
-#include <atomic>
 #include <chrono>
-#include <string>
 
+#include "cli/command_line.h"
 #include "export/zor_office_events.h"
 
 namespace zorkanca::cli {
 
 class ProgressDisplay final : public ZorOfficeEvents {
  public:
-  /// @param eventLines  write every event as a line on standard error
-  /// @param bar         draw a bar, when standard error is a terminal
-  /// @param states      show there what the export waits for, too
-  /// @param interrupted once true, the next event cancels the export
-  ProgressDisplay(bool eventLines, bool bar, bool states, const std::atomic<bool>& interrupted);
-  ~ProgressDisplay() override;
+  /// @param states  on a terminal, show what the export waits for, too
+  ProgressDisplay(const CommandContext& context, bool states);
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override;
   void PercentDone(float Percent, bool& Cancel) override;
@@ -24,17 +19,16 @@ class ProgressDisplay final : public ZorOfficeEvents {
  private:
   using Clock = std::chrono::steady_clock;
 
+  bool DrawsNow(float percent, Clock::time_point now) const;
   void DrawBar(float percent);
-  void Erase();
 
+  const CommandContext& context_;
   bool eventLines_;
   bool bar_;
   bool states_;
   bool colours_;
-  const std::atomic<bool>& interrupted_;
   Clock::time_point start_ = Clock::now();
-  Clock::time_point lastDrawn_;
-  bool drawn_ = false;
+  Clock::time_point lastDrawn_ = start_;
 };
 
 }  // namespace zorkanca::cli

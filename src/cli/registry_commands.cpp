@@ -57,8 +57,8 @@ Text Shown(const RegistryValue& value) {
   return hex;
 }
 
-int Missing(const std::string& key, const std::string& what) {
-  std::fprintf(stderr, "zorkanca: no such %s: %s\n", what.c_str(), key.c_str());
+int Missing(Report& report, const std::string& key, const std::string& what) {
+  report.Failure(FromUtf8("no such " + what + ": " + key));
   return kFailed;
 }
 
@@ -73,8 +73,8 @@ struct RegistryOptions {
 int Get(const CommandContext& context, const RegistryOptions& options) {
   const RegistryKey key = ReadKey(options.key);
   const auto value = context.platform.registry.Read(key.hive, key.path, FromUtf8(options.name));
-  if (!value) return Missing(options.key + " " + options.name, "value");
-  PrintLine(Shown(*value));
+  if (!value) return Missing(context.report, options.key + " " + options.name, "value");
+  context.report.Value(Shown(*value));
   return kDone;
 }
 
@@ -89,17 +89,17 @@ int Set(const CommandContext& context, const RegistryOptions& options) {
 int Delete(const CommandContext& context, const RegistryOptions& options) {
   const RegistryKey key = ReadKey(options.key);
   if (key.path.empty()) throw UsageError("a whole hive cannot be deleted");
-  return context.platform.registry.DeleteKey(key.hive, key.path) ? kDone : Missing(options.key, "key");
+  return context.platform.registry.DeleteKey(key.hive, key.path) ? kDone : Missing(context.report, options.key, "key");
 }
 
 int List(const CommandContext& context, const RegistryOptions& options) {
   const RegistryKey key = ReadKey(options.key);
   Registry& registry = context.platform.registry;
-  if (!key.path.empty() && !registry.KeyExists(key.hive, key.path)) return Missing(options.key, "key");
-  for (const Text& name : registry.SubkeyNames(key.hive, key.path)) PrintLine(name + u"\\");
+  if (!key.path.empty() && !registry.KeyExists(key.hive, key.path)) return Missing(context.report, options.key, "key");
+  for (const Text& name : registry.SubkeyNames(key.hive, key.path)) context.report.Value(name + u"\\");
   for (const Text& name : registry.ValueNames(key.hive, key.path)) {
     if (const auto value = registry.Read(key.hive, key.path, name)) {
-      PrintLine(name + u"\t" + TypeName(*value) + u"\t" + Shown(*value));
+      context.report.Value(name + u"\t" + TypeName(*value) + u"\t" + Shown(*value));
     }
   }
   return kDone;
@@ -115,7 +115,7 @@ int Export(const CommandContext& context, const RegistryOptions& options) {
   AtomicFile file(ToUtf8(path), {});
   file.Write(ExportRegistry(context.platform.registry, places));
   file.Commit();
-  PrintLine(path);
+  context.report.File(path);
   return kDone;
 }
 

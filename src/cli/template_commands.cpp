@@ -43,7 +43,9 @@ class ListedTemplates {
  public:
   /// Errors: why the list cannot be loaded.
   ListedTemplates(const CommandContext& context, const TemplateOptions& options)
-      : unattended_(ConsoleUserInterface::Answers::kNo),
+      : report_(context.report),
+        console_(ConsoleUserInterface::Answers::kNo),
+        unattended_(console_, report_),
         platform_(context.options.yes ? context.platform : context.platform.With(unattended_)),
         options_(options),
         list_(platform_) {
@@ -78,7 +80,9 @@ class ListedTemplates {
   void SetDetails(c_SablonaOffice& changed) const;
   bool Save(c_SablonaOffice& changed);
 
-  ConsoleUserInterface unattended_;  // says why a template is refused; a wrong extension is one of the reasons
+  Report& report_;
+  ConsoleUserInterface console_;
+  ReportedUserInterface unattended_;  // says why a template is refused; a wrong extension is one of the reasons
   Platform platform_;
   const TemplateOptions& options_;
   c_SeznamSablonOffice list_;
@@ -125,10 +129,10 @@ Text Quoted(TextView value) {
   return quoted.append(u"\"");
 }
 
-void PrintAsLine(const c_SablonaOffice& shown) {
+Text AsLine(const c_SablonaOffice& shown) {
   const std::vector<Text> cells = {DecimalText(shown.key()), shown.Active() ? u"*" : u"", DecimalText(shown.Id()),
                                    Cell(shown.name()),       Cell(shown.description()),   Cell(shown.Path())};
-  PrintLine(Join(cells, u"\t"));
+  return Join(cells, u"\t");
 }
 
 Text AsJson(const c_SablonaOffice& shown) {
@@ -140,12 +144,12 @@ Text AsJson(const c_SablonaOffice& shown) {
 
 int ListedTemplates::Show() {
   if (!options_.json) {
-    for (const auto& each : list_) PrintAsLine(*each);
+    for (const auto& each : list_) report_.Value(AsLine(*each));
     return kDone;
   }
   std::vector<Text> objects;
   for (const auto& each : list_) objects.push_back(u"\n  " + AsJson(*each));
-  PrintLine(u"[" + Join(objects, u",") + (objects.empty() ? u"]" : u"\n]"));
+  report_.Value(u"[" + Join(objects, u",") + (objects.empty() ? u"]" : u"\n]"));
   return kDone;
 }
 
@@ -162,7 +166,7 @@ void ListedTemplates::SetDetails(c_SablonaOffice& changed) const {
   changed.Path(folder);
   if (options_.id) changed.Id(*options_.id);
   if (changed.FileExist()) return;
-  std::fprintf(stderr, "zorkanca: warning: no such file: %s\n", ToUtf8(changed.FullFileName()).c_str());
+  report_.Warning(u"no such file: " + changed.FullFileName());
 }
 
 // False after a message that says why.
@@ -206,7 +210,7 @@ int Choose(const CommandContext& context, const TemplateOptions& options) {
                                   .rsCaption = FromUtf8(options.caption)};
   const Text path = TemplateLists(context.platform).TemplateList(arguments);
   if (path.empty()) return kFailed;
-  PrintLine(path);
+  context.report.File(path);
   return kDone;
 }
 

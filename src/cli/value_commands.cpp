@@ -72,7 +72,8 @@ void SetFormatCallback(CLI::App& command, Command& chosen, const std::shared_ptr
   command.callback([&chosen, options] {
     chosen = [options](const CommandContext& context) {
       const Locale& locale = context.platform.locale;
-      PrintLine(Format(ReadValue(options->value, options->type, locale), FromUtf8(options->pattern), locale));
+      context.report.Value(
+          Format(ReadValue(options->value, options->type, locale), FromUtf8(options->pattern), locale));
       return kDone;
     };
   });
@@ -95,7 +96,7 @@ void AddFormat(CLI::App& app, Command& chosen) {
     chosen = [options](const CommandContext& context) {
       cFormat format(context.platform.locale);
       format.format(FromUtf8(options->format));
-      PrintLine(format.Apply(options->isNull ? Value(Null()) : Value(FromUtf8(options->value))));
+      context.report.Value(format.Apply(options->isNull ? Value(Null()) : Value(FromUtf8(options->value))));
       return kDone;
     };
   });
@@ -128,7 +129,7 @@ void AddText(CLI::App& app, Command& chosen) {
   command->callback([&chosen, options] {
     chosen = [options](const CommandContext& context) {
       const Locale& locale = context.platform.locale;
-      PrintLine(ToText(ReadValue(options->value, options->type, locale), locale));
+      context.report.Value(ToText(ReadValue(options->value, options->type, locale), locale));
       return kDone;
     };
   });

@@ -180,10 +180,10 @@ void AddSplit(CLI::App& app, Command& chosen) {
   const auto line = std::make_shared<std::string>();
   command->add_option("LINE", *line, "the line")->required();
   command->callback([&chosen, line] {
-    chosen = [line](const CommandContext&) {
+    chosen = [line](const CommandContext& context) {
       std::vector<Text> values;
       SplitColumnsFromDataRow(FromUtf8(*line), values);
-      for (const Text& value : values) PrintLine(value);
+      for (const Text& value : values) context.report.Value(value);
       return kDone;
     };
   });

@@ -5,6 +5,7 @@
 #include "files/atomic_file.h"
 #include "opc/document_kind.h"
 #include "opc/office_error.h"
+#include "opc/strict_names.h"
 #include "opc/zip_writer.h"
 #include "runtime/ascii.h"
 #include "runtime/error.h"
@@ -61,7 +62,15 @@ Package Package::Open(const std::string& path, const ZipLimits& limits) {
   if (!types) RaiseNotOfficeDocument(path, "it has no list of content types");
   package.contentTypes_ = ContentTypes::Parse(package.zip_->Read(*types->original), path);
   package.contentTypesChanged_ = false;
+  package.strict_ = package.IsStrict();
   return package;
+}
+
+// By where the main part is named; the office reads packages of both families mixed as little.
+bool Package::IsStrict() const {
+  const Relationships relationships = RelationshipsOf(kRoot);
+  const Relationship* main = relationships.FirstOf("officeDocument");
+  return main && TransitionalUri(main->type);
 }
 
 const std::string& Package::path() const {
@@ -100,7 +109,7 @@ bool Package::HasPart(std::string_view part) const {
 
 void Package::StreamPart(std::string_view part, const Take& take) const {
   const Item& item = Require(part);
-  if (item.original) return zip_->Read(*item.original, take);
+  if (item.original) return StreamOriginal(item, take);
   std::visit(Overloaded{[&](const std::string& bytes) { take(bytes); },
                         [&](const std::shared_ptr<const DeflatedPart>& deflated) { deflated->Read(take); },
                         [&](const PartProducer&) {
@@ -112,7 +121,7 @@ void Package::StreamPart(std::string_view part, const Take& take) const {
 
 std::string Package::ReadPart(std::string_view part) const {
   const Item& item = Require(part);
-  if (item.original) return zip_->Read(*item.original);
+  if (item.original && !IsTranslated(item)) return zip_->Read(*item.original);
   std::string bytes;
   StreamPart(part, [&](std::string_view piece) { bytes += piece; });
   return bytes;
@@ -190,14 +199,27 @@ std::optional<std::string> Package::RelatedPart(std::string_view source, std::st
 }
 
 OfficeFamily Package::Family() const {
-  const Relationships relationships = RelationshipsOf(kRoot);
-  const Relationship* main = relationships.FirstOf("officeDocument");
-  const bool strict = main && main->type == OfficeRelationshipType("officeDocument", OfficeFamily::kStrict);
-  return strict ? OfficeFamily::kStrict : OfficeFamily::kTransitional;
+  return OfficeFamily::kTransitional;
+}
+
+bool Package::IsTranslated(const Item& item) const {
+  return strict_ && AsciiLower(ContentTypeOf(PartName(item.name))).ends_with("xml");
+}
+
+void Package::StreamOriginal(const Item& item, const Take& take) const {
+  if (!IsTranslated(item)) return zip_->Read(*item.original, take);
+  StrictTranslator translator(take);
+  zip_->Read(*item.original, [&](std::string_view piece) { translator.Append(piece); });
+  translator.Finish();
 }
 
 void Package::WriteItem(ZipWriter& writer, const Item& item) const {
-  if (item.original) return writer.Copy(*zip_, *item.original);
+  if (item.original && !IsTranslated(item)) return writer.Copy(*zip_, *item.original);
+  if (item.original) {
+    PartSink& sink = writer.Begin(item.name);
+    StreamOriginal(item, [&](std::string_view piece) { sink.Append(piece); });
+    return writer.End();
+  }
   std::visit(Overloaded{[&](const std::string& bytes) { writer.Add(item.name, bytes); },
                         [&](const std::shared_ptr<const DeflatedPart>& deflated) { writer.Add(item.name, *deflated); },
                         [&](const PartProducer& produce) {

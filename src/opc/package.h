@@ -1,7 +1,8 @@
 // An Office package (ECMA-376 part 2): parts with names and content types, tied by relationships, in a ZIP archive.
 //
 // Part names begin with "/" ("/word/document.xml") and are compared ignoring the case of A to Z. What nobody touches is
-// copied to the output byte for byte, compressed as it was, in the order of the original.
+// copied to the output byte for byte, compressed as it was, in the order of the original. A package in strict
+// namespaces reads as if it were in the usual ones, and is written so (strict_names.h).
 #pragma once
 
 #include <functional>
@@ -83,7 +84,7 @@ class Package {
   std::string MainPart() const;
   /// The first part that a source's relationship of this office kind leads to ("styles", "settings"), if it is there.
   std::optional<std::string> RelatedPart(std::string_view source, std::string_view kind) const;
-  /// The family of the main relationship: strict documents want strict types and namespaces in what is added.
+  /// The family of what is added: always the usual one, since strict packages are translated while they are read.
   OfficeFamily Family() const;
 
   /// Writes the package; the sink's `Commit` stays with the caller.
@@ -100,6 +101,9 @@ class Package {
 
   const Item* Find(std::string_view part) const;
   const Item& Require(std::string_view part) const;
+  void StreamOriginal(const Item& item, const Take& take) const;
+  bool IsTranslated(const Item& item) const;
+  bool IsStrict() const;
   void WriteItem(ZipWriter& writer, const Item& item) const;
   void Index();
 
@@ -109,6 +113,7 @@ class Package {
   std::unordered_map<std::string, std::size_t> lastNumbers_;  // of fresh names, by pattern
   ContentTypes contentTypes_;
   bool contentTypesChanged_ = true;
+  bool strict_ = false;  // what was opened is in strict namespaces
 };
 
 }  // namespace zorkanca

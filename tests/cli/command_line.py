@@ -4,10 +4,12 @@ A file of tests is started as FILE PROGRAM SAMPLE_SQL.
 """
 import os
 import pathlib
+import pty
 import sqlite3
 import subprocess
 import sys
 import tempfile
+import threading
 import unittest
 import zipfile
 from xml.etree import ElementTree
@@ -44,6 +46,29 @@ class CommandLineCase(unittest.TestCase):
         shown = (done.stdout.decode(), done.stderr.decode())
         self.assertEqual(done.returncode, status, f"{arguments}: {shown}")
         return shown
+
+    def on_terminal(self, *arguments, status=0, typed="", **changes):
+        """Runs it with a terminal on every side; returns the bytes that the terminal got."""
+        master, slave = pty.openpty()
+        shown = bytearray()
+
+        def collect():
+            try:
+                while chunk := os.read(master, 4096):
+                    shown.extend(chunk)
+            except OSError:
+                pass  # the terminal is gone once the program has ended
+
+        reader = threading.Thread(target=collect)
+        reader.start()
+        os.write(master, typed.encode())
+        done = subprocess.run([PROGRAM, *map(str, arguments)], cwd=self.folder, env=self.environment(**changes), stdin=slave,
+                              stdout=slave, stderr=slave, timeout=60)
+        os.close(slave)
+        reader.join(timeout=10)
+        os.close(master)
+        self.assertEqual(done.returncode, status, f"{arguments}: {shown.decode()}")
+        return shown.decode()
 
     def output(self, *arguments, **options):
         return self.run_program(*arguments, **options)[0]

@@ -1,11 +1,8 @@
 #!/usr/bin/env python3
-"""The export into HTML, interruptions, the bar on a terminal."""
-import os
+"""The export into HTML, interruptions."""
 import pathlib
-import pty
 import signal
 import subprocess
-import threading
 import time
 
 from command_line import PROGRAM, CommandLineCase, main
@@ -80,30 +77,6 @@ class HtmlTest(CommandLineCase):
             self.assertEqual((process.returncode, stdout), (130, b""))
             self.assertEqual(stderr.decode(), TITLE + "Výstup byl přerušen uživatelem !\n")
             self.assertEqual([path for path in self.folder.iterdir() if "cut" in path.name], [])
-
-    def test_bar_on_a_terminal(self):
-        master, slave = pty.openpty()
-        shown = bytearray()
-
-        def collect():
-            try:
-                while chunk := os.read(master, 4096):
-                    shown.extend(chunk)
-            except OSError:
-                pass  # the terminal is gone once the program has ended
-
-        reader = threading.Thread(target=collect)
-        reader.start()
-        process = subprocess.run([PROGRAM, "html", "--db", "sklad.db", "--select", "SELECT * FROM polozky", "-o", "bar.htm",
-                                  "--no-open"], cwd=self.folder, env=self.environment(NO_COLOR="1"), stderr=slave,
-                                 stdout=subprocess.DEVNULL)
-        os.close(slave)
-        reader.join(timeout=10)
-        os.close(master)
-        self.assertEqual(process.returncode, 0)
-        self.assertIn("############################## 100.0 %", shown.decode())
-        self.assertNotIn("\x1b[3", shown.decode(), "NO_COLOR takes the colour away")
-        self.assertNotIn("Otvírá se", shown.decode(), "nothing is opened")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,62 @@
+#!/usr/bin/env python3
+"""What the program tells while it works and at the end: progress, paths, one JSON object."""
+import json
+import re
+import unittest
+
+from command_line import CommandLineCase, main
+
+
+class ReportTest(CommandLineCase):
+    ROWS = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c LIMIT %d) SELECT i FROM c"
+
+    @staticmethod
+    def screen(shown):
+        """The lines that a terminal shows after it got these characters."""
+        lines = []
+        for line in re.sub(r"\x1b\[[0-9;]*m", "", shown).split("\n"):
+            cells = ""
+            for part in line.split("\r"):
+                cells = part + cells[len(part):]
+            lines.append(cells.rstrip())
+        return [line for line in lines if line]
+
+    def test_progress_on_a_terminal(self):
+        for before, rows, environment, drawn, coloured in [
+            ([], 10, {}, False, False),                                   # done before anybody looks
+            ([], 700_000, {}, True, True),
+            ([], 700_000, {"NO_COLOR": "1"}, True, False),
+            ([], 700_000, {"TERM": "dumb"}, False, False),
+            (["--progress=never"], 700_000, {}, False, False),
+            (["--quiet", "--progress=always"], 10, {}, False, False),
+            (["--progress=always"], 10, {"TERM": "dumb"}, True, False),
+        ]:
+            shown = self.on_terminal(*before, "html", "--db", "sklad.db", "--select", self.ROWS % rows, "--names", "n", "-o",
+                                     "bar.htm", "--no-open", **environment)
+            case = (before, rows, environment)
+            self.assertEqual(re.search(r"#{30} 100\.0 %  [0-9.]+ %/s  0:00 left", re.sub(r"\x1b\[\d*m", "", shown)) is not None,
+                             drawn, case)
+            self.assertEqual("\x1b[32m" in shown, coloured, case)
+            self.assertEqual(self.screen(shown), [f"{self.folder}/bar.htm"], case)
+        shown = self.run_program("--progress=always", "html", "--db", "sklad.db", "--select", self.ROWS % 10, "--names", "n",
+                                 "-o", "bar.htm")[1]
+        self.assertIn("100.0 %", shown)
+        self.assertNotIn("\x1b", shown)
+
+    def test_one_json_object(self):
+        def told(*arguments, status=0):
+            return json.loads(self.output("--json", *arguments, status=status))
+
+        html = ["html", "--db", "sklad.db", "-o", "table.htm", "--select"]
+        page = str(self.folder / "table.htm")
+        self.assertEqual(told(*html, "SELECT kod FROM zbozi LIMIT 3")["files"], [page])
+        self.assertIsNone(told(*html, "SELECT kod FROM zbozi LIMIT 3")["error"])
+        failed = told(*html, "SELECT kod FROM zbozi WHERE 0", status=1)
+        self.assertEqual((failed["files"], failed["error"]["message"]), ([], "Nebyly nalezeny žádné záznamy !"))
+        self.assertEqual(told("number", "0.0", "1.5")["values"], ["1,5"])
+        self.assertEqual(told("number", "0", "x", status=2)["error"]["number"], 5)
+        self.assertEqual(told("text", "99999", "--type", "integer", status=1)["error"]["number"], 6)
+
+
+if __name__ == "__main__":
+    main()
