@@ -1,6 +1,7 @@
 #include "cli/query_arguments.h"
 
 #include "cli/command_line.h"
+#include "files/file_bytes.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -62,7 +63,7 @@ std::string OnOneLine(std::string statement) {
 }  // namespace
 
 Text Statement(const std::string& argument) {
-  return FromUtf8(OnOneLine(argument == "-" ? ReadToEnd(stdin) : argument));
+  return FromUtf8(OnOneLine(argument == "-" ? ReadToEnd(STDIN_FILENO) : argument));
 }
 
 Text NumberedName(std::int64_t number, TextView extension) {

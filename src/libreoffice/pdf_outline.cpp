@@ -8,6 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "opc/document_kind.h"
 #include "opc/package.h"
@@ -19,15 +20,6 @@ namespace zorkanca {
 namespace {
 
 using Destinations = std::unordered_map<std::string_view, std::string_view>;
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)), '\0');
-  file.seekg(0);
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file) RaiseSystemError(EIO);
-  return bytes;
-}
 
 void AppendHex(std::string& text, unsigned byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";

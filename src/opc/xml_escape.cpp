@@ -1,83 +1,32 @@
 #include "opc/xml_escape.h"
 
-#include <array>
-#include <cstdint>
-
 #include "runtime/utf8.h"
 
 namespace zorkanca {
 
 namespace {
 
-enum class Place { kText, kAttribute, kPlain };
-
-// What becomes of an ASCII character: nothing, itself, or an escape. A null view stands for itself.
-constexpr std::string_view EscapeOf(char c, Place place) {
-  if (c < ' ' && c != '\t' && c != '\n' && c != '\r') return "";
-  if (place == Place::kPlain) return {};
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '\r':
-      return "&#13;";
-    default:
-      break;
-  }
-  if (place == Place::kText) return {};
-  switch (c) {
-    case '"':
-      return "&quot;";
-    case '\t':
-      return "&#9;";
-    case '\n':
-      return "&#10;";
-    default:
-      return {};
-  }
-}
-
-constexpr std::size_t kAscii = 128;
-
-template <Place place>
-constexpr std::array<std::string_view, kAscii> EscapeTable() {
-  std::array<std::string_view, kAscii> table{};
-  for (std::size_t i = 0; i < kAscii; ++i) table[i] = EscapeOf(static_cast<char>(i), place);
-  return table;
-}
-
-template <Place place>
-void AppendEscaped(std::string& xml, TextView text) {
-  static constexpr std::array<std::string_view, kAscii> kEscapes = EscapeTable<place>();
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char16_t unit = text[i];
-    if (unit < kAscii) {
-      const std::string_view escape = kEscapes[unit];
-      if (escape.data() == nullptr) {
-        xml.push_back(static_cast<char>(unit));
-      } else {
-        xml += escape;
-      }
-    } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      AppendCharacterAsUtf8(xml, CharacterOf(unit, text[++i]));
-    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-      AppendCharacterAsUtf8(xml, 0xFFFD);
-    } else if (unit < 0xFFFE) {
-      AppendCharacterAsUtf8(xml, unit);
-    }
-  }
+// "&#9;", "&#10;" or "&#13;".
+void AppendReference(std::string& xml, char control) {
+  xml.append("&#").append(std::to_string(static_cast<int>(control))).append(";");
 }
 
 }  // namespace
 
 void AppendXmlText(std::string& xml, TextView text) {
-  AppendEscaped<Place::kText>(xml, text);
+  EscapeXmlText(XmlCharacters(text), "&#13;", [&](std::string_view piece) { xml += piece; });
 }
+
 void AppendXmlAttribute(std::string& xml, TextView text) {
-  AppendEscaped<Place::kAttribute>(xml, text);
+  const std::string utf8 = XmlCharacters(text);
+  const auto put = [&](std::string_view piece) {
+    for (std::size_t quote = piece.find('"'); quote != piece.npos; quote = piece.find('"')) {
+      xml.append(piece, 0, quote).append("&quot;");
+      piece.remove_prefix(quote + 1);
+    }
+    xml += piece;
+  };
+  EscapeXml(utf8, put, [&](std::size_t at) { AppendReference(xml, utf8[at]); });
 }
 
 void AppendXmlText(std::string& xml, std::string_view utf8) {
@@ -90,7 +39,19 @@ void AppendXmlAttribute(std::string& xml, std::string_view utf8) {
 std::string XmlCharacters(TextView text) {
   std::string characters;
   characters.reserve(text.size());
-  AppendEscaped<Place::kPlain>(characters, text);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    if (unit < 0x80) {
+      if (unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r')
+        characters.push_back(static_cast<char>(unit));
+    } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      AppendCharacterAsUtf8(characters, CharacterOf(unit, text[++i]));
+    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+      AppendCharacterAsUtf8(characters, 0xFFFD);
+    } else if (unit < 0xFFFE) {
+      AppendCharacterAsUtf8(characters, unit);
+    }
+  }
   return characters;
 }
 

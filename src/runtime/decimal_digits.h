@@ -47,6 +47,10 @@ double NearestDouble(const DecimalDigits& number);
 /// @return nothing when that does not fit
 std::optional<std::int64_t> WholeNumber(DecimalDigits number, int decimals = 0);
 
+/// The digits as a Decimal with as many decimals as they have, rounded to 28, halves to even; nothing when the integer
+/// part does not fit.
+std::optional<Decimal> ToDecimal(const DecimalDigits& number);
+
 /// Appends sign, integer part (at least "0"), separator and fraction; `limit` digits on either side of the separator,
 /// beyond that d,dddE+nn.
 void AppendDigits(Text& text, const DecimalDigits& number, TextView decimalSeparator,

@@ -81,10 +81,9 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   RowComposer composer(sheet);
   std::uint64_t untouched = 0;
   while (composer.Next()) {
-    const std::string_view raw = composer.Untouched();
-    if (raw.data()) {
-      untouched += CountReferences(raw);
-      writer.WriteRaw(raw);
+    if (const std::optional<std::string_view> raw = composer.Untouched()) {
+      untouched += CountReferences(*raw);
+      writer.WriteRaw(*raw);
       continue;
     }
     const RowView& row = composer.Compose();

@@ -102,7 +102,7 @@ class AnchorReader {
         if (isObject && name == "name" && index >= 0) NameHole(value, index);
       }
     } else if (local == "creationId") {
-      const std::string_view id = FindAttribute(scanner_.attributes(), "id");
+      const std::string_view id = FindAttribute(scanner_.attributes(), "id").value_or("");
       constexpr std::size_t kDigits = 8;
       if (id.size() > kDigits + 1 && id.front() == '{') {
         Hole(OffsetOf(id) + 1, OffsetOf(id) + 1 + kDigits, Kind::kUnique, 0);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -50,8 +51,8 @@ class XmlScanner {
 /// Takes the next attribute off the front of an attribute text.
 /// @return false when there is none
 bool TakeAttribute(std::string_view& attributes, std::string_view& name, std::string_view& rawValue);
-/// The raw value of an attribute; null data when it is missing.
-std::string_view FindAttribute(std::string_view attributes, std::string_view name);
+/// The raw value of an attribute; nothing when it is missing.
+std::optional<std::string_view> FindAttribute(std::string_view attributes, std::string_view name);
 /// Appends the attributes but for those of these names, a blank in front of each.
 void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names);
 /// Appends a raw value or text with its references resolved.

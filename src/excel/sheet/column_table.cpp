@@ -58,7 +58,7 @@ std::string ColumnTable::ToXml(std::string_view prefix) const {
     AppendNumber(xml, range.last);
     xml += "\"";
     // A column without width would have none at all.
-    if (!FindAttribute(range.attributes, "width").data()) xml += " width=\"9.140625\"";
+    if (!FindAttribute(range.attributes, "width")) xml += " width=\"9.140625\"";
     if (range.style != 0) {
       xml += " style=\"";
       AppendNumber(xml, range.style);

@@ -22,7 +22,7 @@ class RowComposer {
   void Seek(std::int32_t row) { row_ = row; }
   std::int32_t number() const { return row_; }
   /// The row as the file has it, when nothing was laid over it and it needs no change; null data otherwise.
-  std::string_view Untouched() const;
+  std::optional<std::string_view> Untouched() const;
   /// Puts the current row together. The view lives until the next call.
   const RowView& Compose();
   /// Puts any row together; ascending order is cheap.

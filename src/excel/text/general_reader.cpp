@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstring>
 
+#include "excel/grid/serial_date.h"
 #include "runtime/ascii.h"
 #include "runtime/code_page.h"
 #include "runtime/convert.h"
@@ -244,13 +245,11 @@ std::optional<TimeText> ReadTime(std::string_view rest) {
   return time;
 }
 
-// Serial numbers count from 1.1.1900 and believe in a 29th of February of that year.
-std::optional<double> SerialOf(std::int32_t year, std::int32_t month, std::int32_t day) {
-  if (year == 1900 && month == 2 && day == 29) return 60;
+std::optional<double> SerialOfDay(std::int32_t year, std::int32_t month, std::int32_t day) {
+  if (year == 1900 && month == 2 && day == 29) return kFalseDay;
   if (year < 1900) return std::nullopt;
   const std::optional<Date> date = MakeDate(year, month, day);
-  if (!date) return std::nullopt;
-  return date->serial < 61 ? date->serial - 1 : date->serial;
+  return date ? std::optional(SerialOf(*date)) : std::nullopt;
 }
 
 constexpr double kSecondsOfDay = 86400;
@@ -291,11 +290,11 @@ std::optional<GeneralReader::Serial> GeneralReader::ReadDate(std::string_view by
   if (date.count == 2) {
     const bool hasYear = date.lengths[1] == 4;
     format = hasYear ? ContentFormat::kMonthYear : ContentFormat::kDayMonth;
-    serial = hasYear ? SerialOf(b, a, 1) : SerialOf(locale_.currentYear, monthFirst ? a : b, monthFirst ? b : a);
+    serial = hasYear ? SerialOfDay(b, a, 1) : SerialOfDay(locale_.currentYear, monthFirst ? a : b, monthFirst ? b : a);
   } else if (date.lengths[0] == 4) {
-    serial = SerialOf(a, b, c);
+    serial = SerialOfDay(a, b, c);
   } else if (date.lengths[2] == 4 || date.lengths[2] <= 2) {
-    serial = SerialOf(ExpandYear(c, locale_), monthFirst ? a : b, monthFirst ? b : a);
+    serial = SerialOfDay(ExpandYear(c, locale_), monthFirst ? a : b, monthFirst ? b : a);
   }
   if (!serial) return std::nullopt;
   return Serial{*serial + (time ? time->seconds / kSecondsOfDay : 0), format};

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "files/file_bytes.h"
 #include "files/native_path.h"
 #include "files/system_error.h"
 #include "runtime/error.h"
@@ -12,17 +13,16 @@ namespace zorkanca {
 
 namespace {
 
-std::string ContentOf(int file, off_t size, const std::string& path) {
-  std::string content(static_cast<std::size_t>(size), '\0');
-  std::size_t length = 0;
-  while (length < content.size()) {
-    const ssize_t count = Uninterrupted([&] { return read(file, content.data() + length, content.size() - length); });
-    if (count < 0) RaiseRegistryFileError(errno, path);
-    if (count == 0) break;
-    length += static_cast<std::size_t>(count);
+[[noreturn]] void RaiseWithPath(const Error& error, const std::string& path) {
+  throw Error(error.number(), error.source(), FromNativePath(path) + u": " + error.description());
+}
+
+std::string ContentOf(int file, const std::string& path) {
+  try {
+    return ReadToEnd(file);
+  } catch (const Error& error) {
+    RaiseWithPath(error, path);
   }
-  content.resize(length);
-  return content;
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ void RaiseRegistryFileError(int code, const std::string& path) {
   try {
     RaiseSystemError(code);
   } catch (const Error& error) {
-    throw Error(error.number(), error.source(), FromNativePath(path) + u": " + error.description());
+    RaiseWithPath(error, path);
   }
 }
 
@@ -66,7 +66,7 @@ void HiveFile::Refresh() {
   const Stamp stamp = Open();
   const Text origin = FromNativePath(path_);
   std::vector<RegSection> sections;
-  if (file_) sections = ParseReg(ContentOf(file_.get(), stamp.size, path_), origin);
+  if (file_) sections = ParseReg(ContentOf(file_.get(), path_), origin);
   tree_.Load(sections, hive_, deletions_, origin);
   stamp_ = stamp;
 }
