@@ -138,9 +138,9 @@ void RequireSoundXml(std::string_view bytes, const XmlSource& source, const XmlL
 
 pugi::xml_document ParseXml(std::string_view bytes, const XmlSource& source, const XmlLimits& limits) {
   RequireSoundXml(bytes, source, limits);
-  // The defaults would drop texts of blanks only and change line ends; unknown parts of a template must stay.
-  constexpr unsigned kOptions =
-      (pugi::parse_full | pugi::parse_ws_pcdata) & ~unsigned{pugi::parse_doctype} & ~unsigned{pugi::parse_eol};
+  // The defaults would drop texts of blanks only. A line end is a line feed for every reader of XML, however it is
+  // stored; a CR that is meant is a character reference.
+  constexpr unsigned kOptions = (pugi::parse_full | pugi::parse_ws_pcdata) & ~unsigned{pugi::parse_doctype};
   pugi::xml_document document;
   const pugi::xml_parse_result result = document.load_buffer(bytes.data(), bytes.size(), kOptions, EncodingOf(bytes));
   if (result.status == pugi::status_out_of_memory) throw std::bad_alloc();

@@ -75,7 +75,7 @@ TEST(OpcXml, ATreeIsWrittenAsItWasRead) {
   const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n";
   const std::string body =
       "<!--c--><?pi x?><w:t xmlns:w=\"u\" xml:space=\"preserve\" b=\"1 &lt; &quot;2&quot;\"> </w:t>";
-  const std::string inner = "<a> <b>\r\n\t</b><![CDATA[<&]]>P\xC5\x99\xF0\x9F\x98\x80 &amp; &lt;<c/>  </a>";
+  const std::string inner = "<a> <b>\n\t</b><![CDATA[<&]]>P\xC5\x99\xF0\x9F\x98\x80 &amp; &lt;<c/>  </a>";
   for (const std::string& xml : {body, inner}) {
     EXPECT_EQ(XmlBytes(ParseXml(xml, kSource)), declaration + xml);
     EXPECT_EQ(XmlBytes(ParseXml("\xEF\xBB\xBF" + declaration + xml, kSource)), declaration + xml);
@@ -84,6 +84,8 @@ TEST(OpcXml, ATreeIsWrittenAsItWasRead) {
     const std::string xml = Utf16("<?xml version='1.0' encoding='UTF-16'?><a>x</a>", bigEndian);
     EXPECT_EQ(XmlBytes(ParseXml(xml, kSource)), declaration + "<a>x</a>");
   }
+  const pugi::xml_document ends = ParseXml("<a>1\r\n2\r3&#13;</a>", kSource);
+  EXPECT_STREQ(ends.document_element().child_value(), "1\n2\n3\r");
 }
 
 TEST(OpcXml, NamesAreFoundByTheirMeaning) {

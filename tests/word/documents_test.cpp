@@ -236,6 +236,14 @@ TEST(WordDocuments, TakeMarginsAndProtection) {
       << settings;
   document->Close(false);
 
+  // Its place is behind all that the schema puts before it.
+  const std::string before = "<w:mailMerge/><w:trackRevisions/><w:doNotTrackMoves/><w:doNotTrackFormatting/>";
+  const auto tracked = bench.Add({P(""), {{"settings", before + "<w:autoFormatOverride/>"}}});
+  tracked->Protect(2);
+  EXPECT_NE(bench.Saved(*tracked).ReadPart("/word/settings.xml").find(before + "<w:documentProtection"),
+            std::string::npos);
+  tracked->Close(false);
+
   const auto guarded = bench.Add(
       {P(""), {{"settings", "<w:documentProtection w:edit=\"forms\" w:enforcement=\"1\" w:hash=\"abc=\"/>"}}});
   EXPECT_EQ(ErrorOf([&] { guarded->Unprotect(); }).number(), 5485);

@@ -171,6 +171,29 @@ TEST(WordMerge, NamesTheHeadersThatASectionWouldInherit) {
   EXPECT_EQ(CountOf(bench.SavedBody(*merged), "<w:headerReference"), 6u);
 }
 
+TEST(WordMerge, TakesNoHeaderFromTheCopyBefore) {
+  const auto section = [](const std::string& references) { return "<w:sectPr>" + references + "</w:sectPr>"; };
+  const std::string header = "<w:headerReference w:type=\"default\" r:id=\"rId2\"/>";
+  const std::string first = "<w:footerReference w:type=\"first\" r:id=\"rId1\"/>";
+  const std::string ending = "<w:pPr>" + section("<w:titlePg/>") + "</w:pPr>";
+  WordFixture bench;
+  const WordParts parts{P(ending) + P(ending) + P(F("MERGEFIELD A")) + section(header + first),
+                        {{"footer", P(R("strana"))}, {"header", P(R("pro ") + F("MERGEFIELD A"))}}};
+  const auto merged = bench.Merge(parts, kThree, MainDocumentType::kFormLetters);
+  std::string headers;
+  for (int i = 1; i <= 9; ++i) headers += Shown(merged->PrimaryHeader(i)->Text());
+  EXPECT_EQ(headers, "\\r\\rpro 1\\r\\r\\rpro 2\\r\\r\\rpro 3\\r");
+  const Package saved = bench.Saved(*merged);
+  const Relationships relationships = saved.RelationshipsOf("/word/document.xml");
+  const std::string body = saved.ReadPart("/word/document.xml");
+  for (const Relationship& each : relationships.all()) {
+    if (!each.Is("footer")) continue;
+    const bool empty = saved.ReadPart(*relationships.PartOf(each)).find("strana") == std::string::npos;
+    EXPECT_EQ(CountOf(body, "<w:footerReference w:type=\"first\" r:id=\"" + each.id + "\"/>"), empty ? 6u : 3u);
+  }
+  EXPECT_EQ(CountOf(body, "w:type=\"even\""), 0u);
+}
+
 TEST(WordMerge, RefusesWhatGivesNoCopy) {
   WordFixture bench;
   const auto main = bench.Add({.body = P(F("SKIPIF {A} > 0") + F("MERGEFIELD A"))});
@@ -196,6 +219,13 @@ TEST(WordMerge, DropsLinesWhoseFieldsAreAllEmpty) {
   EXPECT_EQ(Shown(merged->Content()->Text()),
             "1\\r \\r\\r\\r\\r\a\\r\akonec\\r2\\r \\r  \\r  \\r\\r \\r \\r \\r\a\\r\akonec\\r");
   bench.Saved(*merged);
+
+  merged->Close(false);
+
+  const auto unknown =
+      bench.Merge({.body = P(F("MERGEFIELD C")) + P(R("."))}, "A\r\n1\r\n", MainDocumentType::kCatalog);
+  EXPECT_EQ(Shown(unknown->Content()->Text()),
+            "Error! MergeField was not found in header record of data source.\\r.\\r");
 
   const auto main = bench.Add({.body = P(b) + P(R("."))});
   main->MailMerge().OpenDataSource({.Name = bench.WriteData("B\r\n\r\n")});

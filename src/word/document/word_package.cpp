@@ -79,6 +79,7 @@ pugi::xml_document& WordPackage::Tree(const std::string& part) {
   if (!tree.document) {
     auto document = std::make_unique<pugi::xml_document>(ParseXml(package_.ReadPart(part), {package_.path(), part}));
     UseUsualPrefixes(*document, package_.path());
+    DropLayout(*document);
     tree.document = std::move(document);
   }
   return *tree.document;

@@ -32,7 +32,7 @@ class WordPackage {
   const std::string& file() const { return package_.path(); }
   OfficeFamily family() const { return family_; }
 
-  /// The tree of a part, with the usual prefixes. Errors: 5 for a part that is missing or not sound.
+  /// The tree of a part, with the usual prefixes and without layout. Errors: 5 for a part that is missing or not sound.
   pugi::xml_document& Tree(const std::string& part);
   /// To be called after a tree was changed: the part is then written from it.
   void Changed(const std::string& part) { trees_.at(part).changed = true; }

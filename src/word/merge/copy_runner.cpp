@@ -114,12 +114,8 @@ class StepVisitor {
     output_.Number(copy == 0 ? step.original : step.first + (copy - 1) * step.stride);
   }
   void operator()(const NameStep& step) {
-    constexpr std::size_t kLongestName = 40;
     if (runner_.start_.copy == 0) return output_.Name(step.name);
-    const std::string ending = '_' + std::to_string(runner_.start_.copy + 1);
-    std::string name = step.name.substr(0, kLongestName - ending.size());
-    while (!name.empty() && (static_cast<unsigned char>(step.name[name.size()]) & 0xC0) == 0x80) name.pop_back();
-    output_.Name(name + ending);
+    output_.Name(step.stem + '_' + std::to_string(runner_.start_.copy + 1));
   }
   void operator()(const HeaderStep& step) {
     if (runner_.input_.headers) output_.Name(runner_.input_.headers->IdOf(step.header, runner_.start_.copy));

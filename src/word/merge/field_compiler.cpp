@@ -133,7 +133,7 @@ void StoryCompiler::AddMergeField(const FoldedField& field, bool inCode) {
   if (column < 0 && words.size() > 1) column = input_.source.ColumnOf(Join(words, u" "));
   if (column < 0) {
     input_.warn(Text(u"There is no column for the merge field ").append(Join(words, u" ")).append(u"."));
-    return AddTextRun(FormatRun(field, step.format.runs), kMissingColumn, inCode);
+    return AddMessage(field, step.format.runs, kMissingColumn, inCode);
   }
   step.column = static_cast<std::size_t>(column);
   AddValue(field, std::move(step), inCode);
@@ -147,6 +147,15 @@ void StoryCompiler::AddValue(const FoldedField& field, ValueStep step, bool inCo
   step.inText = visible_ && state_.InText();
   step.inCode = inCode;
   program_->push_back({std::move(step)});
+}
+
+// A text of our own in a field's place. It is a value, so that its line is not one without any.
+void StoryCompiler::AddMessage(const FoldedField& field, ResultRuns runs, TextView message, bool inCode) {
+  ValueStep step;
+  step.source = ValueStep::Source::kArgument;
+  step.argument = PlainOperand(message);
+  step.format.runs = runs;
+  AddValue(field, std::move(step), inCode);
 }
 
 void StoryCompiler::AddTextRun(const pugi::xml_node& format, TextView text, bool inCode) {

@@ -5,6 +5,7 @@
 #include "opc/xml_document.h"
 #include "word/document/sections.h"
 #include "word/document/tree_content.h"
+#include "word/merge/inherited_headers.h"
 #include "word/merge/merge_settings.h"
 #include "word/merge/section_assembly.h"
 #include "word/xml/word_errors.h"
@@ -31,23 +32,6 @@ bool HasTable(const pugi::xml_node& node) {
   return Is(node, "w:tbl") || std::any_of(children.begin(), children.end(), HasTable);
 }
 
-// A copy would take a header that it does not name from the copy before; here each names all that the template has.
-void NameAllHeaders(const std::vector<pugi::xml_node>& sections) {
-  for (const char* name : {"w:headerReference", "w:footerReference"}) {
-    for (const char* type : {"default", "first", "even"}) {
-      const auto named = [&](const pugi::xml_node& section) {
-        return section.find_child([&](const pugi::xml_node& child) {
-          return Is(child, name) && std::string_view(child.attribute("w:type").as_string("default")) == type;
-        });
-      };
-      for (std::size_t i = 1; i < sections.size(); ++i) {
-        if (named(sections[i]) || !named(sections[i - 1])) continue;
-        pugi::xml_node(sections[i]).prepend_copy(named(sections[i - 1]));
-      }
-    }
-  }
-}
-
 }  // namespace
 
 MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const Locale& locale)
@@ -62,6 +46,7 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   UniqueNumbers numbers;
   numbers.Gather(body);
   GatherNoteNumbers(parts_, numbers);
+  numbers.NameBookmarks();
   if (IsLetter(order.type)) lists_.Gather(parts_, body, numbers);
   FoldFields(body);
   CompileInput input{*order.source, locale, numbers, order.suppressBlankLines, {}, {}, order.warn};
@@ -69,7 +54,7 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   GatherVariables(body, input.variables);
 
   const std::vector<pugi::xml_node> sections = SectionsOf(body);
-  if (separate_) NameAllHeaders(sections);
+  if (separate_) NameInheritedHeaders(parts_, sections);
   for (std::size_t i = 0; i < sections.size(); ++i) {
     headerIds_.push_back(PrimaryHeaderId(sections, i, HeaderKind::kHeader));
     headerIds_.push_back(PrimaryHeaderId(sections, i, HeaderKind::kFooter));

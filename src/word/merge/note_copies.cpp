@@ -27,7 +27,10 @@ void GatherNoteNumbers(WordPackage& package, UniqueNumbers& numbers) {
     const auto part = package.Related(kind.relationship);
     if (!part || numbers.Count(kind.number) == 0) continue;
     for (const pugi::xml_node note : package.Tree(*part).document_element().children(kind.element)) {
-      numbers.Avoid(kind.number, note.attribute("w:id").as_llong());
+      const std::int64_t number = note.attribute("w:id").as_llong();
+      numbers.Avoid(kind.number, number);
+      if (!numbers.Uses(kind.number, number)) continue;
+      for (const pugi::xml_node block : note.children()) numbers.Gather(block);
     }
   }
 }

@@ -88,9 +88,10 @@ struct NumberStep {
   std::int64_t stride = 0;  ///< from copy to copy
 };
 
-/// A bookmark's name, made different in every copy but the first.
+/// A bookmark's name, made different in every copy but the first by the copy's number behind a stem.
 struct NameStep {
   std::string name;
+  std::string stem;
 };
 
 /// The relationship of a header or footer whose text differs from copy to copy.

@@ -103,14 +103,14 @@ void StoryCompiler::AddAttribute(const pugi::xml_node& node, const pugi::xml_att
   const auto kind = element == "w:numId" && name == "w:val" ? NumberKind::kList : NumberKindOf(element, name);
   const bool isHeader = (element == "w:headerReference" || element == "w:footerReference") && name == "r:id";
   const auto header = isHeader ? input_.headers.find(attribute.value()) : input_.headers.end();
-  const bool isName = (element == "w:bookmarkStart" && name == "w:name") ||
-                      (name == "w:anchor" && input_.numbers.IsBookmark(attribute.value()));
+  const bool mayBeName = (element == "w:bookmarkStart" && name == "w:name") || name == "w:anchor";
+  const auto bookmark = mayBeName ? input_.numbers.StepForName(attribute.value()) : std::nullopt;
   if (kind && input_.numbers.Uses(*kind, attribute.as_llong())) {
     program_->push_back({input_.numbers.StepFor(*kind, attribute.as_llong())});
   } else if (header != input_.headers.end()) {
     program_->push_back({HeaderStep{header->second}});
-  } else if (isName) {
-    program_->push_back({NameStep{attribute.value()}});
+  } else if (bookmark) {
+    program_->push_back({*bookmark});
   } else {
     std::string escaped;
     AppendXmlAttribute(escaped, std::string_view(attribute.value()));
@@ -159,8 +159,8 @@ void StoryCompiler::AddInstruction(const pugi::xml_node& node) {
     add(std::string_view(code).substr(start, word - start));
     const std::size_t end = std::min(code.find_first_of(kEnds, word), code.size());
     const std::string name = code.substr(word, end - word);
-    if (!first && input_.numbers.IsBookmark(name)) {
-      program_->push_back({NameStep{name}});
+    if (const auto bookmark = first ? std::nullopt : input_.numbers.StepForName(name)) {
+      program_->push_back({*bookmark});
     } else {
       add(name);
     }

@@ -82,6 +82,7 @@ class StoryCompiler {
   void AddNumber(const FoldedField& field, ValueStep::Source source, bool inCode);
   void AddBranch(const CodeToken& token, bool inCode);
   void AddValue(const FoldedField& field, ValueStep step, bool inCode);
+  void AddMessage(const FoldedField& field, ResultRuns runs, TextView message, bool inCode);
   void AddTextRun(const pugi::xml_node& format, TextView text, bool inCode);
   bool IsVariable(const FoldedField& field, Text& name) const;
   bool IsEvaluated(const FoldedField& field) const;

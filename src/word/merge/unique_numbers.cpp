@@ -1,10 +1,44 @@
 #include "word/merge/unique_numbers.h"
 
 #include <algorithm>
+#include <set>
 
+#include "runtime/utf8.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
+
+namespace {
+
+// A bookmark's name has 40 characters at the most; the ending of a copy, "_" and its number, takes up to 8 of them.
+constexpr std::size_t kLongestStem = 32;
+
+Text CutTo(Text name, std::size_t length) {
+  if (name.size() <= length) return name;
+  name.resize(length);
+  if (!name.empty() && (name.back() & 0xFC00) == 0xD800) name.pop_back();  // half of a character
+  return name;
+}
+
+// What stands before the number of a name like "X_2", which the second copy of "X" must not have too.
+Text StemOfNumbered(TextView name) {
+  std::size_t digits = name.size();
+  while (digits > 0 && name[digits - 1] >= u'0' && name[digits - 1] <= u'9') --digits;
+  const bool numbered = digits > 0 && digits < name.size() && name[digits - 1] == u'_';
+  return Text(numbered ? name.substr(0, digits - 1) : TextView());
+}
+
+// "_a", "_b", ..., "_z", "_ba", ...: no copy's number ends so.
+Text Letters(std::size_t number) {
+  Text letters;
+  do {
+    letters.insert(letters.begin(), static_cast<char16_t>(u'a' + number % 26));
+    number /= 26;
+  } while (number > 0);
+  return u'_' + letters;
+}
+
+}  // namespace
 
 std::optional<NumberKind> NumberKindOf(std::string_view element, std::string_view attribute) {
   if (element == "wp:docPr") return attribute == "id" ? std::optional(NumberKind::kDrawing) : std::nullopt;
@@ -23,8 +57,33 @@ void UniqueNumbers::Gather(const pugi::xml_node& tree) {
   for (const pugi::xml_attribute attribute : tree.attributes()) {
     if (const auto kind = NumberKindOf(tree.name(), attribute.name())) Use(*kind, attribute.as_llong());
   }
-  if (Is(tree, "w:bookmarkStart")) bookmarks_.insert(tree.attribute("w:name").value());
+  if (Is(tree, "w:bookmarkStart")) {
+    const std::string name = tree.attribute("w:name").value();
+    stems_.emplace(LowerCase(FromUtf8(name)), name);
+  }
   for (const pugi::xml_node child : tree.children()) Gather(child);
+}
+
+// Copies have the stem and their number. Stems differ from each other, and none makes a name that the template has.
+void UniqueNumbers::NameBookmarks() {
+  std::set<Text> taken;
+  for (const auto& [name, stem] : stems_) taken.insert(StemOfNumbered(name));
+  std::map<Text, std::size_t> tries;  // by shortened name, so that many alike cost no more than their number
+  for (auto& [name, stem] : stems_) {
+    const Text whole = CutTo(FromUtf8(stem), kLongestStem);
+    Text candidate = whole;
+    while (!taken.insert(LowerCase(candidate)).second) {
+      const Text letters = Letters(tries[LowerCase(whole)]++);
+      candidate = CutTo(whole, kLongestStem - letters.size()) + letters;
+    }
+    stem = ToUtf8(candidate);
+  }
+}
+
+std::optional<NameStep> UniqueNumbers::StepForName(std::string_view name) const {
+  const auto found = stems_.find(LowerCase(FromUtf8(name)));
+  if (found == stems_.end()) return std::nullopt;
+  return NameStep{std::string(name), found->second};
 }
 
 void UniqueNumbers::Use(NumberKind kind, std::int64_t number) {

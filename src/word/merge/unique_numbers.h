@@ -4,9 +4,10 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <pugixml.hpp>
-#include <set>
 #include <string>
+#include <string_view>
 
 #include "word/merge/program.h"
 
@@ -22,6 +23,8 @@ class UniqueNumbers {
   /// Takes note of a number; of one that is used elsewhere only, so that no new one equals it.
   void Use(NumberKind kind, std::int64_t number);
   void Avoid(NumberKind kind, std::int64_t number);
+  /// Settles the names of the copies' bookmarks; to be called when all trees are taken note of.
+  void NameBookmarks();
 
   bool Uses(NumberKind kind, std::int64_t number) const { return KindOf(kind).places.count(number) != 0; }
   std::size_t Count(NumberKind kind) const { return KindOf(kind).places.size(); }
@@ -29,7 +32,8 @@ class UniqueNumbers {
   const std::map<std::int64_t, std::size_t>& NumbersOf(NumberKind kind) const { return KindOf(kind).places; }
   /// The step that writes a number taken note of.
   NumberStep StepFor(NumberKind kind, std::int64_t number) const;
-  bool IsBookmark(const std::string& name) const { return bookmarks_.count(name) != 0; }
+  /// The step that writes the name of a bookmark, case ignored; nothing for what names none.
+  std::optional<NameStep> StepForName(std::string_view name) const;
 
  private:
   struct Kind {
@@ -40,7 +44,7 @@ class UniqueNumbers {
   Kind& KindOf(NumberKind kind) { return kinds_[static_cast<std::size_t>(kind)]; }
 
   std::array<Kind, kNumberKinds> kinds_;
-  std::set<std::string> bookmarks_;
+  std::map<Text, std::string> stems_;  // of the copies' bookmarks, by lower-case name
 };
 
 /// The kind of number that an attribute of an element is, by their names; nothing for any other attribute.

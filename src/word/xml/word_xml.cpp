@@ -54,8 +54,8 @@ constexpr std::array<std::string_view, 22> kSection = {
     "w:formProt",        "w:vAlign",          "w:noEndnote",       "w:titlePg",     "w:textDirection", "w:bidi",
     "w:rtlGutter",       "w:docGrid",         "w:printerSettings", "w:sectPrChange"};
 
-// 17.15.1.78: children of w:settings up to the place of w:documentProtection, and what follows it.
-constexpr std::array<std::string_view, 30> kSettings = {"w:writeProtection",
+// 17.15.1.78: children of w:settings up to w:documentProtection.
+constexpr std::array<std::string_view, 35> kSettings = {"w:writeProtection",
                                                         "w:view",
                                                         "w:zoom",
                                                         "w:removePersonalInformation",
@@ -84,15 +84,12 @@ constexpr std::array<std::string_view, 30> kSettings = {"w:writeProtection",
                                                         "w:stylePaneFormatFilter",
                                                         "w:stylePaneSortMethod",
                                                         "w:documentType",
-                                                        "w:mailMerge"};
-constexpr std::array<std::string_view, 33> kSettingsWithProtection = [] {
-  std::array<std::string_view, 33> order{};
-  std::copy(kSettings.begin(), kSettings.end(), order.begin());
-  order[30] = "w:revisionView";
-  order[31] = "w:trackRevisions";
-  order[32] = "w:documentProtection";
-  return order;
-}();
+                                                        "w:mailMerge",
+                                                        "w:revisionView",
+                                                        "w:trackRevisions",
+                                                        "w:doNotTrackMoves",
+                                                        "w:doNotTrackFormatting",
+                                                        "w:documentProtection"};
 
 template <std::size_t N>
 bool IsOneOf(const pugi::xml_node& node, const std::array<std::string_view, N>& names) {
@@ -103,7 +100,7 @@ bool IsOneOf(const pugi::xml_node& node, const std::array<std::string_view, N>& 
 
 const std::span<const std::string_view> kParagraphPropertyOrder(kParagraphProperties);
 const std::span<const std::string_view> kSectionOrder(kSection);
-const std::span<const std::string_view> kSettingsOrder(kSettingsWithProtection);
+const std::span<const std::string_view> kSettingsOrder(kSettings);
 
 bool IsOn(const pugi::xml_attribute& value) {
   return !value || IsTrue(value.value());

@@ -21,6 +21,10 @@ inline bool Is(const pugi::xml_node& node, std::string_view name) {
 /// Errors: 5 when a document binds a usual prefix to something else beside the vocabulary it stands for.
 void UseUsualPrefixes(pugi::xml_document& document, const std::string& file);
 
+/// Takes out what carries no meaning between elements, so that all looking for neighbours finds elements: white space
+/// outside of the elements that hold text, comments, processing instructions.
+void DropLayout(pugi::xml_document& document);
+
 /// The value of a switch: absent attribute or "1", "true", "on" mean on.
 bool IsOn(const pugi::xml_attribute& value);
 /// True when the parent has this child and its w:val is on.
