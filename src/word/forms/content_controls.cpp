@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "opc/xml_tree.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "word/forms/field_result.h"

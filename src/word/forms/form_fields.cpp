@@ -1,6 +1,5 @@
 #include "word/forms/form_fields.h"
 
-#include "opc/xml_tree.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"

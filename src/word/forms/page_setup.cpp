@@ -3,7 +3,6 @@
 #include <cmath>
 #include <string>
 
-#include "opc/xml_tree.h"
 #include "word/xml/word_errors.h"
 #include "word/xml/word_xml.h"
 

@@ -1,6 +1,5 @@
 #include "word/forms/protection.h"
 
-#include "opc/xml_tree.h"
 #include "word/xml/word_errors.h"
 #include "word/xml/word_xml.h"
 

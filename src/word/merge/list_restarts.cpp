@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "opc/xml_document.h"
-#include "opc/xml_tree.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {

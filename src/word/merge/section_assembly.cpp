@@ -1,6 +1,5 @@
 #include "word/merge/section_assembly.h"
 
-#include "opc/xml_tree.h"
 #include "word/document/sections.h"
 #include "word/xml/word_xml.h"
 

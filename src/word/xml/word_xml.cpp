@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "opc/xml_tree.h"
-
 namespace zorkanca::word {
 
 namespace {

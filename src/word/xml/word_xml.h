@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "opc/xml_tree.h"
 #include "runtime/text.h"
 
 namespace zorkanca::word {
