@@ -60,7 +60,9 @@ class BarCodeRecords {
         barCode_(platform_.locale),
         database_(SqlitePath(options.database), &context.interrupted) {
     barCode_.ParseParameters(FromUtf8(options.parameters));
-    recordset_ = database_.OpenRecordset(Statement(options.select), RecordsetType::kDynaset, 0);
+    QueryOptions query;
+    query.select = options.select;
+    recordset_ = database_.OpenRecordset(Statement(query), RecordsetType::kDynaset, 0);
     barCode_.SetRecordset(*recordset_);
   }
 

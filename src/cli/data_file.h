@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "cli/output_check.h"
 #include "foundation/ignore_errors.h"
 #include "platform/file_system.h"
 #include "runtime/utf8.h"
@@ -17,7 +18,9 @@ class DataFile {
   /// @param path   receives what the user asked for; names the file at the end
   DataFile(FileSystem& files, const std::string& asked, Text& path)
       : files_(files), asked_(!asked.empty()), path_(path) {
-    if (asked_) path = files.GetAbsolutePathName(FromUtf8(asked));
+    if (!asked_) return;
+    path = files.GetAbsolutePathName(FromUtf8(asked));
+    RequireWritable(files, path);
   }
   ~DataFile() {
     if (!asked_ && !path_.empty()) IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });

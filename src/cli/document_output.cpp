@@ -1,6 +1,7 @@
 #include "cli/document_output.h"
 
 #include "cli/host_platform.h"
+#include "cli/output_check.h"
 #include "cli/query_arguments.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
@@ -20,7 +21,7 @@ WordSaveFormat FormatOf(TextView path) {
 // What is wrong is told before any work.
 void CheckFile(FileSystem& files, TextView path, bool pdf) {
   if (FormatOf(path) != WordSaveFormat::kPdf && pdf) throw UsageError("--pdf asks for a .pdf file, or a folder: DIR/");
-  if (!files.FolderExists(GetParentFolderName(path))) Raise(RuntimeError::kPathNotFound);
+  RequireWritable(files, Text(path));
 }
 
 }  // namespace
@@ -39,8 +40,11 @@ DocumentOutput::DocumentOutput(const CommandContext& context, const OutputOption
       isFolder_(count == Count::kSeveral),
       pdfs_(context.platform.locale, {.cancelled = [&context] { return context.interrupted.load(); },
                                       .made = [&context](TextView path) { context.report.File(path); }}) {
-  if (options.output.empty()) return;
   FileSystem& files = context.platform.files;
+  if (options.output.empty()) {
+    RequireWritableFolder(files, files.GetAbsolutePathName(u"."));
+    return;
+  }
   path_ = files.GetAbsolutePathName(FromUtf8(options.output));
   const bool folder = options.output.ends_with('/') || files.FolderExists(path_);
   if (count != Count::kUnknown && folder != isFolder_) {
@@ -48,7 +52,11 @@ DocumentOutput::DocumentOutput(const CommandContext& context, const OutputOption
                             : "several documents ask for a folder, DIR/, not a file: " + options.output);
   }
   isFolder_ = folder;
-  if (!folder) CheckFile(files, path_, options.pdf);
+  if (folder) {
+    RequireWritableFolder(files, path_);
+  } else {
+    CheckFile(files, path_, options.pdf);
+  }
 }
 
 Text DocumentOutput::DefaultName() const {

@@ -5,6 +5,7 @@
 #include "cli/data_file.h"
 #include "cli/export_run.h"
 #include "cli/host_platform.h"
+#include "cli/output_check.h"
 #include "cli/query_arguments.h"
 #include "cli/template_arguments.h"
 #include "platform/paths.h"
@@ -30,14 +31,17 @@ class WorkbookOutput {
  public:
   // What is wrong with -o is told before any work.
   WorkbookOutput(const CommandContext& context, const ExcelOptions& options) : context_(context), options_(options) {
-    if (options.output.empty()) return;
     FileSystem& files = context.platform.files;
+    if (options.output.empty()) {
+      RequireWritableFolder(files, files.GetAbsolutePathName(u"."));
+      return;
+    }
     path_ = files.GetAbsolutePathName(FromUtf8(options.output));
     const Text extension = ExtensionOf(path_);
     if ((extension != u"xlsx" && extension != u"xlsm" && extension != u"pdf") || files.FolderExists(path_)) {
       throw UsageError("-o takes an .xlsx, .xlsm or .pdf file");
     }
-    if (!files.FolderExists(GetParentFolderName(path_))) Raise(RuntimeError::kPathNotFound);
+    RequireWritable(files, path_);
   }
 
   // @param basis  gives the workbook its name where -o does not: a template, or the name itself
@@ -82,18 +86,20 @@ int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arg
 
 int RunExcel(const CommandContext& context, const ExcelOptions& options) {
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  const Text select = Statement(options.query.select);
-  XlExportArguments arguments{.rsFieldNames = FromUtf8(options.query.names), .ri_rsOptions = options.query.options};
+  database.SettleTypes(TypesOf(options.query));
+  const Text select = Statement(options.query);
+  XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
   return MakeWorkbook(context, options, arguments, u"export", "XlExport",
                       [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
 }
 
 int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  const Text select = Statement(options.query.select);
+  database.SettleTypes(TypesOf(options.query));
+  const Text select = Statement(options.query);
   XlSabArguments arguments;
   SetTemplate(arguments, options.fromTemplate);
-  arguments.rsFieldNames = FromUtf8(options.query.names);
+  arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
   return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab",
                       [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); });

@@ -4,6 +4,7 @@
 #include "cli/command_line.h"
 #include "cli/export_run.h"
 #include "cli/host_platform.h"
+#include "cli/output_check.h"
 #include "cli/query_arguments.h"
 #include "export/column_names.h"
 #include "host/desktop/quiet_shell.h"
@@ -20,6 +21,7 @@ Text OutputFile(const std::string& path, FileSystem& files) {
   if (path.empty()) return Text();
   const Text absolute = files.GetAbsolutePathName(FromUtf8(path));
   if (path.ends_with('/') || files.FolderExists(absolute)) throw UsageError("-o names a folder, not a file: " + path);
+  RequireWritable(files, absolute);
   return absolute;
 }
 
@@ -38,7 +40,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
   const bool opens = !options.noOpen && HasDisplay();
   const Platform platform = opens ? context.platform : context.platform.With(nothingOpens);
 
-  HtmlExportArguments arguments{.rsFieldNames = FromUtf8(options.query.names),
+  HtmlExportArguments arguments{.rsFieldNames = NamesOf(options.query),
                                 .ri_rsOptions = options.query.options,
                                 .rsSourceFile = OutputFile(options.output, platform.files),
                                 .rsTitle = FromUtf8(options.title),
@@ -46,8 +48,9 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
                                 .riTblCellPadding = options.padding,
                                 .riTblCellSpacing = options.spacing};
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  database.SettleTypes(TypesOf(options.query));
   ExportRun run(context, platform, options.query, opens);
-  const bool done = run.office().HTMLExport(database, Statement(options.query.select), arguments);
+  const bool done = run.office().HTMLExport(database, Statement(options.query), arguments);
   if (done) context.report.File(arguments.rsSourceFile);
   return run.StatusOf(done, "HTMLExport");
 }

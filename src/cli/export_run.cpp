@@ -16,6 +16,8 @@ ExportRun::ExportRun(const CommandContext& context, const Platform& platform, co
                      bool showsStates)
     : context_(context), events_(context, showsStates), office_(platform) {
   office_.Advise(&events_);
+  office_.Listen(&events_);
+  office_.Prefer({.namesOfRecordset = TakesNamesOfRecordset(options), .currentFolder = true});
   office_.PercentInterval(options.step);
   office_.Multiplier(FromUtf8(options.multiplier));
   office_.BlankRecordsBefore(options.blankRecords);

@@ -10,18 +10,23 @@
 
 namespace zorkanca::cli {
 
-/// Shows the events, and keeps what they tell of failures: a state that ends no step well.
-class OfficeEvents final : public ZorOfficeEvents {
+/// Shows the events, reports causes and warnings, and keeps what states tell of failures: one that ends no step well.
+class OfficeEvents final : public ZorOfficeEvents, public ExportListener {
  public:
   /// @param showsStates  on a terminal, too, what the export waits for
-  OfficeEvents(const CommandContext& context, bool showsStates) : display_(context, showsStates) {}
+  OfficeEvents(const CommandContext& context, bool showsStates)
+      : report_(context.report), display_(context, showsStates) {}
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override;
   void PercentDone(float Percent, bool& Cancel) override { display_.PercentDone(Percent, Cancel); }
 
+  void Cause(const Error& cause) override { report_.Cause(cause); }
+  void Warning(TextView text) override { report_.Warning(text); }
+
   const std::vector<Text>& failures() const { return failures_; }
 
  private:
+  Report& report_;
   ProgressDisplay display_;
   std::vector<Text> failures_;
 };

@@ -1,5 +1,7 @@
 #include "cli/query_arguments.h"
 
+#include <map>
+
 #include "cli/command_line.h"
 #include "files/file_bytes.h"
 #include "runtime/utf8.h"
@@ -8,13 +10,21 @@ namespace zorkanca::cli {
 
 void AddQueryOptions(CLI::App& command, QueryOptions& query) {
   command.add_option("--db", query.database, "SQLite database file")->required();
-  command.add_option("--select", query.select, "SELECT statement; - reads it from standard input")->required();
+  CLI::Option* select =
+      command.add_option("--select", query.select, "SELECT statement; - reads it from standard input");
+  command.add_option("--sql-file", query.sqlFile, "file that holds the SELECT statement, UTF-8")->excludes(select);
+  command
+      .add_option("--type", query.types,
+                  "COLUMN=boolean, integer, currency, double, date or text: the type of a computed column")
+      ->allow_extra_args(false);
   command.add_option("--options", query.options, "options passed to the database");
   AddStepOption(command, query);
 }
 
 void AddRecordOptions(CLI::App& command, QueryOptions& query) {
-  command.add_option("--names", query.names, "column names separated by ';'");
+  command.add_option("--names", query.names,
+                     "column names separated by ';'; or database: the names of the recordset (default), or select: "
+                     "those that are read from the text of the SELECT");
   command.add_option("--multiplier", query.multiplier, "column that tells how often a record is written");
   AddBlankRecordsOption(command, query);
 }
@@ -60,10 +70,67 @@ std::string OnOneLine(std::string statement) {
   return statement;
 }
 
+// A statement has several words; one word is a slip: the statement's file, most likely.
+bool IsFileName(const std::string& statement) {
+  return statement.ends_with(".sql") && statement.find_first_of(" \t\n") == std::string::npos;
+}
+
+std::string EmptyStatement(const QueryOptions& query) {
+  if (!query.sqlFile.empty()) return "the file holds no statement: " + query.sqlFile;
+  return query.select == "-" ? "standard input holds no statement" : "--select or --sql-file is required";
+}
+
 }  // namespace
 
-Text Statement(const std::string& argument) {
-  return FromUtf8(OnOneLine(argument == "-" ? ReadToEnd(STDIN_FILENO) : argument));
+SqliteColumnTypes TypesOf(const QueryOptions& query) {
+  static const std::map<std::string, FieldType> kTypes = {
+      {"boolean", FieldType::kBoolean}, {"integer", FieldType::kLong}, {"currency", FieldType::kCurrency},
+      {"double", FieldType::kDouble},   {"date", FieldType::kDate},    {"text", FieldType::kText}};
+  SqliteColumnTypes types;
+  for (const std::string& argument : query.types) {
+    const std::size_t equals = argument.rfind('=');
+    const auto type = equals == std::string::npos ? kTypes.end() : kTypes.find(argument.substr(equals + 1));
+    if (type == kTypes.end() || equals == 0) {
+      throw UsageError("--type takes COLUMN=boolean, integer, currency, double, date or text, not " + argument);
+    }
+    types.emplace_back(FromUtf8(argument.substr(0, equals)), type->second);
+  }
+  return types;
+}
+
+Text Statement(const QueryOptions& query) {
+  const bool fromFile = !query.sqlFile.empty();
+  std::string statement = fromFile              ? BytesOf(query.sqlFile)
+                          : query.select == "-" ? ReadToEnd(STDIN_FILENO, "-")
+                                                : query.select;
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (statement.starts_with(kMark)) statement.erase(0, kMark.size());
+  if (statement.find_first_not_of(" \t\r\n;") == std::string::npos) throw UsageError(EmptyStatement(query));
+  if (!fromFile && IsFileName(statement)) {
+    throw UsageError("--select takes a statement, not the name of a file; a file is named by --sql-file " + statement);
+  }
+  return FromUtf8(OnOneLine(std::move(statement)));
+}
+
+namespace {
+
+// What --names says before a specification of a bar code, "" without it.
+std::string NamesKeyword(const QueryOptions& query) {
+  std::string names = query.names.substr(0, query.names.find('{'));
+  while (names.ends_with(',') || names.ends_with(' ')) names.pop_back();
+  return names;
+}
+
+}  // namespace
+
+Text NamesOf(const QueryOptions& query) {
+  const std::string keyword = NamesKeyword(query);
+  const bool isKeyword = keyword == "database" || keyword == "select";
+  return FromUtf8(isKeyword ? query.names.substr(keyword.size()) : query.names);
+}
+
+bool TakesNamesOfRecordset(const QueryOptions& query) {
+  return NamesKeyword(query) != "select";
 }
 
 Text NumberedName(std::int64_t number, TextView extension) {

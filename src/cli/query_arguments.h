@@ -4,8 +4,10 @@
 #include <CLI/App.hpp>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "runtime/text.h"
+#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 
@@ -13,9 +15,11 @@ namespace zorkanca::cli {
 struct QueryOptions {
   std::string database;
   std::string select;
+  std::string sqlFile;
   std::int16_t options = 0;
   std::string names;
   float step = 1.0f;
+  std::vector<std::string> types;  ///< COLUMN=TYPE
   std::string multiplier;
   std::int16_t blankRecords = 0;
 };
@@ -38,8 +42,17 @@ void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);
 
-/// The statement as --select gave it, on one line; "-" is all of standard input. Errors: 57 when that cannot be read.
-Text Statement(const std::string& argument);
+/// The types of columns as --type settles them. Errors: `UsageError` for an unknown type.
+SqliteColumnTypes TypesOf(const QueryOptions& query);
+
+/// The statement as --select or --sql-file gave it, on one line; "-" is all of standard input.
+/// Errors: `UsageError` for an empty one and for the name of a file in its place; 53, 57 when it cannot be read.
+Text Statement(const QueryOptions& query);
+
+/// The column names as --names gave them, empty where they come from elsewhere ("database", "select").
+Text NamesOf(const QueryOptions& query);
+/// True unless --names says otherwise.
+bool TakesNamesOfRecordset(const QueryOptions& query);
 
 /// Name of the n-th of several results, in at least four digits: "0001.docx".
 /// @param extension  with its point

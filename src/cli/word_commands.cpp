@@ -65,9 +65,10 @@ int RunWordExport(const CommandContext& context, const WordOptions& options, Wor
 
 int RunWord(const CommandContext& context, const WordOptions& options) {
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  const Text select = Statement(options.query.select);
+  database.SettleTypes(TypesOf(options.query));
+  const Text select = Statement(options.query);
   WdExportArguments arguments;
-  arguments.rsFieldNames = FromUtf8(options.query.names);
+  arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
   return RunWordExport(context, options, arguments, "WdExport",
                        [&](cZorOffice& office) { return office.WdExport(database, select, arguments); });
@@ -96,6 +97,7 @@ int RunMerge(const CommandContext& context, const WordOptions& options) {
 
 int RunForm(const CommandContext& context, const FormOptions& options) {
   SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
+  database.SettleTypes(TypesOf(options.query));
   WdExportFormArguments arguments = options.arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.ri_rsOptions = options.query.options;
@@ -109,7 +111,7 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
   DocumentOutput output(context, options.output, DocumentOutput::Count::kUnknown, arguments.rsTemplate);
   ExportRun run(context, context.platform, options.query, /*showsStates=*/true);
   run.office().WhenDocumentIsFinished([&](const WordDocumentReference& document) { output.Add(document); });
-  const bool done = run.office().WdExportForm(database, Statement(options.query.select), arguments);
+  const bool done = run.office().WdExportForm(database, Statement(options.query), arguments);
   output.Finish(done);
   return run.StatusOf(done, "WdExportForm");
 }

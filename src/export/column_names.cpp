@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "export/export_failure.h"
+#include "export/quoting.h"
 #include "runtime/ascii.h"
 #include "runtime/error.h"
 
@@ -102,9 +103,9 @@ void MakeNamesDistinct(std::vector<SelectItem>& items) {
 
 }  // namespace
 
-ColumnNameSource ChooseColumnNames(TextView select, Text& rsFieldNames) {
+ColumnNameSource ChooseColumnNames(TextView select, Text& rsFieldNames, bool preferFields) {
   if (!IsBlank(rsFieldNames)) return ColumnNameSource::kFieldList;
-  if (select.find(u" * ") != TextView::npos) return ColumnNameSource::kFieldNames;
+  if (preferFields || select.find(u" * ") != TextView::npos) return ColumnNameSource::kFieldNames;
   rsFieldNames = ColumnCaptionsFromSelect(select, TextView(&kExportSeparator, 1));
   if (rsFieldNames.empty()) StopExport(kNoColumnNames);
   return ColumnNameSource::kFieldList;
@@ -128,6 +129,16 @@ std::vector<Text> FieldNames(Recordset& recordset) {
   for (std::int32_t index = 0; index < recordset.FieldCount(); ++index)
     names.push_back(recordset.FieldAt(index).Name());
   return names;
+}
+
+Text FieldNameHeader(Recordset& recordset, bool quotes) {
+  if (!quotes) return Join(FieldNames(recordset), TextView(&kExportSeparator, 1));
+  Text header;
+  for (const Text& name : FieldNames(recordset)) {
+    if (!header.empty()) header.push_back(kExportSeparator);
+    AppendQuotedValue(header, name);
+  }
+  return header;
 }
 
 std::int16_t IndexOfName(TextView name, std::span<const Text> names) {

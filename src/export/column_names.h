@@ -22,8 +22,9 @@ enum class ColumnNameSource {
 /// Settles the source of the names before the query runs. Without names of the caller a SELECT that holds " * " takes
 /// the field names, any other one has its names derived from its list.
 /// @param rsFieldNames  the caller's names; receives the derived ones
+/// @param preferFields  take the field names for any SELECT without names of the caller
 /// Errors: stops the export when no name can be derived; 5 for a statement without "from".
-ColumnNameSource ChooseColumnNames(TextView select, Text& rsFieldNames);
+ColumnNameSource ChooseColumnNames(TextView select, Text& rsFieldNames, bool preferFields = false);
 
 /// The names that a SELECT list gives its columns, lower case, joined by the separator: the alias after " as ", else
 /// what follows the first ".", else the item itself. Equal names are told apart by their qualifiers or by "_1", "_2",
@@ -34,6 +35,9 @@ Text ColumnCaptionsFromSelect(TextView select, TextView separator);
 
 /// The names of all fields in field order.
 std::vector<Text> FieldNames(Recordset& recordset);
+/// The same as the header of a data file, joined by ";".
+/// @param quotes  quote a name that holds a separator, a quote or a line break; else it stands as it is
+Text FieldNameHeader(Recordset& recordset, bool quotes);
 
 /// Position (from 0) of the first element equal to the name, both trimmed and lower-cased.
 /// @return -1 when there is none

@@ -37,7 +37,8 @@ bool ExcelExport::Run() {
 }
 
 void ExcelExport::Export() {
-  const ColumnNameSource names = ChooseColumnNames(select_, arguments_.rsFieldNames);
+  const ColumnNameSource names =
+      ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
   WriteDataFile(names);
@@ -64,7 +65,7 @@ void ExcelExport::WriteDataFile(ColumnNameSource names) {
   arguments_.rsSourceFile = OutputPathInWorkFolder(context_, arguments_.rsSourceFile);
   ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi));
   if (names == ColumnNameSource::kFieldNames) {
-    arguments_.rsFieldNames = Join(FieldNames(session_.recordset()), TextView(&kExportSeparator, 1));
+    arguments_.rsFieldNames = FieldNameHeader(session_.recordset(), context_.preferences.namesOfRecordset);
   }
   file.WriteHeader(arguments_.rsFieldNames);
   for (std::int16_t left = context_.blankRecordsBefore; left > 0; --left) file.WriteBlankLine(reader_.FieldCount());

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "export/export_preferences.h"
+#include "export/export_report.h"
 #include "export/office_settings.h"
 #include "export/zor_office_events.h"
 #include "foundation/number_separators.h"
@@ -19,6 +21,8 @@ struct ExportContext {
   Text workFolder{};  ///< intermediate files go here, without a separator at its end
   NumberSeparators separators{};
   OfficeSettings settings{};
+  ExportPreferences preferences{};
+  ExportReport* report = nullptr;  ///< what the operation tells beside its events; null: nobody asks
 
   float percentInterval = 1.0f;           ///< step of PercentDone in percent
   Text multiplier{};                      ///< query column that tells how often a record is written; empty: once
@@ -31,6 +35,14 @@ struct ExportContext {
   /// Gets each document of an export that makes several, once it is finished; may close it. An error stops the export.
   std::function<void(const WordDocumentReference&)> documentFinished{};
 
+  /// Keeps what a message box or a state will not say until the operation ends.
+  void NoteCause(const Error& cause) const {
+    if (report) report->NoteCause(cause);
+  }
+  /// Tells what the result will suffer from.
+  void Warn(const Text& text) const {
+    if (report) report->Warn(text);
+  }
   /// Raises ExportState when somebody listens.
   void RaiseExportState(ExportStateValue state, TextView message) const {
     if (events) events->ExportState(state, message);

@@ -12,6 +12,17 @@ constexpr std::int32_t kStopNumber = -1;
 
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
+// Stops an export for a reason that its message does not give.
+class StopForCause final : public Error {
+ public:
+  StopForCause(TextView message, const Error& cause) : Error(kStopNumber, Text(), Text(message)), cause_(cause) {}
+
+  const Error& cause() const { return cause_; }
+
+ private:
+  Error cause_;
+};
+
 Text MessageOf(const Error& error, const UnforeseenFailure& unforeseen) {
   if (const std::optional<Text> stop = StopMessage(error)) return *stop;
   Text message(kUnexpectedError);
@@ -27,6 +38,20 @@ void StopExport(TextView message) {
   throw Error(kStopNumber, Text(), Text(message));
 }
 
+void StopExport(TextView message, const Error& cause) {
+  throw StopForCause(message, cause);
+}
+
+std::optional<Error> HiddenCause() {
+  try {
+    throw;
+  } catch (const StopForCause& stop) {
+    return stop.cause();
+  } catch (...) {
+    return std::nullopt;
+  }
+}
+
 std::optional<Text> StopMessage(const Error& error) {
   if (error.number() == kStopNumber) return error.description();
   if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
@@ -39,6 +64,7 @@ bool RunToEdge(ExportSession& session, TextView title, const std::function<bool(
     return body();
   } catch (...) {
     const Error error = *ErrorBeingHandled();
+    if (const std::optional<Error> cause = HiddenCause()) session.context().NoteCause(*cause);
     session.Fail(title, MessageOf(error, unforeseen));
     if (unforeseen.afterwards && !StopMessage(error)) IgnoreErrors(unforeseen.afterwards);
     return false;

@@ -25,6 +25,8 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 
 /// Stops the export with a message for the user.
 [[noreturn]] void StopExport(TextView message);
+/// The same; the message box does not say why, the report of the operation does.
+[[noreturn]] void StopExport(TextView message, const Error& cause);
 
 /// The whole message of an error that ends an export as foreseen: that of `StopExport`, or the user's interruption.
 /// @return nothing for any other error
@@ -38,9 +40,12 @@ auto AccessingData(Body body) {
     return body();
   } catch (const Error& error) {
     if (StopMessage(error)) throw;
-    StopExport(kDataAccessFailed);
+    StopExport(kDataAccessFailed, error);
   }
 }
+
+/// Inside a catch block: what the message of the error being handled hides; nothing for most errors.
+std::optional<Error> HiddenCause();
 
 /// What an export adds to a failure that none of its messages foresees; each may be empty.
 struct UnforeseenFailure {

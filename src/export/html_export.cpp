@@ -30,7 +30,8 @@ bool HtmlExport::Run() {
 }
 
 void HtmlExport::Export() {
-  const ColumnNameSource names = ChooseColumnNames(select_, arguments_.rsFieldNames);
+  const ColumnNameSource names =
+      ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
   SettlePath();

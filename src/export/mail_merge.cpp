@@ -142,7 +142,9 @@ bool MailMergeRun::Run() {
   try {
     Make();
   } catch (...) {
-    failure = FailureText(*ErrorBeingHandled());
+    const Error error = *ErrorBeingHandled();
+    if (!StopMessage(error)) context_.NoteCause(error);
+    failure = FailureText(error);
   }
   Finish(failure);
   return !failure;

@@ -12,7 +12,9 @@ bool TellOfOpening(const ExportContext& context, const OpeningTexts& texts, bool
   try {
     open();
   } catch (...) {
-    message = Text(texts.failed).append(ErrorBeingHandled()->description());
+    const Error error = *ErrorBeingHandled();
+    context.NoteCause(error);
+    message = Text(texts.failed).append(error.description());
     opened = false;
   }
   context.RaiseExportState(ExportStateValue::esStill, message);

@@ -2,6 +2,7 @@
 
 #include "export/column_names.h"
 #include "export/export_failure.h"
+#include "runtime/error.h"
 
 namespace zorkanca {
 
@@ -11,18 +12,29 @@ Text ReadWhole(FileSystem& files, const Text& path) {
   return files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi)->ReadAll();
 }
 
+Error NotFound(FileSystem& files, const Text& path) {
+  const bool isFolder = files.FolderExists(path);
+  const RuntimeError error = isFolder ? RuntimeError::kPathFileAccess : RuntimeError::kFileNotFound;
+  Text description = isFolder ? Text(u"A folder, not a file") : Text(DescriptionOf(error));
+  return {static_cast<std::int32_t>(error), Text(), description.append(u": ").append(path)};
+}
+
+Error EmptyFile(const Text& path) {
+  return {static_cast<std::int32_t>(RuntimeError::kPastEndOfFile), Text(), Text(u"The file is empty: ").append(path)};
+}
+
 }  // namespace
 
 Text ReadPreparedHeader(FileSystem& files, const Text& path) {
-  if (!files.FileExists(path)) StopExport(kHeaderFileNotFound);
+  if (!files.FileExists(path)) StopExport(kHeaderFileNotFound, NotFound(files, path));
   const Text text = ReadWhole(files, path);
-  if (IsBlank(text)) StopExport(kHeaderFileEmpty);
+  if (IsBlank(text)) StopExport(kHeaderFileEmpty, EmptyFile(path));
   return Text(Trim(text));
 }
 
 PreparedData::PreparedData(FileSystem& files, const Text& path) {
   AccessingData([&] {
-    if (!files.FileExists(path)) StopExport(kDataFileNotFound);
+    if (!files.FileExists(path)) StopExport(kDataFileNotFound, NotFound(files, path));
     text_ = ReadWhole(files, path);
   });
   SplitLines();

@@ -50,7 +50,8 @@ void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnName
   MergeDataFile file = OpenMergeDataFile(session, rsSourceFile, options.multiDocument);
   checkpointNumber = 4;
   const TextView separator(&kExportSeparator, 1);
-  if (names == ColumnNameSource::kFieldNames) rsFieldNames = Join(FieldNames(session.recordset()), separator);
+  if (names == ColumnNameSource::kFieldNames)
+    rsFieldNames = FieldNameHeader(session.recordset(), context.preferences.namesOfRecordset);
   if (options.barCode) rsFieldNames.append(separator).append(options.barCode->BarCodeField());
   file.WriteHeader(rsFieldNames);
   file.WriteBlankRecords(context.blankRecordsBefore, reader.FieldCount() + (options.barCode ? 1 : 0));

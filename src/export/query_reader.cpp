@@ -4,6 +4,7 @@
 #include "export/progress.h"
 #include "foundation/ignore_errors.h"
 #include "runtime/convert.h"
+#include "runtime/error.h"
 
 namespace zorkanca {
 
@@ -43,11 +44,35 @@ std::int16_t QueryReader::Copies() {
   return ToInteger(session_.recordset().FieldNamed(context.multiplier).Value(), context.platform.locale);
 }
 
+// Binary data has no text form; the error does not tell which column holds them.
+void QueryReader::NoteBinaryColumn(const Error& failure) {
+  constexpr auto kTypeMismatch = RuntimeError::kTypeMismatch;
+  if (failure.number() != static_cast<std::int32_t>(kTypeMismatch)) return;
+  if (failure.description() != DescriptionOf(kTypeMismatch)) return;  // it names the column itself
+  for (std::int32_t index = 0; index < fieldCount_; ++index) {
+    Field& field = session_.recordset().FieldAt(index);
+    bool isBinary = false;
+    IgnoreErrors([&] { isBinary = std::holds_alternative<Binary>(field.Value()); });
+    if (!isBinary) continue;
+    const Text description =
+        Text(u"The column \"")
+            .append(field.Name())
+            .append(
+                u"\" holds binary data (BLOB), which has no text form; leave it out of the SELECT or convert it there");
+    return session_.context().NoteCause(Error(failure.number(), Text(), description));
+  }
+}
+
 void QueryReader::ForEachRecord(Reporting reporting, const std::function<void(std::int16_t copies)>& write) {
   Progress progress(session_.context(), recordCount_);
   Recordset& recordset = session_.recordset();
   for (; !recordset.Eof(); recordset.MoveNext()) {
-    write(Copies());
+    try {
+      write(Copies());
+    } catch (const Error& failure) {
+      NoteBinaryColumn(failure);
+      throw;
+    }
     if (reporting == Reporting::kPercent) progress.RecordDone();
   }
   if (reporting == Reporting::kPercent) progress.Finish();

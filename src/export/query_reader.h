@@ -45,6 +45,7 @@ class QueryReader {
 
  private:
   std::int16_t Copies();
+  void NoteBinaryColumn(const Error& failure);
 
   ExportSession& session_;
   std::int32_t fieldCount_ = 0;

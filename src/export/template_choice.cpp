@@ -1,6 +1,6 @@
 #include "export/template_choice.h"
 
-#include <optional>
+#include <utility>
 
 #include "export/export_failure.h"
 #include "foundation/registry_access.h"
@@ -41,18 +41,47 @@ TemplateChoice::TemplateChoice(const ExportContext& context, ApplOffice kind, Te
 
 TemplateChoice::Source TemplateChoice::FindFile() {
   Text& name = arguments_.rsTemplate;
-  Text path = name;
+  FileSystem& files = context_.platform.files;
+  std::vector<Text> places{name};
   if (GetParentFolderName(name).empty()) {
     if (IsBlank(name)) return Source::kList;
-    path = InSharedFolder(context_, name);
+    places = {InSharedFolder(context_, name)};
+    if (context_.preferences.currentFolder) places.push_back(files.GetAbsolutePathName(name));
   }
-  if (!context_.platform.files.FileExists(path)) return Source::kNothing;
-  name = std::move(path);
-  return Source::kFile;
+  for (const Text& path : places) {
+    if (!files.FileExists(path)) continue;
+    name = path;
+    return Source::kFile;
+  }
+  return Missing(places);
+}
+
+TemplateChoice::Source TemplateChoice::Missing(const std::vector<Text>& places) {
+  FileSystem& files = context_.platform.files;
+  RuntimeError number = RuntimeError::kFileNotFound;
+  Text description = u"The template was not found: ";
+  Text separator;
+  for (const Text& place : places) {
+    // The shared folder stands as the installation has it; what the caller wrote is read from the current folder on.
+    const bool isShared = places.size() > 1 && &place == &places.front();
+    const Text path = isShared ? place : files.GetAbsolutePathName(place);
+    if (files.FolderExists(path)) {
+      number = RuntimeError::kPathFileAccess;
+      description = Text(u"The template is a folder: ").append(path);
+      break;
+    }
+    description.append(std::exchange(separator, u", ")).append(path);
+  }
+  missing_ = Error(static_cast<std::int32_t>(number), Text(), std::move(description));
+  return Source::kNothing;
+}
+
+void TemplateChoice::RequireExisting() const {
+  if (source_ == Source::kNothing) StopExport(kInvalidTemplateName, *missing_);
 }
 
 bool TemplateChoice::Settle() {
-  if (source_ == Source::kNothing) StopExport(kInvalidTemplateName);
+  RequireExisting();
   if (source_ == Source::kFile) return true;
   if (!context_.templateList) Raise(RuntimeError::kNotSupported, u"not supported: TemplateList");
   TemplateListArguments list{.rsZorApl = arguments_.rsZorApl,

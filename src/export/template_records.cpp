@@ -9,7 +9,7 @@ namespace zorkanca {
 
 std::int32_t QueryTemplateRecords::Open() {
   TakeCode(rsFieldNames_, session_.context().platform.locale);
-  ChooseColumnNames(select_, rsFieldNames_);
+  ChooseColumnNames(select_, rsFieldNames_, session_.context().preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, options_);
   SetCodeRecordset(session_.recordset());

@@ -29,7 +29,8 @@ bool WordQueryExport::Run() {
 bool WordQueryExport::Export() {
   barCode_ = TakeBarCode(arguments_.rsFieldNames, context_.platform.locale);
   checkpointNumber_ = 1;
-  const ColumnNameSource names = ChooseColumnNames(select_, arguments_.rsFieldNames);
+  const ColumnNameSource names =
+      ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   checkpointNumber_ = 2;
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);

@@ -17,9 +17,11 @@ Text WorkFolderIn(FileSystem& files) {
 
 cZorOffice::cZorOffice(const Platform& platform)
     : templateLists_(platform),
+      report_(platform),
       context_{.platform = platform,
                .workFolder = WorkFolderIn(platform.files),
                .separators = FindNumberSeparators(platform.locale),
+               .report = &report_,
                .templateList = [this](TemplateListArguments& arguments) { return TemplateList(arguments); }} {
   FileSystem& files = platform.files;
   MakeFolder(files, context_.workFolder);
@@ -28,7 +30,7 @@ cZorOffice::cZorOffice(const Platform& platform)
 }
 
 bool cZorOffice::HTMLExport(Database& DB, const Text& rsSELECT, HtmlExportArguments& arguments) {
-  return HtmlExport(context_, DB, rsSELECT, arguments).Run();
+  return Ended(u"HTMLExport", HtmlExport(context_, DB, rsSELECT, arguments).Run());
 }
 
 }  // namespace zorkanca

@@ -31,6 +31,12 @@ class cZorOffice {
   /// Sends the events to a client, or to nobody (null). The client outlives the exports that it listens to.
   void Advise(ZorOfficeEvents* events) { context_.events = events; }
 
+  /// Tells causes and warnings, which events and message boxes do not, to a client, or to nobody (null). The client
+  /// outlives the operations that it listens to.
+  void Listen(ExportListener* listener) { report_.Listen(listener); }
+  /// What following operations do otherwise than clients have always got.
+  void Prefer(const ExportPreferences& preferences) { context_.preferences = preferences; }
+
   /// Step of PercentDone in percent, 1 at first. Any number is stored; one that is not positive acts as 1.
   float PercentInterval() const { return context_.percentInterval; }
   void PercentInterval(float interval) { context_.percentInterval = interval; }
@@ -58,15 +64,15 @@ class cZorOffice {
 
   /// Merges the rows of the SELECT into a Word template; see `WordQueryExport`. Failures are shown to the user.
   bool WdExport(Database& DB, const Text& rsSELECT, WdExportArguments& arguments) {
-    return WordQueryExport(context_, DB, rsSELECT, arguments).Run();
+    return Ended(u"WdExport", WordQueryExport(context_, DB, rsSELECT, arguments).Run());
   }
   /// Merges prepared files into a Word template; see `WordFileExport`. Failures are shown to the user.
   bool WdExport_file(const Text& vsHeadersFileName, const Text& vsDataFileName, WordExportArguments& arguments) {
-    return WordFileExport(context_, vsHeadersFileName, vsDataFileName, arguments).Run();
+    return Ended(u"WdExport_file", WordFileExport(context_, vsHeadersFileName, vsDataFileName, arguments).Run());
   }
   /// Fills a Word form once per row of the SELECT; see `WordFormExport`. Failures are shown to the user.
   bool WdExportForm(Database& DB, const Text& rsSELECT, WdExportFormArguments& arguments) {
-    return WordFormExport(context_, DB, rsSELECT, arguments).Run();
+    return Ended(u"WdExportForm", WordFormExport(context_, DB, rsSELECT, arguments).Run());
   }
   /// Splits a line of a prepared data file; see `SplitColumnsFromDataRow`.
   void up_SplitColumnsFromDataRow(const Text& vsSource, std::vector<Text>& RetVal) const {
@@ -74,9 +80,13 @@ class cZorOffice {
   }
 
   /// Merges a template with a data file; see `MailMergeRun`. Failures are told by ExportState.
-  bool MakeMailDocument(MakeMailDocumentArguments& arguments) { return MailMergeRun(context_, arguments).Run(); }
+  bool MakeMailDocument(MakeMailDocumentArguments& arguments) {
+    return Ended(u"MakeMailDocument", MailMergeRun(context_, arguments).Run());
+  }
   /// Opens a document in Word; see `OpenWordDocument`.
-  bool GetOpenDoc(GetOpenDocArguments& arguments) { return OpenWordDocument(context_, arguments); }
+  bool GetOpenDoc(GetOpenDocArguments& arguments) {
+    return Ended(u"GetOpenDoc", OpenWordDocument(context_, arguments));
+  }
 
   /// Lets the user choose a template of a list; see `TemplateLists`.
   Text TemplateList(TemplateListArguments& arguments) { return templateLists_.TemplateList(arguments); }
@@ -86,20 +96,29 @@ class cZorOffice {
   }
   /// Puts the rows of the SELECT into a new Excel workbook as a plain table; see `ExcelExport`.
   bool XlExport(Database& DB, const Text& rsSELECT, XlExportArguments& arguments) {
-    return ExcelExport(context_, DB, rsSELECT, arguments).Run();
+    return Ended(u"XlExport", ExcelExport(context_, DB, rsSELECT, arguments).Run());
   }
   /// Fills an Excel template with the rows of the SELECT, or with those of prepared files; see `ExportIntoTemplate`.
   bool XlExport_sab(Database& DB, const Text& rsSELECT, XlSabArguments& arguments) {
-    return ExportIntoTemplate(context_, DB, rsSELECT, arguments);
+    return Ended(u"XlExport_sab", ExportIntoTemplate(context_, DB, rsSELECT, arguments));
   }
   bool XlExport_sab_file(const Text& vsHeadersFileName, const Text& vsDataFileName, XlTemplateArguments& arguments) {
-    return ExportIntoTemplate(context_, vsHeadersFileName, vsDataFileName, arguments);
+    return Ended(u"XlExport_sab_file", ExportIntoTemplate(context_, vsHeadersFileName, vsDataFileName, arguments));
   }
   /// Opens a workbook in Excel; see `OpenExcelWorkbook`.
-  bool GetOpenXls(GetOpenXlsArguments& arguments) { return OpenExcelWorkbook(context_, arguments); }
+  bool GetOpenXls(GetOpenXlsArguments& arguments) {
+    return Ended(u"GetOpenXls", OpenExcelWorkbook(context_, arguments));
+  }
 
  private:
+  // The report of an operation ends with it.
+  bool Ended(TextView operation, bool done) {
+    report_.EndOperation(operation);
+    return done;
+  }
+
   TemplateLists templateLists_;
+  ExportReport report_;
   ExportContext context_;
 };
 

@@ -30,7 +30,7 @@ void AppendedFile::Commit() {
   Uninterrupted([&] { return fcntl(file.get(), F_OFD_SETLKW, &lock); });
 
   struct stat status {};
-  if (fstat(file.get(), &status) != 0) RaiseSystemError(errno);
+  if (fstat(file.get(), &status) != 0) RaiseSystemError(errno, target_.path);
   const bool regular = S_ISREG(status.st_mode);
   std::string_view rest = bytes_;
   if (!regular || status.st_size > 0) rest.remove_prefix(preambleSize_);
@@ -38,8 +38,8 @@ void AppendedFile::Commit() {
     const ssize_t count = Uninterrupted([&] { return write(file.get(), rest.data(), rest.size()); });
     if (count < 0) {
       const int failure = errno;
-      if (regular && ftruncate(file.get(), status.st_size) != 0) RaiseSystemError(errno);
-      RaiseSystemError(failure);
+      if (regular && ftruncate(file.get(), status.st_size) != 0) RaiseSystemError(errno, target_.path);
+      RaiseSystemError(failure, target_.path);
     }
     rest.remove_prefix(static_cast<std::size_t>(count));
   }

@@ -34,7 +34,7 @@ AtomicFile::AtomicFile(const std::string& path, const Options& options)
     : options_(options), target_(FindWriteTarget(path, options.create)), folder_(ParentFolder(target_.path)) {
   if (target_.IsDevice()) {
     file_ = FileDescriptor(Uninterrupted([&] { return open(target_.path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC); }));
-    if (!file_) RaiseSystemError(errno);
+    if (!file_) RaiseSystemError(errno, target_.path);
     return;
   }
   RequireWritableFolder(folder_);
@@ -51,7 +51,7 @@ void AtomicFile::OpenUnnamed() {
   if (access(kOwnDescriptors, X_OK) != 0) return;  // without it the file could never be named
   file_ = FileDescriptor(open(folder_.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode));
   const bool unsupported = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT;
-  if (!file_ && !unsupported) RaiseSystemError(errno);
+  if (!file_ && !unsupported) RaiseSystemError(errno, target_.path);
 }
 
 void AtomicFile::OpenNamed() {
@@ -71,11 +71,11 @@ void AtomicFile::Write(std::string_view bytes) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
     }
   }
-  if (failure_ != 0) RaiseSystemError(failure_);
+  if (failure_ != 0) RaiseSystemError(failure_, target_.path);
 }
 
 void AtomicFile::Commit() {
-  if (failure_ != 0) RaiseSystemError(failure_);
+  if (failure_ != 0) RaiseSystemError(failure_, target_.path);
   if (!target_.IsDevice()) KeepOwnerAndMode();
   RequireStored();
   if (target_.IsDevice()) return;
@@ -93,17 +93,17 @@ void AtomicFile::KeepOwnerAndMode() {
   const struct stat& old = *target_.existing;
   // Only the superuser may give files away; for others the file becomes the writer's own.
   [[maybe_unused]] const int ignored = fchown(file_.get(), old.st_uid, old.st_gid);
-  if (fchmod(file_.get(), old.st_mode & kPermissionBits) != 0) RaiseSystemError(errno);
+  if (fchmod(file_.get(), old.st_mode & kPermissionBits) != 0) RaiseSystemError(errno, target_.path);
 }
 
 // A network file system may report a full disk as late as on closing; a duplicate lets it do so before the old file
 // is gone.
 void AtomicFile::RequireStored() {
   if (!target_.IsDevice() && options_.durability == Durability::kSynced && fsync(file_.get()) != 0) {
-    RaiseSystemError(errno);
+    RaiseSystemError(errno, target_.path);
   }
   const int duplicate = fcntl(file_.get(), F_DUPFD_CLOEXEC, 0);
-  if (duplicate < 0 || (close(duplicate) != 0 && errno != EINTR)) RaiseSystemError(errno);
+  if (duplicate < 0 || (close(duplicate) != 0 && errno != EINTR)) RaiseSystemError(errno, target_.path);
 }
 
 void AtomicFile::GiveName() {

@@ -84,20 +84,20 @@ bool LinuxFileSystem::FolderExists(TextView path) {
 void LinuxFileSystem::CreateFolder(TextView path) {
   const std::string native = ToNativePath(path);
   if (mkdir(native.c_str(), 0777) == 0) return;
-  if (errno == ENOENT) Raise(RuntimeError::kPathNotFound);
-  RaiseSystemError(errno);
+  if (errno == ENOENT) RaiseAbout(RuntimeError::kPathNotFound, native);
+  RaiseSystemError(errno, native);
 }
 
 void LinuxFileSystem::DeleteFile(TextView path, bool force) {
   const std::string native = ToNativePath(path);
   struct stat status {};
-  if (lstat(native.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) Raise(RuntimeError::kFileNotFound);
+  if (lstat(native.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) RaiseAbout(RuntimeError::kFileNotFound, native);
   const bool link = S_ISLNK(status.st_mode);
-  if (!link && !S_ISREG(status.st_mode)) Raise(RuntimeError::kPermissionDenied);
+  if (!link && !S_ISREG(status.st_mode)) RaiseAbout(RuntimeError::kPermissionDenied, native);
   const bool readOnly =
       !link && ((status.st_mode & 0222) == 0 || faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) != 0);
-  if (readOnly && !force) Raise(RuntimeError::kPermissionDenied);
-  if (unlink(native.c_str()) != 0) RaiseSystemError(errno);
+  if (readOnly && !force) RaiseAbout(RuntimeError::kPermissionDenied, native);
+  if (unlink(native.c_str()) != 0) RaiseSystemError(errno, native);
 }
 
 void LinuxFileSystem::ClearFolder(TextView folder, TextView wildcards) {
@@ -111,8 +111,8 @@ void LinuxFileSystem::ClearFolder(TextView folder, TextView wildcards) {
 std::vector<FileEntry> LinuxFileSystem::Files(TextView folder) {
   const std::string native = ToNativePath(folder);
   const OpenFolder open(opendir(native.c_str()));
-  if (!open && errno == ENOENT) Raise(RuntimeError::kPathNotFound);
-  if (!open) RaiseSystemError(errno);
+  if (!open && errno == ENOENT) RaiseAbout(RuntimeError::kPathNotFound, native);
+  if (!open) RaiseSystemError(errno, native);
   std::vector<FileEntry> files;
   ForEachEntry(open.get(), [&](const char* name) {
     struct stat status {};
@@ -155,7 +155,7 @@ std::unique_ptr<FileLock> LinuxFileSystem::LockFile(TextView path) {
   const std::string native = ToNativePath(path);
   for (;;) {
     FileDescriptor file(open(native.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file) RaiseSystemError(errno);
+    if (!file) RaiseSystemError(errno, native);
     Uninterrupted([&] { return flock(file.get(), LOCK_SH); });
     // While we waited the file may have been cleared away or replaced; then the lock is on nothing.
     const std::optional<struct stat> named = StatusOf(native);

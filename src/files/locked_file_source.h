@@ -16,6 +16,7 @@ class LockedFileSource final : public ByteSource {
   std::size_t Read(std::span<char> room) override;
 
  private:
+  std::string path_;
   FileDescriptor file_;
 };
 

@@ -11,42 +11,64 @@
 
 namespace zorkanca {
 
-void RaiseSystemError(int code) {
+namespace {
+
+// The error that stands for a code of the system.
+RuntimeError ErrorOf(int code) {
   switch (code) {
     case ENOENT:
-      Raise(RuntimeError::kFileNotFound);
+      return RuntimeError::kFileNotFound;
     case ENOTDIR:
-      Raise(RuntimeError::kPathNotFound);
+      return RuntimeError::kPathNotFound;
     case EEXIST:
-      Raise(RuntimeError::kFileExists);
+      return RuntimeError::kFileExists;
     case EISDIR:
-      Raise(RuntimeError::kPathFileAccess);
+      return RuntimeError::kPathFileAccess;
     case EACCES:
     case EPERM:
     case EROFS:
     case ETXTBSY:
-      Raise(RuntimeError::kPermissionDenied);
+      return RuntimeError::kPermissionDenied;
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-      Raise(RuntimeError::kDiskFull);
+      return RuntimeError::kDiskFull;
     case ENAMETOOLONG:
     case ELOOP:
-      Raise(RuntimeError::kBadFileName);
+      return RuntimeError::kBadFileName;
     case ENOMEM:
-      Raise(RuntimeError::kOutOfMemory);
-    default: {
-      const char* reason = strerrordesc_np(code);  // never translated
-      Raise(RuntimeError::kDeviceIo,
-            Text(DescriptionOf(RuntimeError::kDeviceIo)) + u": " + FromUtf8(reason ? reason : "unknown"));
-    }
+      return RuntimeError::kOutOfMemory;
+    default:
+      return RuntimeError::kDeviceIo;
   }
+}
+
+Text DescriptionOfCode(int code) {
+  const RuntimeError error = ErrorOf(code);
+  Text description(DescriptionOf(error));
+  if (error != RuntimeError::kDeviceIo) return description;
+  const char* reason = strerrordesc_np(code);  // never translated
+  return description.append(u": ").append(FromUtf8(reason ? reason : "unknown"));
+}
+
+}  // namespace
+
+void RaiseSystemError(int code) {
+  Raise(ErrorOf(code), DescriptionOfCode(code));
+}
+
+void RaiseSystemError(int code, const std::string& path) {
+  Raise(ErrorOf(code), DescriptionOfCode(code).append(u": ").append(FromNativePath(path)));
+}
+
+void RaiseAbout(RuntimeError error, const std::string& path) {
+  Raise(error, Text(DescriptionOf(error)).append(u": ").append(FromNativePath(path)));
 }
 
 void RaisePathError(int code, const std::string& path) {
   struct stat status {};
-  if (code == ENOENT && stat(ParentFolder(path).c_str(), &status) != 0) Raise(RuntimeError::kPathNotFound);
-  RaiseSystemError(code);
+  if (code == ENOENT && stat(ParentFolder(path).c_str(), &status) != 0) RaiseAbout(RuntimeError::kPathNotFound, path);
+  RaiseSystemError(code, path);
 }
 
 }  // namespace zorkanca

@@ -25,7 +25,7 @@ std::string WithoutLinks(std::string path) {
     const std::string next(target, static_cast<std::size_t>(length));
     path = next.starts_with('/') ? next : JoinPath(ParentFolder(path), next);
   }
-  RaiseSystemError(ELOOP);
+  RaiseSystemError(ELOOP, path);
 }
 
 bool IsWritable(const std::string& path, mode_t mode) {
@@ -39,13 +39,13 @@ WriteTarget FindWriteTarget(const std::string& path, bool create) {
   WriteTarget target{.path = WithoutLinks(path), .existing = std::nullopt};
   struct stat status {};
   if (stat(target.path.c_str(), &status) == 0) {
-    if (S_ISDIR(status.st_mode)) Raise(RuntimeError::kPathFileAccess);
-    if (!IsWritable(target.path, status.st_mode)) Raise(RuntimeError::kPermissionDenied);
+    if (S_ISDIR(status.st_mode)) RaiseAbout(RuntimeError::kPathFileAccess, target.path);
+    if (!IsWritable(target.path, status.st_mode)) RaiseAbout(RuntimeError::kPermissionDenied, target.path);
     target.existing = status;
   } else if (errno != ENOENT || !create) {
     RaisePathError(errno, target.path);
   } else if (target.path.ends_with('/')) {
-    Raise(RuntimeError::kPathNotFound);
+    RaiseAbout(RuntimeError::kPathNotFound, target.path);
   }
   return target;
 }
@@ -53,11 +53,11 @@ WriteTarget FindWriteTarget(const std::string& path, bool create) {
 void RequireWritableFolder(const std::string& folder) {
   struct stat status {};
   if (stat(folder.c_str(), &status) != 0) {
-    if (errno == ENOENT) Raise(RuntimeError::kPathNotFound);
-    RaiseSystemError(errno);
+    if (errno == ENOENT) RaiseAbout(RuntimeError::kPathNotFound, folder);
+    RaiseSystemError(errno, folder);
   }
-  if (!S_ISDIR(status.st_mode)) Raise(RuntimeError::kPathNotFound);
-  if (!IsWritable(folder, status.st_mode)) Raise(RuntimeError::kPermissionDenied);
+  if (!S_ISDIR(status.st_mode)) RaiseAbout(RuntimeError::kPathNotFound, folder);
+  if (!IsWritable(folder, status.st_mode)) RaiseAbout(RuntimeError::kPermissionDenied, folder);
 }
 
 }  // namespace zorkanca

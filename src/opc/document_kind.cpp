@@ -29,12 +29,12 @@ DocumentKind DocumentKindOf(const std::string& path) {
   const FileDescriptor file(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
   if (!file) RaisePathError(errno, path);
   struct stat status {};
-  if (fstat(file.get(), &status) != 0) RaiseSystemError(errno);
-  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR);
+  if (fstat(file.get(), &status) != 0) RaiseSystemError(errno, path);
+  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR, path);
   if (!S_ISREG(status.st_mode)) return DocumentKind::kOther;
 
   std::array<char, 128> buffer{};
-  const std::string_view start(buffer.data(), ReadAt(file, 0, buffer.data(), buffer.size()));
+  const std::string_view start(buffer.data(), ReadAt(file, 0, buffer.data(), buffer.size(), path));
   if (start.starts_with(kZip)) {
     const bool openDocument = start.size() > kZipHeaderLength && start.substr(kZipHeaderLength).starts_with(kMimeType);
     return openDocument ? DocumentKind::kOpenDocument : DocumentKind::kPackage;

@@ -29,12 +29,12 @@ ZipReader::ZipReader(std::string path, const ZipLimits& limits) : path_(std::mov
   if (!file_) RaisePathError(errno, path_);
   struct stat status {};
   if (fstat(file_.get(), &status) != 0) RaiseSystemError(errno);
-  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR);
+  if (S_ISDIR(status.st_mode)) RaiseSystemError(EISDIR, path_);
   if (!S_ISREG(status.st_mode)) RaiseNotOfficeDocument(path_, "it is no regular file");
   if (status.st_size == 0) RaiseNotOfficeDocument(path_, "it is empty");
   const zip::ReadAt readAt = [&](std::uint64_t offset, std::size_t length) {
     std::string bytes(length, '\0');
-    if (ReadAt(file_, offset, bytes.data(), length) != length) {
+    if (ReadAt(file_, offset, bytes.data(), length, path_) != length) {
       RaiseNotOfficeDocument(path_, "it changed while it was read");
     }
     return bytes;
@@ -47,7 +47,7 @@ void ZipReader::ReadCompressed(const ZipEntry& entry, const Take& take) const {
   for (std::uint64_t done = 0; done < entry.compressedSize;) {
     const std::size_t length =
         static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), entry.compressedSize - done));
-    if (ReadAt(file_, entry.dataOffset + done, block.data(), length) != length) {
+    if (ReadAt(file_, entry.dataOffset + done, block.data(), length, path_) != length) {
       RaiseBadPart(path_, '/' + entry.name, "its data end early");
     }
     take({block.data(), length});

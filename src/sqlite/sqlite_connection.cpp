@@ -1,10 +1,12 @@
 #include "sqlite/sqlite_connection.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 #include <utility>
 
 #include "runtime/utf8.h"
+#include "sqlite/sqlite_types.h"
 
 namespace zorkanca {
 
@@ -37,6 +39,19 @@ int WaitUnlessInterrupted(void* flag, int attempts) {
   return 1;
 }
 
+constexpr const char* kWidestKind = "zorkanca_widest_kind";
+
+// The aggregate function over the values of a column: the widest kind.
+void StepWidestKind(sqlite3_context* context, int, sqlite3_value** arguments) {
+  auto* const widest = static_cast<int*>(sqlite3_aggregate_context(context, sizeof(int)));  // zero at first
+  if (widest != nullptr) *widest = std::max(*widest, static_cast<int>(KindOf(arguments[0])));
+}
+
+void FinishWidestKind(sqlite3_context* context) {
+  const auto* const widest = static_cast<const int*>(sqlite3_aggregate_context(context, 0));
+  sqlite3_result_int(context, widest != nullptr ? *widest : 0);
+}
+
 [[noreturn]] void RaiseSqlite(std::int32_t number, Text description) {
   throw Error(number, u"SQLite", std::move(description));
 }
@@ -67,6 +82,8 @@ void SqliteConnection::Protect() {
   sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_limit(handle, SQLITE_LIMIT_SQL_LENGTH, kLongestStatement);
   sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
+  sqlite3_create_function_v2(handle, kWidestKind, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
+                             nullptr, StepWidestKind, FinishWidestKind, nullptr);
   // SQLite's callbacks take a plain pointer; it is only ever read from.
   auto* const flag = const_cast<std::atomic<bool>*>(interrupted_);
   sqlite3_busy_handler(handle, WaitUnlessInterrupted, flag);
@@ -104,9 +121,19 @@ void SqliteConnection::RefuseFurtherStatements(const char* rest, const char* end
   }
 }
 
-SqliteStatement SqliteConnection::PrepareCount(const SqliteQuery& query) {
-  // The line end closes a comment that the query may end with.
-  const std::string sql = "SELECT count(*) FROM (" + query.text + "\n)";
+SqliteStatement SqliteConnection::PrepareSurvey(const SqliteQuery& query, const std::vector<int>& columns) {
+  // The line end closes a comment that the query may end with. Columns of equal or odd names get names of their own,
+  // but only where some are asked for: without them SQLite leaves out whatever the number of rows does not need.
+  std::string sql = "SELECT count(*) FROM (" + query.text + "\n)";
+  if (!columns.empty()) {
+    std::string names;
+    std::string kinds;
+    const int count = sqlite3_column_count(query.statement.get());
+    for (int column = 0; column < count; ++column) names += (column > 0 ? ",c" : "c") + std::to_string(column);
+    for (const int column : columns) kinds += ", " + std::string(kWidestKind) + "(c" + std::to_string(column) + ")";
+    sql =
+        "WITH zorkanca_query(" + names + ") AS (" + query.text + "\n) SELECT count(*)" + kinds + " FROM zorkanca_query";
+  }
   sqlite3_stmt* prepared = nullptr;
   sqlite3_prepare_v2(handle_.get(), sql.data(), static_cast<int>(sql.size() + 1), &prepared, nullptr);
   return SqliteStatement(prepared);
@@ -143,6 +170,8 @@ void SqliteConnection::RaiseFailure(int code) const {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
       RaiseSqlite(kNoDatabase, text + u": " + FromUtf8(path_));
+    case SQLITE_IOERR:  // among others a folder in the place of a file
+      RaiseSqlite(kCallFailed, text + u": " + FromUtf8(path_));
     default:
       RaiseSqlite(kCallFailed, text);
   }

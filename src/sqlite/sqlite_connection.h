@@ -7,6 +7,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "runtime/error.h"
 
@@ -37,8 +38,11 @@ class SqliteConnection {
   /// Errors: 3146 also for no or several statements, and for one that changes something or returns no columns;
   /// 3061 when it holds parameters.
   SqliteQuery PrepareQuery(const std::string& sql);
-  /// Prepares the statement that counts the rows of a query; null for the few that cannot stand in a FROM clause.
-  SqliteStatement PrepareCount(const SqliteQuery& query);
+  /// Prepares the statement that surveys a query: its one row holds the number of the query's rows and then, for each
+  /// of the columns asked for, the widest `ValueKind` that is in it. Null for the few queries that cannot stand in a
+  /// FROM clause.
+  /// @param columns  positions from 0, ascending
+  SqliteStatement PrepareSurvey(const SqliteQuery& query, const std::vector<int>& columns);
 
   /// Goes to the next row. @return false after the last one
   bool Step(sqlite3_stmt* statement);

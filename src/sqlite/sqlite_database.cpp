@@ -1,7 +1,9 @@
 #include "sqlite/sqlite_database.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_connection.h"
 #include "sqlite/sqlite_recordset.h"
@@ -11,6 +13,18 @@ namespace zorkanca {
 namespace {
 
 constexpr std::int16_t kForwardOnly = 256;
+
+void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types) {
+  std::vector<Text> names;
+  for (std::int32_t index = 0; index < recordset.FieldCount(); ++index)
+    names.push_back(recordset.FieldAt(index).Name());
+  for (const auto& [name, type] : types) {
+    const auto isThis = [&wanted = name](const Text& each) { return EqualsIgnoringCase(each, wanted); };
+    if (std::any_of(names.begin(), names.end(), isThis)) continue;
+    Raise(RuntimeError::kItemNotFound,
+          u"The query has no column \"" + name + u"\"; its columns are " + Join(names, u", "));
+  }
+}
 
 }  // namespace
 
@@ -22,7 +36,9 @@ SqliteDatabase::~SqliteDatabase() = default;
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(TextView name, RecordsetType /*type*/, std::int16_t options) {
   if (!connection_) connection_ = std::make_shared<SqliteConnection>(path_, interrupted_);
   const bool forwardOnly = (options & kForwardOnly) != 0;
-  return std::make_unique<SqliteRecordset>(connection_, ToUtf8(name), forwardOnly);
+  auto recordset = std::make_unique<SqliteRecordset>(connection_, ToUtf8(name), forwardOnly, types_);
+  if (std::exchange(checksTypes_, false)) RequireColumns(*recordset, types_);
+  return recordset;
 }
 
 }  // namespace zorkanca

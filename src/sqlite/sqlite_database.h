@@ -4,12 +4,17 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/database.h"
 
 namespace zorkanca {
 
 class SqliteConnection;
+
+/// Columns by name and the types that were settled for them.
+using SqliteColumnTypes = std::vector<std::pair<Text, FieldType>>;
 
 /// Opens its file at the first `OpenRecordset`, so that a missing or foreign file is a failure of the export that needs
 /// it. One thread at a time. The file is never created or changed; see docs/formats/sqlite.md for locks and side files.
@@ -26,10 +31,19 @@ class SqliteDatabase final : public Database {
   /// parameters, 3146 for everything else that SQLite says and for more or less than one reading statement; 18.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
+  /// Settles the types of columns by their names, case ignored, for all recordsets to come. The next statement must
+  /// have them all. Errors of `OpenRecordset` then: also 3265 for a column that it lacks.
+  void SettleTypes(SqliteColumnTypes types) {
+    types_ = std::move(types);
+    checksTypes_ = true;
+  }
+
  private:
   std::string path_;
   const std::atomic<bool>* interrupted_;
   std::shared_ptr<SqliteConnection> connection_;
+  SqliteColumnTypes types_;
+  bool checksTypes_ = false;
 };
 
 }  // namespace zorkanca

@@ -26,19 +26,22 @@ class SqliteField final : public Field {
     if (name == nullptr) Raise(RuntimeError::kOutOfMemory);
     AppendUtf8(name_, name);
     if (const char* const declaration = sqlite3_column_decltype(statement, column)) {
-      isDeclared_ = true;
+      isSettled_ = true;
       type_ = DeclaredType(declaration);
     }
+  }
+
+  bool isSettled() const { return isSettled_; }
+  void Settle(FieldType type) {
+    isSettled_ = true;
+    type_ = {type, 0};
   }
 
   const Text& Name() const override { return name_; }
   std::int32_t Size() const override { return type_.size; }
 
-  /// Of an expression: the type of its value in the row on which the statement stands; for Null the type before.
   FieldType Type() const override {
-    if (!isDeclared_ && recordset_.statementOnRow_) {
-      type_.type = StoredType(recordset_.query_.statement.get(), column_).value_or(type_.type);
-    }
+    if (!isSettled_) recordset_.Survey();
     return type_.type;
   }
 
@@ -55,8 +58,8 @@ class SqliteField final : public Field {
   SqliteRecordset& recordset_;
   int column_;
   Text name_;
-  bool isDeclared_ = false;
-  mutable SqliteColumnType type_;
+  bool isSettled_ = false;
+  SqliteColumnType type_;
   zorkanca::Value value_;
   std::uint64_t generation_ = 0;  // of the recordset when the value was read
 };
@@ -68,23 +71,29 @@ std::size_t SqliteRecordset::NameHash::operator()(TextView name) const {
   return static_cast<std::size_t>(hash);
 }
 
-SqliteRecordset::SqliteRecordset(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool forwardOnly)
+SqliteRecordset::SqliteRecordset(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool forwardOnly,
+                                 const SqliteColumnTypes& types)
     : snapshot_(std::make_unique<SqliteSnapshot>(std::move(connection))),
       query_(snapshot_->connection().PrepareQuery(sql)),
       forwardOnly_(forwardOnly) {
   Step();
-  MakeFields();  // after the first step, which sees changes of the schema that came in between
+  MakeFields(types);  // after the first step, which sees changes of the schema that came in between
 }
 
 SqliteRecordset::~SqliteRecordset() {
   Close();
 }
 
-void SqliteRecordset::MakeFields() {
+void SqliteRecordset::MakeFields(const SqliteColumnTypes& types) {
   const int columns = sqlite3_column_count(query_.statement.get());
   for (int column = 0; column < columns; ++column) {
     fields_.push_back(std::make_unique<SqliteField>(*this, column));
     fieldsByName_.emplace(fields_.back()->Name(), fields_.size() - 1);  // the first of equal names stays
+  }
+  for (const auto& [name, type] : types) {
+    for (const std::unique_ptr<SqliteField>& field : fields_) {
+      if (EqualsIgnoringCase(field->Name(), name)) field->Settle(type);
+    }
   }
 }
 
@@ -144,19 +153,43 @@ void SqliteRecordset::MoveNext() {
 void SqliteRecordset::MoveLast() {
   RequireRows();
   RequireBackwards();
-  if (count_ < 0) count_ = CountRows();
+  if (count_ < 0) Survey();
+  count_ = surveyed_;
   position_ = Position::kOnLast;
   ++generation_;
 }
 
-std::int64_t SqliteRecordset::CountRows() {
-  if (const SqliteStatement counting = snapshot_->connection().PrepareCount(query_)) {
-    snapshot_->connection().Step(counting.get());
-    return sqlite3_column_int64(counting.get(), 0);
+void SqliteRecordset::Survey() {
+  if (surveyed_ >= 0 || !snapshot_) return;
+  std::vector<int> columns;
+  for (std::size_t index = 0; index < fields_.size(); ++index) {
+    if (!fields_[index]->isSettled()) columns.push_back(static_cast<int>(index));
   }
-  if (!statementOnRow_) Rewind();
-  while (statementOnRow_) Step();
-  return row_;
+  std::vector<ValueKind> kinds(columns.size(), ValueKind::kNull);
+  if (const SqliteStatement survey = snapshot_->connection().PrepareSurvey(query_, columns)) {
+    snapshot_->connection().Step(survey.get());
+    surveyed_ = sqlite3_column_int64(survey.get(), 0);
+    int at = 0;
+    for (ValueKind& kind : kinds) kind = static_cast<ValueKind>(sqlite3_column_int(survey.get(), ++at));
+  } else {
+    WalkThroughRows(columns, kinds);
+  }
+  for (std::size_t index = 0; index < columns.size(); ++index) {
+    fields_[static_cast<std::size_t>(columns[index])]->Settle(TypeOfKind(kinds[index]));
+  }
+}
+
+// What cannot stand in a FROM clause is run once more, from start to end.
+void SqliteRecordset::WalkThroughRows(const std::vector<int>& columns, std::vector<ValueKind>& kinds) {
+  const SqliteQuery again = snapshot_->connection().PrepareQuery(query_.text);
+  sqlite3_stmt* const statement = again.statement.get();
+  std::int64_t rows = 0;
+  for (; snapshot_->connection().Step(statement); ++rows) {
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      kinds[index] = std::max(kinds[index], KindOf(sqlite3_column_value(statement, columns[index])));
+    }
+  }
+  surveyed_ = rows;
 }
 
 std::int32_t SqliteRecordset::RecordCount() const {

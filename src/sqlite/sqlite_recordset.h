@@ -10,6 +10,8 @@
 
 #include "platform/database.h"
 #include "sqlite/sqlite_connection.h"
+#include "sqlite/sqlite_database.h"
+#include "sqlite/sqlite_types.h"
 
 namespace zorkanca {
 
@@ -19,10 +21,15 @@ class SqliteField;
 /// in name only: the statement is moved there when a value is asked for, at the cost of a walk through the rows.
 /// `MoveFirst` costs nothing while the statement is on its first row; else the query runs again. Bof is true only
 /// when there are no rows at all.
+///
+/// A column that declares no type has one type for all rows, that of the widest kind of value in it. The counting query
+/// finds it on its way; who asks for a type or a value before `MoveLast` sets the query going earlier.
 class SqliteRecordset final : public Recordset {
  public:
   /// Runs the query and stands on its first row. Errors: those of `SqliteConnection`.
-  SqliteRecordset(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool forwardOnly);
+  /// @param types  of columns that were settled by the caller
+  SqliteRecordset(std::shared_ptr<SqliteConnection> connection, const std::string& sql, bool forwardOnly,
+                  const SqliteColumnTypes& types);
   ~SqliteRecordset() override;
 
   bool Bof() const override { return position_ == Position::kAfterRows && reached_ == 0; }
@@ -57,12 +64,13 @@ class SqliteRecordset final : public Recordset {
     bool operator()(TextView left, TextView right) const { return EqualsIgnoringCase(left, right); }
   };
 
-  void MakeFields();
+  void MakeFields(const SqliteColumnTypes& types);
   void RequireRows() const;
   void RequireBackwards() const;
   void Step();
   void Rewind();
-  std::int64_t CountRows();
+  void Survey();
+  void WalkThroughRows(const std::vector<int>& columns, std::vector<ValueKind>& kinds);
   sqlite3_stmt* StatementOnRow();
 
   std::unique_ptr<SqliteSnapshot> snapshot_;  // outlives the statement; null when closed
@@ -75,7 +83,8 @@ class SqliteRecordset final : public Recordset {
   bool statementOnRow_ = false;
   std::int64_t row_ = 0;          // on which the statement stands, from 1
   std::int64_t reached_ = 0;      // the highest row so far
-  std::int64_t count_ = -1;       // of all rows; -1 until `MoveLast`
+  std::int64_t surveyed_ = -1;    // number of all rows; -1 until the query was surveyed
+  std::int64_t count_ = -1;       // the same, once `MoveLast` was called
   std::uint64_t generation_ = 1;  // changes whenever another row becomes current
 };
 

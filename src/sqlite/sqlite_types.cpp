@@ -147,24 +147,41 @@ SqliteColumnType DeclaredType(std::string_view declaration) {
   return size > kLongestText ? SqliteColumnType{FieldType::kMemo, 0} : SqliteColumnType{type, size};
 }
 
-std::optional<FieldType> StoredType(sqlite3_stmt* statement, int column) {
-  switch (sqlite3_column_type(statement, column)) {
+ValueKind KindOf(sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER: {
-      const std::int64_t number = sqlite3_column_int64(statement, column);
-      return number == static_cast<std::int32_t>(number) ? FieldType::kLong : FieldType::kBigInteger;
+      const std::int64_t number = sqlite3_value_int64(value);
+      return number == static_cast<std::int32_t>(number) ? ValueKind::kLong : ValueKind::kBigInteger;
     }
     case SQLITE_FLOAT:
-      return FieldType::kDouble;
+      return ValueKind::kReal;
     case SQLITE_TEXT: {
-      const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      const auto* const text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+      const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
       const bool isLong = text != nullptr && IsLongerThanText({text, size});
-      return isLong ? FieldType::kMemo : FieldType::kText;
+      return isLong ? ValueKind::kMemo : ValueKind::kText;
     }
     case SQLITE_BLOB:
+      return ValueKind::kBinary;
+    default:
+      return ValueKind::kNull;
+  }
+}
+
+FieldType TypeOfKind(ValueKind kind) {
+  switch (kind) {
+    case ValueKind::kLong:
+      return FieldType::kLong;
+    case ValueKind::kBigInteger:
+      return FieldType::kBigInteger;
+    case ValueKind::kReal:
+      return FieldType::kDouble;
+    case ValueKind::kMemo:
+      return FieldType::kMemo;
+    case ValueKind::kBinary:
       return FieldType::kLongBinary;
     default:
-      return std::nullopt;
+      return FieldType::kText;
   }
 }
 

@@ -4,7 +4,6 @@
 #include <sqlite3.h>
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "platform/database.h"
@@ -20,8 +19,14 @@ struct SqliteColumnType {
 /// matter. The table of all types is in docs/formats/sqlite.md.
 SqliteColumnType DeclaredType(std::string_view declaration);
 
-/// The type of the value itself, for columns that declare none (expressions). Nothing for Null.
-/// @param statement  standing on a row
-std::optional<FieldType> StoredType(sqlite3_stmt* statement, int column);
+/// What the values of a column that declares no type (an expression) ask for, from the narrowest to the widest; a
+/// column that holds several kinds has the widest. Nothing but Null asks for nothing.
+enum class ValueKind { kNull, kLong, kBigInteger, kReal, kText, kMemo, kBinary };
+
+/// The kind of one value.
+ValueKind KindOf(sqlite3_value* value);
+
+/// The type of a column whose values ask for no more than this. Nulls alone: text.
+FieldType TypeOfKind(ValueKind kind);
 
 }  // namespace zorkanca

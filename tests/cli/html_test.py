@@ -47,15 +47,17 @@ class HtmlTest(CommandLineCase):
             ("SELECT a FROM t; SELECT a FROM t", "odd.db", "kept.htm", access),
             ("DELETE FROM t", "odd.db", "kept.htm", access),
             ("SELECT a FROM t WHERE a = 2", "odd.db", "kept.htm", TITLE + "Nebyly nalezeny žádné záznamy !\n"),
-            ("SELECT FROM t", "odd.db", "kept.htm", TITLE + "Chyba při sestavování hlavičky souboru !\n"),
+            ("SELECT FROM t", "odd.db", "kept.htm", access + "zorkanca: cause: 3146 - near \"FROM\": syntax error\n"),
+            (("SELECT FROM t", "--names", "select"), "odd.db", "kept.htm", TITLE + "Chyba při sestavování hlavičky souboru !\n"),
             ("SELECT b FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch.\n"),
             ("SELECT c FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch"),
             ("SELECT d FROM t", "odd.db", "new.htm", UNEXPECTED + "13 - Type mismatch"),
-            ("SELECT a FROM t", "odd.db", "none/new.htm", UNEXPECTED + "76 - Path not found.\n"),
+            ("SELECT a FROM t", "odd.db", "none/new.htm", f"zorkanca: 76 - Path not found: {self.folder}/none\n"),
         ]:
             kept.write_text("old")
             before = set(self.folder.iterdir())
-            stdout, stderr = self.html(select, "-o", output, database=database, status=1)
+            select, *more = (select,) if isinstance(select, str) else select
+            stdout, stderr = self.html(select, *more, "-o", output, database=database, status=1)
             self.assertEqual(stdout, "")
             self.assertTrue(stderr.startswith(message), (select, stderr))
             self.assertEqual(kept.read_text(), "old")

@@ -35,7 +35,7 @@ class OfficeTest(CommandLineCase):
             ("none.docx", "x.pdf", opening + f"{self.folder}/none.docx\n"),
             ("bad.docx", "x.pdf", opening + f"{self.folder}/bad.docx\n"),
             ("none.xlsx", "x.pdf", title + f"Nepodařilo se otevřít soubor: \n{self.folder}/none.xlsx\n"),
-            ("good.docx", "none/x.pdf", converting + "76 - Path not found\n"),
+            ("good.docx", "none/x.pdf", converting + f"76 - Path not found: {self.folder}/none\n"),
         ]:
             self.assertEqual(self.run_program("pdf", source, target, status=1), ("", message))
             self.assertFalse((self.folder / "x.pdf").exists())

@@ -34,9 +34,10 @@ class WordTest(CommandLineCase):
     def test_templates_of_the_shared_folder(self):
         home = ["--home", "templates-home"]
         # The names are derived from a SELECT of several lines.
-        word = [*home, "word", "--db", "sklad.db", "--select", (SAMPLE.parent / "cenik.sql").read_text(), "--no-open"]
+        word = [*home, "word", "--db", "sklad.db", "--select", (SAMPLE.parent / "cenik.sql").read_text(), "--no-open",
+                "--names", "select"]
         title = "Export dat do aplikace MS Word: "
-        self.assertEqual(self.run_program(*word, "--template", "cenik.docx", status=1)[1], title + "Neplatný název šablony !\n")
+        self.assertIn(title + "Neplatný název šablony !\n", self.run_program(*word, "--template", "cenik.docx", status=1)[1])
         self.run_program(*home, "registry", "set", "HKLM\\SOFTWARE\\QRD\\Zorix\\Instalace", "sablony", SAMPLE.parent)
         self.assertEqual(self.run_program(*word, "--template", "cenik.docx"), (f"{self.folder}/cenik.docx\n", ""))
         self.assertIn(">Z01010<", self.part(self.folder / "cenik.docx", "word/document.xml"))

@@ -169,7 +169,7 @@ TEST_F(ExcelExportTest, FailuresShowTheirMessageAndLeaveNothingBehind) {
   const auto expect = [&](const std::string& message, bool done) {
     EXPECT_FALSE(done);
     EXPECT_EQ(Lines("message"), Journal{kTitle + message});
-    EXPECT_EQ(computer.files.Paths(), std::vector<Text>{});
+    EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{});
     EXPECT_EQ(office.BlankRecordsBefore(), 0);
     EXPECT_EQ(database.openRecordsets, 0);
     office.BlankRecordsBefore(1);

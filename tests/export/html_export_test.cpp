@@ -220,11 +220,11 @@ TEST_F(HtmlExportTest, FailuresShowTheirMessageAndLeaveNothingBehind) {
   office.PercentInterval(40);
   events.cancelAt = 40;
   expect("Výstup byl přerušen uživatelem !", Run());
-  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{});
+  EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{});
   events.cancelAt = -1;
   computer.shell.onOpen = [](TextView) { Raise(RuntimeError::kFileNotFound); };
   expect("Neočekávaná chyba: \r\n53 - File not found.", Run());
-  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{});
+  EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{});
   database.rows.clear();
   expect("Nebyly nalezeny žádné záznamy !", Run());
 }
@@ -241,7 +241,7 @@ TEST_F(HtmlExportTest, AFailureOfAnyFileCallCleansUp) {
     if (done) break;
     EXPECT_THAT(computer.journal,
                 ::testing::Contains(kFailureTitle + std::string("Neočekávaná chyba: \r\n70 - Permission denied.")));
-    EXPECT_EQ(computer.files.Paths(), std::vector<Text>{});
+    EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{});
     EXPECT_EQ(database.openRecordsets, 0);
   }
   EXPECT_GT(call, 10) << "the export opened, wrote and closed its file; from each of those calls on all have failed";

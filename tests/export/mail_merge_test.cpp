@@ -110,14 +110,14 @@ TEST_F(MailMergeTest, OneDocumentForEachRecord) {
       << "no hourglass of each opening";
   EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "percent 100"), 1);
   EXPECT_EQ(computer.word.documents.size(), 3u);
-  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+  EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{u"C:\\Temp\\data.txt"});
 
   events.cancelAfter = 2;
   office.PercentInterval(30);
   computer.journal.clear();
   EXPECT_FALSE(office.MakeMailDocument(arguments));
   EXPECT_THAT(computer.journal, ::testing::Contains("state 0 Výstup byl přerušen uživatelem !"));
-  EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+  EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{u"C:\\Temp\\data.txt"});
   EXPECT_EQ(computer.word.documents.size(), 5u) << "documents that are merged stay open";
 }
 
@@ -130,7 +130,7 @@ TEST_F(MailMergeTest, FailuresAreToldByStates) {
       EXPECT_FALSE(line.starts_with("message "));
     }
     EXPECT_EQ(computer.journal.back(), "pointer 0");
-    EXPECT_EQ(computer.files.Paths(), std::vector<Text>{u"C:\\Temp\\data.txt"});
+    EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{u"C:\\Temp\\data.txt"});
     computer.journal.clear();
     return last;
   };

@@ -115,7 +115,7 @@ TEST_F(WordExportTest, OneDocumentForEachRecord) {
   EXPECT_EQ(finished.size(), 2u);
   EXPECT_TRUE(computer.word.documents.empty());
   EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "percent 100"), 1) << "the merge's own";
-  EXPECT_EQ(computer.files.Paths(), (std::vector<Text>{kTemplate.data(), arguments.rsSourceFile}));
+  EXPECT_EQ(computer.PathsBesideLog(), (std::vector<Text>{kTemplate.data(), arguments.rsSourceFile}));
 
   office.WhenDocumentIsFinished([&](const WordDocumentReference&) { Raise(RuntimeError::kDiskFull); });
   EXPECT_FALSE(Run());
@@ -129,7 +129,7 @@ TEST_F(WordExportTest, FailuresShowMessagesAndCheckpoints) {
     EXPECT_EQ(Messages(), messages);
     EXPECT_EQ(computer.journal.back(), "pointer 0");
     EXPECT_EQ(database.openRecordsets, 0);
-    EXPECT_EQ(computer.files.Paths(), std::vector<Text>{Text(kTemplate)}) << messages.front();
+    EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{Text(kTemplate)}) << messages.front();
     arguments.rsTemplate = kTemplate;
     arguments.rsFieldNames.clear();
     arguments.rsSourceFile.clear();
@@ -216,7 +216,7 @@ TEST_F(WordExportTest, AFailureOfAnyFileCallLeavesNoIntermediateFile) {
       computer.files.FailFromCall(0);
       if (done) break;
       EXPECT_TRUE(Messages().front().starts_with(kTitle));
-      EXPECT_EQ(computer.files.Paths(), std::vector<Text>{Text(kTemplate)}) << call;
+      EXPECT_EQ(computer.PathsBesideLog(), std::vector<Text>{Text(kTemplate)}) << call;
       EXPECT_EQ(database.openRecordsets, 0);
       documents = std::max(documents, computer.word.documents.size());
       last.insert(Messages().back());

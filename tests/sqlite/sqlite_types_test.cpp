@@ -55,23 +55,60 @@ TEST(SqliteTypes, ColumnsKeepTheirTypeThroughViewsAndSubqueries) {
   EXPECT_EQ(recordset->FieldAt(2).Type(), FieldType::kLong);
 }
 
-TEST(SqliteTypes, ExpressionsHaveTheTypeOfTheirCurrentValue) {
+TEST(SqliteTypes, ExpressionsHaveTheTypeOfTheWidestValueOfTheirColumn) {
+  struct Row {
+    const char* values;
+    FieldType type;
+  };
+  constexpr Row kRows[] = {
+      {"(NULL), (NULL)", FieldType::kText},
+      {"(NULL), (7)", FieldType::kLong},
+      {"(7), (3000000000), (8)", FieldType::kBigInteger},
+      {"(6909), (10486.5), (NULL)", FieldType::kDouble},
+      {"(10486.5), (3000000000)", FieldType::kDouble},
+      {"(1), ('x'), (0.5)", FieldType::kText},
+      {"('x'), (replace(hex(zeroblob(128)), '00', 'ž') || 'č')", FieldType::kText},
+      {"(1), (printf('%.*c', 256, 'x'))", FieldType::kMemo},
+      {"(1), (x'00'), ('x')", FieldType::kLongBinary},
+  };
   SqliteFile file("");
   SqliteDatabase database(file.path());
-  const auto recordset =
-      Open(database,
-           R"(VALUES (NULL), (7), (NULL), (3000000000), (0.5), ('x'), (replace(hex(zeroblob(128)), '00', 'ž') || 'č')
-      , (substr(replace(hex(zeroblob(128)), '00', 'žž'), 1, 255)), (x'00'))");
-  const FieldType expected[] = {FieldType::kText,       FieldType::kLong,   FieldType::kLong,
-                                FieldType::kBigInteger, FieldType::kDouble, FieldType::kText,
-                                FieldType::kText,       FieldType::kText,   FieldType::kLongBinary};
-  Field& field = recordset->FieldAt(0);
-  for (const FieldType type : expected) {
-    EXPECT_EQ(static_cast<int>(field.Type()), static_cast<int>(type)) << recordset->RecordCount();
-    recordset->MoveNext();
+  for (const Row& row : kRows) {
+    for (const bool counted : {true, false}) {
+      const auto recordset = Open(database, std::string("VALUES ") + row.values);
+      if (counted) CountAndReturn(*recordset);
+      for (; !recordset->Eof(); recordset->MoveNext()) {
+        EXPECT_EQ(static_cast<int>(recordset->FieldAt(0).Type()), static_cast<int>(row.type)) << row.values;
+      }
+      EXPECT_EQ(recordset->FieldAt(0).Type(), row.type) << "after the last row, too";
+    }
   }
-  EXPECT_EQ(field.Type(), FieldType::kLongBinary) << "after the last row the last type stays";
+  const auto mixed = Open(database, "SELECT column1 AS x, column1 AS x, 'a' || column1 FROM (VALUES (2), (0.5))");
+  EXPECT_EQ(mixed->FieldAt(1).Value(), Value(2.0)) << "an integer of a column with reals";
+  // What cannot stand in a FROM clause is run once more.
+  const auto pragma = Open(database, "PRAGMA table_info(sqlite_schema)");
+  pragma->MoveNext();
+  EXPECT_EQ(pragma->FieldAt(0).Type(), FieldType::kLong);
+  EXPECT_EQ(pragma->FieldAt(1).Value(), Value(Text(u"name")));
+}
 
+TEST(SqliteTypes, TypesThatTheCallerSettles) {
+  SqliteFile file("CREATE TABLE t (castka, den TEXT, n INTEGER); INSERT INTO t VALUES (19.99, '2026-03-01', 1)");
+  SqliteDatabase database(file.path());
+  database.SettleTypes({{u"CENA", FieldType::kCurrency}, {u"den", FieldType::kDate}, {u"n", FieldType::kBoolean}});
+  const auto recordset = Open(database, "SELECT castka * 2 AS cena, den, n FROM t");
+  EXPECT_EQ(recordset->FieldAt(0).Value(), Value(Currency{399800}));
+  EXPECT_EQ(recordset->FieldAt(1).Type(), FieldType::kDate);
+  EXPECT_EQ(recordset->FieldAt(2).Value(), Value(true));
+  EXPECT_NO_THROW(Open(database, "SELECT sum(n) FROM t")) << "a further statement need not have them";
+  database.SettleTypes({{u"cana", FieldType::kCurrency}});
+  EXPECT_EQ(ErrorOf([&] { Open(database, "SELECT castka AS cena, den FROM t"); }).what(),
+            std::string("3265 - The query has no column \"cana\"; its columns are cena, den"));
+}
+
+TEST(SqliteTypes, LengthsOfTexts) {
+  SqliteFile file("");
+  SqliteDatabase database(file.path());
   // 256 characters are a memo, 255 of two bytes each are not; a character outside the first plane counts twice.
   const auto lengths =
       Open(database,

@@ -155,6 +155,13 @@ class MemoryPlatform {
   FakeWord word{journal};
   FakeExcel excel{journal, files};
   FakeOffice office{word, excel};
+  /// Paths of all files but the error log's.
+  std::vector<Text> PathsBesideLog() const {
+    std::vector<Text> paths = files.Paths();
+    std::erase_if(paths, [this](const Text& path) { return path.starts_with(environment.logFolder); });
+    return paths;
+  }
+
   Platform platform{files, registry, userInterface, shell, clock, locale, eventLog, environment, office};
 };
 

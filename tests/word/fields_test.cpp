@@ -114,6 +114,18 @@ TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
   EXPECT_NE(body.find("w:fldLock=\"1\""), std::string::npos);
 }
 
+TEST(WordFields, ThatNameNoColumnSaySo) {
+  const std::string error = "Error! MergeField was not found in header record of data source.";
+  const std::string named = FieldCharacter("begin") + "<w:r><w:instrText>MERGEFIELD </w:instrText></w:r>" +
+                            F("MERGEFIELD K") + FieldCharacter("end");
+  WordFixture bench;
+  const auto merged = bench.Merge({.body = P(named) + P(F("NEXT", "") + named + R("."))},
+                                  "K;A\r\nA;1\r\nB;2\r\nC;3\r\n", MainDocumentType::kCatalog);
+  EXPECT_EQ(Shown(merged->Content()->Text()), "1\\r" + error + ".\\r" + error + "\\r.\\r");
+  bench.Saved(*merged);
+  EXPECT_EQ(bench.warnings, "There is no column for the merge field B.\nThere is no column for the merge field C.\n");
+}
+
 TEST(WordFields, MayNestAsDeepAsTheyLike) {
   std::string nested = F("MERGEFIELD Plat");
   for (int depth = 0; depth < 100; ++depth) {

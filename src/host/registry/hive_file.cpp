@@ -11,27 +11,11 @@
 
 namespace zorkanca {
 
-namespace {
-
-[[noreturn]] void RaiseWithPath(const Error& error, const std::string& path) {
-  throw Error(error.number(), error.source(), FromNativePath(path) + u": " + error.description());
-}
-
-std::string ContentOf(int file, const std::string& path) {
-  try {
-    return ReadToEnd(file);
-  } catch (const Error& error) {
-    RaiseWithPath(error, path);
-  }
-}
-
-}  // namespace
-
 void RaiseRegistryFileError(int code, const std::string& path) {
   try {
     RaiseSystemError(code);
   } catch (const Error& error) {
-    RaiseWithPath(error, path);
+    throw Error(error.number(), error.source(), FromNativePath(path) + u": " + error.description());
   }
 }
 
@@ -66,7 +50,7 @@ void HiveFile::Refresh() {
   const Stamp stamp = Open();
   const Text origin = FromNativePath(path_);
   std::vector<RegSection> sections;
-  if (file_) sections = ParseReg(ContentOf(file_.get(), path_), origin);
+  if (file_) sections = ParseReg(ReadToEnd(file_.get(), path_), origin);
   tree_.Load(sections, hive_, deletions_, origin);
   stamp_ = stamp;
 }

@@ -1,6 +1,7 @@
 #include "word/fields/field_format.h"
 
 #include "runtime/convert.h"
+#include "word/fields/field_messages.h"
 #include "word/fields/number_text.h"
 
 namespace zorkanca::word {
@@ -29,7 +30,7 @@ Text InCase(TextView text, CaseFormat format) {
 }  // namespace
 
 Text FieldFormat::Apply(TextView value, const Locale& locale) const {
-  if (argumentMissing) return u"Error! Switch argument not specified.";
+  if (argumentMissing) return Text(kMissingArgument);
   Text result(value);
   if (number) {
     if (const auto spelled = NumberOf(value, locale)) result = number->Apply(*spelled, locale);

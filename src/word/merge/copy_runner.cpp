@@ -6,6 +6,7 @@
 #include "opc/xml_escape.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "word/fields/field_messages.h"
 
 namespace zorkanca::word {
 
@@ -185,6 +186,12 @@ bool CopyRunner::IsTrue(const Condition& condition) {
   return Compare(left, condition.comparison, TextOf(condition.right), input_.locale);
 }
 
+// Copies are made again and again.
+void CopyRunner::WarnOnce(const Text& warning) {
+  constexpr std::size_t kMost = 1000;
+  if (input_.warn && warned_.size() < kMost && warned_.insert(warning).second) input_.warn(warning);
+}
+
 std::string_view CopyRunner::ValueOf(const ValueStep& step) {
   const bool framed = !step.before.parts.empty() || !step.after.parts.empty();
   if (step.source == ValueStep::Source::kColumn && !framed && !step.format.ChangesText()) return Column(step.column);
@@ -194,8 +201,14 @@ std::string_view CopyRunner::ValueOf(const ValueStep& step) {
       text = FromUtf8(Column(step.column));
       break;
     case ValueStep::Source::kNamedColumn: {
-      const std::ptrdiff_t column = input_.source.ColumnOf(TextOf(step.argument));
-      if (column >= 0) text = FromUtf8(Column(static_cast<std::size_t>(column)));
+      if (record_ >= input_.endRecord) return {};
+      const Text name = TextOf(step.argument);
+      const std::ptrdiff_t column = input_.source.ColumnOf(name);
+      if (column < 0) {
+        WarnOnce(u"There is no column for the merge field " + name + u".");
+        return value_ = ToUtf8(kMissingColumn);
+      }
+      text = FromUtf8(Column(static_cast<std::size_t>(column)));
       break;
     }
     case ValueStep::Source::kRecordNumber:

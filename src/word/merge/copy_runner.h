@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ struct MergeInput {
   std::size_t endRecord;               ///< behind the last record, from 0
   const HeaderIds* headers = nullptr;  ///< null while headers are not known: no ids are written
   std::function<bool()> cancelled{};   ///< asked before each copy; may be empty
+  /// Told in English of fields that the records made impossible; may be empty.
+  std::function<void(TextView)> warn{};
 };
 
 /// Where a copy ended.
@@ -67,6 +70,7 @@ class CopyRunner {
   bool IsTrue(const Condition& condition);
   std::string_view Column(std::size_t column);
   std::string_view ValueOf(const ValueStep& step);
+  void WarnOnce(const Text& warning);
 
   MergeInput input_;
   CopyStart start_;
@@ -74,6 +78,7 @@ class CopyRunner {
   std::size_t read_ = static_cast<std::size_t>(-1);  // the record in values_
   RecordValues values_;
   std::map<Text, Text> variables_;
+  std::set<Text> warned_;
   std::string value_;
   bool skipped_ = false;
   std::size_t shown_ = 0;  // bytes of values written so far

@@ -5,14 +5,13 @@
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "runtime/utf8.h"
+#include "word/fields/field_messages.h"
 #include "word/merge/story_compiler.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
 
 namespace {
-
-constexpr TextView kMissingColumn = u"Error! MergeField was not found in header record of data source.";
 
 // Fields whose old result says nothing about the merged records.
 bool ShouldWarn(TextView type) {

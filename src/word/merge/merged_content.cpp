@@ -106,8 +106,9 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
     (block == section ? endCompiler : copyCompiler).Add(block);
   }
   finalSection_ = endCompiler.Take();
-  copies_ = std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord,
-                                           order.endRecord, order.cancelled);
+  copies_ = std::make_unique<MergedCopies>(
+      order.source, copyCompiler.Take(), order.firstRecord,
+      MergeInput{*order.source, locale, order.endRecord, nullptr, order.cancelled, order.warn});
   if (copies_->count() == 0) {
     RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
   }
@@ -129,7 +130,7 @@ StoryText* MergedContent::HeaderText(std::int32_t section, HeaderKind kind) {
   const std::string& id = headerIds_[own * 2 + (kind == HeaderKind::kFooter ? 1 : 0)];
   const auto varying = headers_.byId().find(id);
   if (varying != headers_.byId().end()) return &headers_.StoryOf(varying->second, index / repeated, *copies_);
-  return HeaderStoryOf(parts_, id, plainHeaders_);
+  return HeaderStoryOf(parts_, id, plainHeaders_, [this](const std::string& part) { parts_.Changed(part); });
 }
 
 void MergedContent::Produce(PartSink& sink) const {
