@@ -1,3 +1,11 @@
+// Runs a program for one copy.
+//
+// The same visitor makes XML, text or nothing (a copy that is only counted): what is written differs, which steps run
+// and how records move never does, so that all three always agree. A value that is a column as it stands is appended
+// straight from the record; all others are made as text first. Arguments of fields are programs too and are run into a
+// text; what they show does not count for the lines that go when nothing was shown.
+//
+// The cost of a copy is that of what it appends.
 #include "word/merge/copy_runner.h"
 
 #include <algorithm>

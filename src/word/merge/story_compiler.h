@@ -1,8 +1,5 @@
-// Compiles the tree of a story into a program. Fields must have been folded (fields/field_fold.h). Beside
-// WordprocessingML it knows two elements that the assembly of sections puts in:
-//
-//   zk:break    in the w:pPr of a copy's last paragraph: its w:sectPr is written in all copies but the last
-//   zk:carrier  round blocks that are written in all copies but the last
+// Compiles the tree of a story into a program. Fields must have been folded (fields/field_fold.h) and sections
+// assembled (section_assembly.h); what both put into the tree is told in xml/own_elements.h.
 #pragma once
 
 #include <functional>
