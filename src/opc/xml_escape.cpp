@@ -37,21 +37,22 @@ void AppendXmlAttribute(std::string& xml, std::string_view utf8) {
 }
 
 std::string XmlCharacters(TextView text) {
-  std::string characters;
-  characters.reserve(text.size());
+  std::string characters(3 * text.size(), '\0');  // no unit gives more bytes; every value passes here
+  char* out = characters.data();
+  const auto put = [&](char byte) { *out++ = byte; };
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i];
     if (unit < 0x80) {
-      if (unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r')
-        characters.push_back(static_cast<char>(unit));
+      if (unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r') put(static_cast<char>(unit));
     } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      AppendCharacterAsUtf8(characters, CharacterOf(unit, text[++i]));
+      EncodeUtf8(CharacterOf(unit, text[++i]), put);
     } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-      AppendCharacterAsUtf8(characters, 0xFFFD);
+      EncodeUtf8(0xFFFD, put);
     } else if (unit < 0xFFFE) {
-      AppendCharacterAsUtf8(characters, unit);
+      EncodeUtf8(unit, put);
     }
   }
+  characters.resize(static_cast<std::size_t>(out - characters.data()));
   return characters;
 }
 

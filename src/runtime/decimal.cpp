@@ -1,5 +1,6 @@
 // Decimal numbers of plain texts.
 #include <algorithm>
+#include <cmath>
 
 #include "runtime/convert.h"
 #include "runtime/decimal_digits.h"
@@ -41,8 +42,13 @@ bool Assemble(DecimalDigits digits, std::int64_t scale, Decimal& number) {
 
 }  // namespace
 
-std::optional<Decimal> ToDecimal(const DecimalDigits& number) {
-  DecimalDigits rounded = number;
+std::optional<Decimal> ToDecimal(double value) {
+  if (std::uint64_t amount = TenThousandthsOf(std::fabs(value)); amount != 0) {
+    std::uint8_t scale = 4;
+    for (; scale > 0 && amount % 10 == 0; --scale) amount /= 10;
+    return Decimal{.low = amount, .scale = scale, .negative = value < 0};
+  }
+  DecimalDigits rounded = DigitsOf(value);
   RoundToDecimals(rounded, kLargestScale, RoundingMode::kHalfToEven);
   Decimal decimal;
   if (!Assemble(rounded, std::max<std::int64_t>(rounded.count - rounded.point, 0), decimal)) return std::nullopt;

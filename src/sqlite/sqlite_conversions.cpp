@@ -58,7 +58,7 @@ Decimal DecimalOf(std::int64_t number) {
 }
 
 std::optional<Decimal> DecimalOf(double number) {
-  return std::isfinite(number) ? ToDecimal(DigitsOf(number)) : std::nullopt;
+  return std::isfinite(number) ? ToDecimal(number) : std::nullopt;
 }
 
 }  // namespace zorkanca

@@ -42,7 +42,7 @@ std::uint64_t CountReferences(std::string_view xml) {
   XmlScanner scanner(xml);
   for (auto token = scanner.Next(); token != XmlScanner::Token::kDone; token = scanner.Next()) {
     if (token == XmlScanner::Token::kStart && LocalName(scanner.name()) == "c" &&
-        FindAttribute(scanner.attributes(), "t") == "s") {
+        AttributeText(scanner.attributes(), "t") == "s") {
       ++count;
     }
   }

@@ -81,14 +81,15 @@ double RowHeights::Of(const RowView& row) {
   bool mayBreak = false;
   for (const CellView& cell : row.cells) mayBreak = mayBreak || MayBreak(cell);
   if (!mayBreak) return 0;
-  const auto isSet = [&](std::string_view name) { return IsTrue(FindAttribute(row.attributes, name).value_or("")); };
-  if (isSet("customHeight") || isSet("hidden")) return 0;
+  const bool isKnown = FindAttribute(row.attributes, "ht").has_value();
+  if (IsTrue(AttributeText(row.attributes, "customHeight")) || IsTrue(AttributeText(row.attributes, "hidden")))
+    return 0;
   std::int64_t pixels = defaultPixels_;
   for (const CellView& cell : row.cells) {
     if (cell.kind == CellKind::kBlank) continue;
     pixels = std::max(pixels, LinesOf(cell, row.row) * FormatOf(cell.style).linePixels);
   }
-  if (pixels == defaultPixels_ && !FindAttribute(row.attributes, "ht")) return 0;
+  if (pixels == defaultPixels_ && !isKnown) return 0;
   return std::min(static_cast<double>(pixels) * kPointsPerPixel, kHighest);
 }
 

@@ -78,7 +78,7 @@ class SheetIndexer {
     if (colon != name.npos) part_.prefix_ = name.substr(0, colon + 1);
     const std::string declaration = colon == name.npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
     std::string uri;
-    AppendResolved(uri, FindAttribute(scanner_.attributes(), declaration).value_or(""));
+    AppendResolved(uri, AttributeText(scanner_.attributes(), declaration));
     if (SpaceOf(uri) != XmlSpace::kSheet || Local() != "worksheet") Refuse("it is no worksheet");
   }
 
@@ -102,9 +102,8 @@ class SheetIndexer {
   void BeginRow() {
     const std::optional<std::string_view> number = FindAttribute(scanner_.attributes(), "r");
     const std::optional<std::uint32_t> given = number ? WholeNumberOf(*number) : static_cast<std::uint32_t>(row_) + 1;
-    if (!given || *given < 1 || *given > std::uint32_t{kLastRow}) {
-      Refuse("it has a row " + std::string(number.value_or("beyond the last")));
-    }
+    if (!given || *given < 1 || *given > std::uint32_t{kLastRow})
+      Refuse("it has a row " + std::string(number.value_or("")));
     if (static_cast<std::int32_t>(*given) <= row_) Refuse("row " + std::to_string(*given) + " is out of order");
     row_ = static_cast<std::int32_t>(*given);
     column_ = 0;
@@ -166,13 +165,13 @@ class SheetIndexer {
 
   // The text of a shared formula stands in one of its cells only.
   void NoteSharedFormula(const FileCell& cell) {
-    if (FindAttribute(cell.formulaAttributes, "t") != "shared") return;
-    const std::optional<std::uint32_t> index = WholeNumberOf(FindAttribute(cell.formulaAttributes, "si").value_or(""));
+    if (AttributeText(cell.formulaAttributes, "t") != "shared") return;
+    const std::optional<std::uint32_t> index = WholeNumberOf(AttributeText(cell.formulaAttributes, "si"));
     if (!index) RefuseCell("its shared formula has no number");
     XmlScanner scanner(cell.formula);
     const bool hasText = scanner.Next() == Token::kStart;
     const std::string text = hasText ? scanner.ReadCharacters() : std::string();
-    const std::optional<CellArea> area = ParseArea(FindAttribute(cell.formulaAttributes, "ref").value_or(""));
+    const std::optional<CellArea> area = ParseArea(AttributeText(cell.formulaAttributes, "ref"));
     if (!text.empty()) {
       part_.sharedFormulas_.insert_or_assign(
           *index, SheetPart::SharedFormula{Formula::FromA1(text, {row_, column_}), area.value_or(CellArea())});
@@ -182,9 +181,8 @@ class SheetIndexer {
   }
 
   void NoteArray(const FileCell& cell) {
-    if (FindAttribute(cell.formulaAttributes, "t") != "array") return;
-    if (const auto area = ParseArea(FindAttribute(cell.formulaAttributes, "ref").value_or("")))
-      part_.arrays_.push_back(*area);
+    if (AttributeText(cell.formulaAttributes, "t") != "array") return;
+    if (const auto area = ParseArea(AttributeText(cell.formulaAttributes, "ref"))) part_.arrays_.push_back(*area);
   }
 
   SheetPart& part_;
@@ -227,10 +225,9 @@ void SheetPart::Read(const RowEntry& entry, RowView& row) const {
     view.type = cell.type;
     view.result = cell.result;
     if (cell.hasExtra) view.extra = cell.attributes;
-    if (cell.hasFormula && FindAttribute(cell.formulaAttributes, "t") == "shared") {
+    if (cell.hasFormula && AttributeText(cell.formulaAttributes, "t") == "shared") {
       view.kind = CellKind::kFormula;
-      view.formula =
-          &sharedFormulas_.at(WholeNumberOf(FindAttribute(cell.formulaAttributes, "si").value_or("")).value()).formula;
+      view.formula = &sharedFormulas_.at(WholeNumberOf(AttributeText(cell.formulaAttributes, "si")).value()).formula;
     }
     row.cells.push_back(view);
   }
