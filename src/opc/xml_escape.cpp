@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "runtime/utf8.h"
 
@@ -11,10 +12,10 @@ namespace {
 
 enum class Place { kText, kAttribute, kPlain };
 
-// What becomes of an ASCII character: nothing, itself, or an escape. A null view stands for itself.
-constexpr std::string_view EscapeOf(char c, Place place) {
+// What stands for an ASCII character: nothing where XML cannot hold it, an escape, or without one the character itself.
+constexpr std::optional<std::string_view> EscapeOf(char c, Place place) {
   if (c < ' ' && c != '\t' && c != '\n' && c != '\r') return "";
-  if (place == Place::kPlain) return {};
+  if (place == Place::kPlain) return std::nullopt;
   switch (c) {
     case '&':
       return "&amp;";
@@ -27,7 +28,7 @@ constexpr std::string_view EscapeOf(char c, Place place) {
     default:
       break;
   }
-  if (place == Place::kText) return {};
+  if (place == Place::kText) return std::nullopt;
   switch (c) {
     case '"':
       return "&quot;";
@@ -36,15 +37,15 @@ constexpr std::string_view EscapeOf(char c, Place place) {
     case '\n':
       return "&#10;";
     default:
-      return {};
+      return std::nullopt;
   }
 }
 
 constexpr std::size_t kAscii = 128;
 
 template <Place place>
-constexpr std::array<std::string_view, kAscii> EscapeTable() {
-  std::array<std::string_view, kAscii> table{};
+constexpr std::array<std::optional<std::string_view>, kAscii> EscapeTable() {
+  std::array<std::optional<std::string_view>, kAscii> table{};
   for (std::size_t i = 0; i < kAscii; ++i) table[i] = EscapeOf(static_cast<char>(i), place);
   return table;
 }
@@ -73,15 +74,14 @@ constexpr bool IsLowSurrogate(char16_t unit) {
 
 template <Place place>
 void AppendEscaped(std::string& xml, TextView text) {
-  static constexpr std::array<std::string_view, kAscii> kEscapes = EscapeTable<place>();
+  static constexpr std::array<std::optional<std::string_view>, kAscii> kEscapes = EscapeTable<place>();
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i];
     if (unit < kAscii) {
-      const std::string_view escape = kEscapes[unit];
-      if (escape.data() == nullptr) {
-        xml.push_back(static_cast<char>(unit));
+      if (const std::optional<std::string_view>& escape = kEscapes[unit]) {
+        xml += *escape;
       } else {
-        xml += escape;
+        xml.push_back(static_cast<char>(unit));
       }
     } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       AppendCodePoint(xml, 0x10000 + ((unit - 0xD800U) << 10) + (text[i + 1] - 0xDC00U));

@@ -53,7 +53,7 @@ std::uint64_t CountReferences(std::string_view xml) {
   XmlScanner scanner(xml);
   for (auto token = scanner.Next(); token != XmlScanner::Token::kDone; token = scanner.Next()) {
     if (token == XmlScanner::Token::kStart && LocalName(scanner.name()) == "c" &&
-        FindAttribute(scanner.attributes(), "t") == "s") {
+        AttributeText(scanner.attributes(), "t") == "s") {
       ++count;
     }
   }
@@ -109,10 +109,9 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   WatchedWork work(workbook_.watch_, ExcelWork::kSaving, static_cast<std::uint64_t>(sheet.Extent().bottom));
   while (composer.Next()) {
     work.Reach(static_cast<std::uint64_t>(composer.number()));
-    const std::string_view raw = composer.Untouched();
-    if (raw.data()) {
-      untouched += CountReferences(raw);
-      writer.WriteRaw(raw);
+    if (const std::optional<std::string_view> raw = composer.Untouched()) {
+      untouched += CountReferences(*raw);
+      writer.WriteRaw(*raw);
       continue;
     }
     const RowView& row = composer.Compose();

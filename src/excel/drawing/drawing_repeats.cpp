@@ -39,7 +39,7 @@ class AnchorReader {
   // The scanner has just passed the start tag of the anchor.
   DrawingPart::Anchor Read() {
     mayRepeat_ =
-        LocalName(scanner_.name()) != "absoluteAnchor" && FindAttribute(scanner_.attributes(), "editAs") != "absolute";
+        LocalName(scanner_.name()) != "absoluteAnchor" && AttributeText(scanner_.attributes(), "editAs") != "absolute";
     copied_ = scanner_.begin();
     std::vector<std::string_view> open{LocalName(scanner_.name())};
     while (!open.empty()) {
@@ -105,7 +105,7 @@ class AnchorReader {
         if (isObject && name == "name" && index >= 0) NameHole(value, index);
       }
     } else if (local == "creationId") {
-      const std::string_view id = FindAttribute(scanner_.attributes(), "id");
+      const std::string_view id = AttributeText(scanner_.attributes(), "id");
       constexpr std::size_t kDigits = 8;
       if (id.size() > kDigits + 1 && id.front() == '{') {
         Hole(OffsetOf(id) + 1, OffsetOf(id) + 1 + kDigits, Kind::kUnique, 0);

@@ -148,13 +148,13 @@ bool TakeAttribute(std::string_view& attributes, std::string_view& name, std::st
   return true;
 }
 
-std::string_view FindAttribute(std::string_view attributes, std::string_view name) {
+std::optional<std::string_view> FindAttribute(std::string_view attributes, std::string_view name) {
   std::string_view each;
   std::string_view value;
   while (TakeAttribute(attributes, each, value)) {
     if (each == name) return value;
   }
-  return {};
+  return std::nullopt;
 }
 
 void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names) {
