@@ -45,7 +45,7 @@ ConstantStep& StoryCompiler::Constant() {
 }
 
 void StoryCompiler::Xml(std::string_view xml) {
-  Constant().xml += xml;
+  if (!ahead_) Constant().xml += xml;
 }
 
 void StoryCompiler::Units(TextView units) {
@@ -102,9 +102,7 @@ void StoryCompiler::AddElement(const pugi::xml_node& node) {
   if (name == "w:tc" && AddCell(node)) return;
   if (own::IsOwn(node)) return AddJoin(node);
   if (!node.first_child()) {
-    AddOpenTag(node);
-    Constant().xml.insert(Constant().xml.size() - 1, 1, '/');
-    return;
+    return AddOpenTag(node, "/>");
   }
   AddOpenTag(node);
   if (name == "w:del" || name == "w:moveFrom" || name == "w:txbxContent") {
@@ -118,11 +116,11 @@ void StoryCompiler::AddElement(const pugi::xml_node& node) {
   if (name == "w:tr") Units(TextView(&kRowEnd, 1));
 }
 
-void StoryCompiler::AddOpenTag(const pugi::xml_node& node) {
+void StoryCompiler::AddOpenTag(const pugi::xml_node& node, std::string_view end) {
   Xml("<");
   Xml(node.name());
   for (const pugi::xml_attribute attribute : node.attributes()) AddAttribute(node, attribute);
-  Xml(">");
+  Xml(end);
 }
 
 void StoryCompiler::AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute) {

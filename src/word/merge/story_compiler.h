@@ -63,7 +63,7 @@ class StoryCompiler {
  private:
   // XML (story_compiler.cpp)
   void AddElement(const pugi::xml_node& node);
-  void AddOpenTag(const pugi::xml_node& node);
+  void AddOpenTag(const pugi::xml_node& node, std::string_view end = ">");
   void AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute);
   void AddRun(const pugi::xml_node& run);
   void AddRunChild(const pugi::xml_node& child);
@@ -121,7 +121,7 @@ class StoryCompiler {
   Program own_;
   Program* program_ = &own_;
   FieldState state_;
-  bool ahead_ = false;                                                  // in a text that a formula before it refers to
+  bool ahead_ = false;  // in a text that a formula before it refers to; no XML is needed
   std::map<pugi::xml_node, std::shared_ptr<const TableCells>> tables_;  // with formulas
   std::map<pugi::xml_node, CellPlace> cells_;                           // of these tables
   std::map<pugi::xml_node, std::shared_ptr<const Operand>> bookmarks_;  // in formulas, by their starts
