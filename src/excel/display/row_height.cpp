@@ -16,6 +16,7 @@
 
 #include "excel/display/cell_value.h"
 #include "excel/grid/xml_scanner.h"
+#include "opc/xml_tree.h"
 
 namespace zorkanca::excel {
 
@@ -24,10 +25,6 @@ namespace {
 constexpr double kPointsPerPixel = 0.75;
 constexpr double kHighest = 409.5;  // points
 constexpr std::size_t kRememberedTexts = 256;
-
-bool IsTrue(std::string_view value) {
-  return value == "1" || value == "true" || value == "on";
-}
 
 bool IsText(const CellView& cell) {
   if (cell.kind == CellKind::kText) return true;
