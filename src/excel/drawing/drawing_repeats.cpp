@@ -12,6 +12,7 @@
 #include "excel/tables/cell_reader.h"
 #include "opc/office_error.h"
 #include "opc/xml_names.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca::excel {
 
@@ -24,7 +25,7 @@ bool IsAnchor(std::string_view local) {
 }
 
 std::string_view WithoutNumber(std::string_view name) {
-  while (!name.empty() && name.back() >= '0' && name.back() <= '9') name.remove_suffix(1);
+  while (!name.empty() && IsDigit(name.back())) name.remove_suffix(1);
   while (!name.empty() && name.back() == ' ') name.remove_suffix(1);
   return name;
 }

@@ -14,12 +14,13 @@
 #include <algorithm>
 #include <charconv>
 
+#include "excel/grid/serial_date.h"
+
 namespace zorkanca::excel {
 
 namespace {
 
 constexpr std::int32_t kNoRow = kLastRow + 1;
-constexpr double kDaysTo1904 = 1462;
 
 // The next row of a range of rows.
 std::int32_t NextWithin(std::int32_t first, std::int32_t last, std::int32_t after) {
