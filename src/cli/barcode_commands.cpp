@@ -5,6 +5,7 @@
 #include "barcode/bar_code.h"
 #include "barcode/bar_code_drawing.h"
 #include "cli/command_line.h"
+#include "cli/output_check.h"
 #include "cli/query_arguments.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
@@ -30,8 +31,9 @@ Text SvgOf(const cBarCode& barCode, TextView content, const Locale& locale) {
 
 // A picture takes its place whole or not at all; it is ASCII, so that the encoding of the file is of no account.
 void WritePicture(const CommandContext& context, TextView path, TextView svg) {
-  FileSystem& files = context.platform.files;
-  const std::unique_ptr<TextStream> stream = files.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kAnsi);
+  RequireNew(context, Text(path));
+  const std::unique_ptr<TextStream> stream =
+      context.platform.files.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kAnsi);
   stream->Write(svg);
   stream->Close();
   context.report.File(path);

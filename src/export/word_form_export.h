@@ -46,6 +46,7 @@ class WordFormExport {
   void SetMargins();
   void FillDocuments();
   void FillDocument(const ColumnFormats& formats);
+  std::optional<Text> ValueOf(TextView name, const ColumnFormats& formats);
   Text TextOf(const QueryColumn& column, const cFormat* format);
   void WriteField(const Text& name, TextView text, bool oneCharacterEach);
   bool IsOneChar(std::size_t column) const {
