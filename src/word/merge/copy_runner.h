@@ -60,6 +60,9 @@ class CopyRunner {
   CopyEnd Skim(const Program& program, const CopyStart& start);
 
  private:
+  // The texts of a table's cells, by row and column.
+  using PassedCells = std::map<std::pair<std::size_t, std::size_t>, Text>;
+
   template <typename Output>
   friend class StepVisitor;
 
@@ -70,6 +73,8 @@ class CopyRunner {
   bool IsTrue(const Condition& condition);
   std::string_view Column(std::size_t column);
   std::string_view ValueOf(const ValueStep& step);
+  Text FormulaText(const ValueStep& step);
+  Text TextOfCell(const TableCells& table, std::size_t row, std::size_t column);
   void WarnOnce(const Text& warning);
 
   MergeInput input_;
@@ -79,6 +84,8 @@ class CopyRunner {
   RecordValues values_;
   std::map<Text, Text> variables_;
   std::set<Text> warned_;
+  std::map<const TableCells*, PassedCells> passed_;  // of tables with formulas, in this copy
+  Text* cell_ = nullptr;                             // takes the text of the cell that is being written
   std::string value_;
   bool skipped_ = false;
   std::size_t shown_ = 0;  // bytes of values written so far

@@ -49,9 +49,10 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   numbers.NameBookmarks();
   if (IsLetter(order.type)) lists_.Gather(parts_, body, numbers);
   FoldFields(body);
-  CompileInput input{*order.source, locale, numbers, order.suppressBlankLines, {}, {}, order.warn};
+  CompileInput input{*order.source, locale, numbers, order.suppressBlankLines, {}, {}, {}, order.warn};
   if (!input.warn) input.warn = [](TextView) {};
   GatherVariables(body, input.variables);
+  GatherBookmarks(body, input.bookmarks);
 
   const std::vector<pugi::xml_node> sections = SectionsOf(body);
   if (separate_) NameInheritedHeaders(parts_, sections);
@@ -86,8 +87,8 @@ void MergedContent::CompileHeaders(CompileInput& input) {
     document.reset(parts_.Tree(*part));
     pugi::xml_node root = document.document_element();
     FoldFields(root);
-    const CompileInput own{input.source, input.locale,    kNoNumbers, input.suppressBlankLines,
-                           {},           input.variables, input.warn};
+    const CompileInput own{input.source, input.locale,    kNoNumbers,      input.suppressBlankLines,
+                           {},           input.variables, input.bookmarks, input.warn};
     StoryCompiler compiler(own, root, false);
     compiler.AddXml("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
     compiler.Add(root);
