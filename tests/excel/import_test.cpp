@@ -93,6 +93,41 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
   EXPECT_EQ(Read(other, english, "1,234.50"), "1234.5" + format(ContentFormat::kGroupedDecimals));
   EXPECT_EQ(Read(other, english, "3/5/2024"), "45356" + format(ContentFormat::kDate));
   EXPECT_EQ(Read(other, english, "5.3.2024"), "text");
+  const std::pair<const char*, std::string> englishRows[] = {
+      {"$5", "5" + format(ContentFormat::kAmount)},
+      {"-$5.50", "-5.5" + format(ContentFormat::kAmountDecimals)},
+      {"($1,234)", "-1234" + format(ContentFormat::kAmount)},
+      {"$ 5", "5" + format(ContentFormat::kAmount)},
+      {"1,23", "text"},
+      {"1234,567", "text"},
+      {"1,234,567", "1234567" + format(ContentFormat::kGrouped)},
+      {"12/31/24", "45657" + format(ContentFormat::kDate)},
+      {"12-31-2024", "45657" + format(ContentFormat::kDate)},
+      {"31/12/2024", "text"},
+      {"1/1/30", "10959" + format(ContentFormat::kDate)},
+      {"1/1/29", "47119" + format(ContentFormat::kDate)},
+      {"12/31/2024 6:30 PM", "45657.770833333336" + format(ContentFormat::kDateTime)},
+      {"12/31/2024 24:30", "text"},
+      {"PRAVDA", "text"},
+      {"FALSE", "bool 0" + general},
+      {"1.5E+3", "1500" + format(ContentFormat::kScientific)},
+      {"1E", "text"},
+      {"1E+", "text"},
+      {"1E+-3", "text"},
+      {".", "text"},
+      {"+", "text"},
+      {"(5", "text"},
+      {"5)", "text"},
+      {"9.99e307", "9.99E307" + format(ContentFormat::kScientific)},
+      {"1e308", "text"},  // more than the program's greatest number
+      {"#DIV/0!", "error #DIV/0!" + general},
+  };
+  for (const auto& [text, expected] : englishRows) EXPECT_EQ(Read(other, english, text), expected) << text;
+  const Locale& german = *FindLocale(u"de-DE");
+  const GeneralReader third(german, german.decimalSeparator, german.groupSeparator);
+  EXPECT_EQ(Read(third, german, "1.234,50"), "1234.5" + format(ContentFormat::kGroupedDecimals));
+  EXPECT_EQ(Read(third, german, "05.03.2024"), "45356" + format(ContentFormat::kDate));
+  EXPECT_EQ(Read(third, german, "wahr"), "bool 1" + general);
 }
 
 // A column is as wide as what its cells show, however their fields spelled it.
@@ -146,6 +181,25 @@ TEST(ExcelImportTest, FieldsOfRecords) {
   EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\\nb\\nc|'d\\ne / 'x\\ny|~ / 'z\\n|~");
   EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\\nc");
   EXPECT_EQ(shown("\r\n"), "~");
+}
+
+// Records are read over a window of the file: wherever its edges fall, fields are the same.
+TEST(ExcelImportTest, RecordsCrossTheEdgesOfTheWindow) {
+  ExcelFixture fixture;
+  const std::string odd = "\"a;\"\"b\r\nc\"d;e\rf;\"\";\"x\"\r\n";
+  const std::string shown = "'a;\"b\\ncd|'e\\nf||'x";
+  constexpr std::size_t kWindow = 256 * 1024;
+  for (std::size_t before = 0; before <= odd.size(); ++before) {
+    std::string data;
+    while (data.size() + 1002 < kWindow - before) data += std::string(1000, '.') + "\r\n";
+    const std::size_t left = kWindow - before - data.size();
+    if (left > 2) data += std::string(left - 2, '-') + "\r\n";
+    const auto rows = static_cast<std::int32_t>(std::count(data.begin(), data.end(), '\n'));
+    const ExcelWorkbookReference import = fixture.Import(data + odd + "konec", "tttt");
+    EXPECT_EQ(ShownValues(*import->Sheets(1)->Range(u"A1")->Offset(rows, 0)->Resize(2, 4)), shown + " / 'konec|~|~|~")
+        << before;
+    import->Close(false);
+  }
 }
 
 TEST(ExcelImportTest, TheWholeImportHangsTogether) {

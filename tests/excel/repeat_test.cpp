@@ -140,6 +140,29 @@ TEST(ExcelRepeatTest, AreasStayFewWhereTheyHangTogether) {
     EXPECT_EQ(AreasText(RepeatAreas(ParseAreas(row.areas), row.repeat)), row.after) << row.areas;
 }
 
+TEST(ExcelRepeatTest, MergedCellsComeWithTheirRows) {
+  struct Row {
+    const char* merges;
+    excel::RowRepeat repeat;
+    const char* after;
+  };
+  const Row rows[] = {
+      {"A1:B1", {.top = 1, .rows = 1, .first = 2, .copies = 2}, "A1:B1 A2:B2 A3:B3"},
+      {"A1:B2", {.top = 1, .rows = 2, .first = 3, .copies = 2}, "A1:B2 A3:B4 A5:B6"},
+      {"A1:B2", {.top = 1, .rows = 1, .first = 3, .copies = 2}, "A1:B2"},  // not wholly copied
+      {"A1:A3", {.top = 1, .rows = 1, .first = 2, .copies = 1}, ""},       // one cell is left
+      {"A1:B3", {.top = 1, .rows = 1, .first = 2, .copies = 1}, "A1:B1"},  // it was not wholly copied
+      {"A4:A8", {.top = 1, .rows = 1, .first = 7, .copies = 1}, "A4:A6"},
+      {"A4:A8", {.top = 1, .rows = 1, .first = 2, .copies = 3}, ""},  // begins in the copies
+      {"C9:D9", {.top = 1, .rows = 1, .first = 2, .copies = 3}, "C9:D9"},
+      {"A5:B5", {.top = 5, .rows = 1, .first = 2, .copies = 1}, "A5:B5 A2:B2"},  // upward
+  };
+  for (const Row& row : rows) {
+    const auto merges = excel::RepeatMerges(excel::ParseAreas(row.merges), row.repeat);
+    EXPECT_EQ(excel::AreasText(merges), row.after) << row.merges;
+  }
+}
+
 const std::string kPicture =
     "<xdr:twoCellAnchor><xdr:from><xdr:col>1</xdr:col><xdr:row>1</xdr:row></xdr:from><xdr:to><xdr:col>2</xdr:col>"
     "<xdr:row>2</xdr:row></xdr:to><xdr:pic><xdr:nvPicPr><xdr:cNvPr id=\"2\" name=\"Obrázek 1\"/></xdr:nvPicPr>"

@@ -74,6 +74,7 @@ TEST(RowHeightTest, RowsAreAsHighAsTheirTexts) {
       // Texts of the pattern itself, in all copies.
       {"<row r=\"1\">" + Cell("A1", 0) + Cell("B1", 1, "jedna dvě tři čtyři pět šest sedm") + "</row>",
        "repeat 1 3 | fill t a/b/c", "30 30 30"},
+      {"<row r=\"1\">" + Cell("A1", 1, "aaaaaaaaaa") + "</row>", "repeat 1 3 | bold 2:2", "- 30 -"},
       // Rows that nobody touches stay as they are.
       {"<row r=\"1\"/><row r=\"2\">" + Cell("A2", 1, "jedna dvě tři čtyři") + "</row>", "edit A1 5", "- -"},
       {"<row r=\"1\">" + Cell("A1", 1) + "</row>", "edit A1 5", "-"},

@@ -85,6 +85,8 @@ Text NumberFormat::Show(const CellValue& value) const {
   Text text;
   if (section->isDate) {
     ShowDate(text, *number, *section);
+  } else if (section->isFraction) {
+    text = GeneralText(showsSign ? *number : std::fabs(*number), locale_);
   } else {
     const double shown = showsSign ? *number : std::fabs(*number);
     ShowNumber(text, shown, *section);
@@ -107,16 +109,19 @@ Text GeneralText(double value, const Locale& locale) {
   DecimalDigits digits = DigitsOf(value);
   constexpr std::int64_t kRoom = 11;
   if (digits.IsZero()) return u"0";
-  if (digits.point > kRoom || digits.point < -8) {
-    RoundToDecimals(digits, 6 - digits.point, RoundingMode::kHalfAwayFromZero);
-    Text text;
-    AppendDigits(text, digits, locale.decimalSeparator, 0);
-    return text;
-  }
-  RoundToDecimals(digits, std::max<std::int64_t>(0, kRoom - 1 - std::max<std::int64_t>(1, digits.point)),
-                  RoundingMode::kHalfAwayFromZero);
+  const auto fits = [](const DecimalDigits& number) { return number.point <= kRoom && number.point >= -8; };
   Text text;
-  AppendDigits(text, digits, locale.decimalSeparator);
+  if (fits(digits)) {
+    DecimalDigits rounded = digits;
+    RoundToDecimals(rounded, std::max<std::int64_t>(0, kRoom - 1 - std::max<std::int64_t>(1, digits.point)),
+                    RoundingMode::kHalfAwayFromZero);
+    if (fits(rounded)) {
+      AppendDigits(text, rounded, locale.decimalSeparator);
+      return text;
+    }
+  }
+  RoundToDecimals(digits, 6 - digits.point, RoundingMode::kHalfAwayFromZero);
+  AppendDigits(text, digits, locale.decimalSeparator, 0);
   return text;
 }
 

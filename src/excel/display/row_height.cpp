@@ -95,10 +95,10 @@ std::int64_t RowHeights::LinesOf(const CellView& cell, std::int32_t row) {
   if (!MayBreak(cell) || !IsText(cell) || FormatOf(cell.style).breaking.rotated) return 1;
   if (cell.kind == CellKind::kText) return LinesIn(cell.content, cell, row);
   Remembered& place = remembered_[(reinterpret_cast<std::uintptr_t>(cell.content.data()) >> 3) % kRememberedTexts];
-  if (place.text != cell.content.data() || place.style != cell.style || place.column != cell.column) {
+  if (place.text != cell.content.data() || place.style != cell.style) {
     const CellValue value = ValueOf(cell, texts_, sheet_.part().prefix(), sheet_.is1904());
     const auto* text = std::get_if<std::string>(&value);
-    place = {cell.content.data(), cell.style, cell.column, text ? LinesIn(*text, cell, row) : 1};
+    place = {cell.content.data(), cell.style, text ? LinesIn(*text, cell, row) : 1};
   }
   return place.lines;
 }

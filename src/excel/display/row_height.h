@@ -38,7 +38,6 @@ class RowHeights {
   struct Remembered {
     const char* text = nullptr;
     std::uint32_t style = 0;
-    std::int32_t column = 0;
     std::int64_t lines = 0;
   };
 
