@@ -42,9 +42,7 @@ void WritePicture(const CommandContext& context, TextView path, TextView svg) {
 
 // The library gives an empty text for what it cannot encode; a person wants to know.
 void TakeParameters(cBarCode& barCode, const std::string& parameters) {
-  if (std::count(parameters.begin(), parameters.end(), ';') < 3) {
-    throw UsageError("PARAM is 'symbology;items;output column;check flag', not " + parameters);
-  }
+  barCode.ParseParameters(FromUtf8(parameters));
   const std::string symbology = parameters.substr(0, parameters.find(';'));
   std::vector<std::string> known;
   std::string list;
@@ -56,7 +54,6 @@ void TakeParameters(cBarCode& barCode, const std::string& parameters) {
     throw UsageError("there is no symbology " + (symbology.empty() ? "''" : symbology) +
                      DidYouMean(NearestName(symbology, known)) + "; there are" + list);
   }
-  barCode.ParseParameters(FromUtf8(parameters));
 }
 
 void RequireCarried(const cBarCode& barCode, TextView content) {
@@ -71,7 +68,7 @@ int RunValue(const CommandContext& context, const BarCodeOptions& options) {
   const Value value = FromUtf8(options.value);
   const Text text = barCode.EncodeValue(value);
   const Text content = barCode.ValueContent(value);
-  RequireCarried(barCode, content.empty() ? FromUtf8(options.value) : content);
+  if (options.svg.empty()) RequireCarried(barCode, content.empty() ? FromUtf8(options.value) : content);
   if (content.empty() && !options.value.empty()) {
     throw UsageError("PARAM has no place for the value: an item NAME,trim takes it");
   }

@@ -5,7 +5,7 @@ import signal
 import subprocess
 import time
 
-from command_line import PROGRAM, CommandLineCase, main
+from command_line import SAMPLE, PROGRAM, CommandLineCase, main
 
 
 class OfficeTest(CommandLineCase):
@@ -103,6 +103,30 @@ class OfficeTest(CommandLineCase):
         for arguments in [["set", "UseAlternativeTableEditor", "yes"], ["get", "none"], ["program", "sheet"],
                           ["open", "a.xls"], ["open", "a.xls", "--table", "--document"]]:
             self.run_program(*run, *arguments, status=2)
+
+    def test_several_pdf_files(self):
+        for name in ("cenik.docx", "stav-zasob.xltx"):
+            (self.folder / name).write_bytes((SAMPLE.parent / name).read_bytes())
+        (self.folder / "other").mkdir()
+        (self.folder / "other/cenik.docx").write_bytes((SAMPLE.parent / "cenik.docx").read_bytes())
+        self.output("fill", SAMPLE.parent / "faktura.xml", SAMPLE.parent / "faktura.json", "-o", "faktura.xml")
+        made = self.output("pdf", "cenik.docx", "stav-zasob.xltx", "other/cenik.docx", "faktura.xml", "print/", "--jobs", "2")
+        names = ["cenik (2).pdf", "cenik.pdf", "faktura.pdf", "stav-zasob.pdf"]
+        self.assertEqual(sorted(made.splitlines()), [f"{self.folder}/print/{name}" for name in names])
+        for name in names:
+            self.assertEqual((self.folder / "print" / name).read_bytes()[:5], b"%PDF-", name)
+        (self.folder / "bad.docx").write_text("no document")
+        self.run_program("pdf", "bad.docx", "cenik.docx", "some/", status=1)
+        self.assertEqual([path.name for path in (self.folder / "some").iterdir()], ["cenik.pdf"])
+        for arguments, status, message in [
+            (["cenik.docx"], 2, "takes a document and the PDF file"),
+            (["cenik.docx", "faktura.xml", "x.pdf"], 2, "several documents ask for a folder"),
+            (["cenik.docx", "bad.docx"], 2, "TARGET, a .pdf file or a folder"),
+            (["stav-zasob.xltx", "x.pdf", "--pdf-a"], 2, "--pdf-a and --bookmarks are for Word documents"),
+            (["cenik.docx", "none.docx", "print/"], 1, "none.docx"),
+            (["cenik.docx", "x.pdf", "--jobs", "0"], 2, "--jobs"),
+        ]:
+            self.assertIn(message, self.run_program("pdf", *arguments, status=status)[1], arguments)
 
 
 if __name__ == "__main__":
