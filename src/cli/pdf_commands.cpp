@@ -18,7 +18,6 @@
 #include "cli/output_file.h"
 #include "export/office_pdf_convert.h"
 #include "platform/paths.h"
-#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -65,7 +64,6 @@ std::vector<PdfJob> JobsOf(const CommandContext& context, const PdfOptions& opti
   for (std::size_t index = 0; index + 1 < options.paths.size(); ++index) {
     const Text source = files.GetAbsolutePathName(FromUtf8(options.paths[index]));
     PdfJob job{.source = source, .target = target, .isWorkbook = IsForExcel(source)};
-    if (!files.FileExists(source)) Raise(RuntimeError::kFileNotFound, u"File not found: " + source);
     if (intoFolder) {
       Text name(GetBaseName(source));
       const int count = ++names[LowerCase(name)];
