@@ -142,7 +142,8 @@ bool frmSP_SablOfficeEdit::CompleteExtension(Text& name) const {
     name.append(expected);
     return application != ApplOffice::AllTypes;
   }
-  if (expected.empty() || LowerCase(TextView(name).substr(dot)) == expected) return true;
+  const bool all = platform().environment.TakesAllTemplateFormats();
+  if (TakesExtension(application, LowerCase(TextView(name).substr(dot)), all)) return true;
   const MessageAnswer answer = platform().userInterface.Show({.text = Text(kWrongExtension),
                                                               .title = Text(kTemplatesTitle),
                                                               .icon = MessageIcon::kExclamation,
