@@ -10,14 +10,18 @@ namespace zorkanca {
 
 /// The converter that works for a user of that locale.
 /// @param cancelled  asked now and then; true ends a conversion with error 18; may be empty
-LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled);
+/// @param warn       told in English of what a document lost on the way; may be empty
+LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled,
+                                  std::function<void(TextView)> warn = {});
 
 class OfficeEngines final : public OfficeApplications {
  public:
   /// @param locale     of numbers, dates and ANSI files; outlives the engines
   /// @param warn       told in English of what an engine left as it was
   /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {});
+  /// @param working    told meanwhile how far workbooks are; may be empty
+  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {},
+                         std::function<void(ExcelWork, double percent)> working = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
   WordApplicationReference StartWord() override { return word_.StartWord(); }

@@ -1,3 +1,11 @@
+// From a Double to digits and back. Invariants of a number: no zero at either end of the digits, no digit and no sign
+// for zero; so equal numbers look alike, and "rounds to nothing" is seen at once.
+//
+// The digits of a Double are those of its exact binary value, rounded once, halves away from zero. Nearly always the
+// shortest digits that lead back to it serve: they need no rounding, or they round as the exact value does. Rounded
+// from the exact value are only shortest digits that end in a half which the value merely approaches, found by an exact
+// comparison, and numbers next to zero, of whose bits few are left. Amounts, which are most of what passes, are tried
+// first by one multiplication. A conversion takes the same short time whatever the number.
 #include "runtime/decimal_digits.h"
 
 #include <algorithm>
@@ -65,7 +73,7 @@ bool IsExactly(const DecimalDigits& number, double magnitude) {
   constexpr std::int64_t kLargest = std::size(kPowers) - 1;
   std::uint64_t integer = 0;
   std::from_chars(number.digits, number.digits + number.count, integer);
-  const auto fifth = static_cast<double>(integer / 5);
+  const auto fifth = static_cast<double>(integer / 5);  // NOLINT(bugprone-integer-division): no rest, it ends in 5
   const std::int64_t power = number.point - number.count;
   if (power > kLargest || -power - 1 > kLargest) return false;  // such a number has more digits than a Double holds
   if (power >= 0) return std::fma(fifth, 5 * kPowers[power], -magnitude) == 0;

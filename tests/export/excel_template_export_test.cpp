@@ -170,9 +170,11 @@ TEST_F(ExcelTemplateExportTest, CellPatterns) {
             "234,5|16. 11. 2026");
   EXPECT_EQ(Cell(u"{a;}", 0.5), "0,5");
   EXPECT_EQ(Cell(u"<{Code}>", Text(u"x")), "<>") << "no bar code was asked for";
-  // Quotes of a value within other text stay those of the value; whatever would break the file encloses all of it.
+  // A quote is shown as what it is wherever it stands; that or whatever would break the file encloses the cell.
   EXPECT_EQ(Cell(u"{a}", Text(u"1\"2")), "\"1\"\"2\"");
-  EXPECT_EQ(Cell(u"Šroub {a}", Text(u"1\"2")), "\x8Aroub \"1\"\"2\"");
+  EXPECT_EQ(Cell(u"Šroub {a}", Text(u"1\"2")), "\"\x8Aroub 1\"\"2\"");
+  EXPECT_EQ(Cell(u"Kus {a} x", Text(u"a\"b")), "\"Kus a\"\"b x\"");
+  EXPECT_EQ(Cell(u"{b} \"{a}\"", Text(u"x"), Text(u"y")), "\"y \"\"x\"\"\"");
   EXPECT_EQ(Cell(u"{a} {b}", Text(u"1\""), Text(u"x")), "\"1\"\" x\"");
   EXPECT_EQ(Cell(u"\"{a}", Text(u"x")), "\"\"\"x\"");
   EXPECT_EQ(Cell(u"{a}, {b}", Text(u"1;2"), Text(u"3\"")), "\"1;2, 3\"\"\"");
@@ -194,6 +196,19 @@ TEST_F(ExcelTemplateExportTest, RowsEndAtTheirFirstEmptyCell) {
   ASSERT_TRUE(Run());
   EXPECT_EQ(DataFile(), " \r\n\r\n ;;;;;;;;;\r\n1\r\n\r\n10;10;10;10;10;10;10;10;10;10\r\n");
   EXPECT_EQ(Lines("excel import"), Journal{"excel import 1t 2t 3t 4t 5t 6t 7t 8t 9t 10t"});
+
+  // Whoever listens is told of placeholders behind that cell.
+  struct Warnings final : ExportListener {
+    Journal texts;
+    void Cause(const Error&) override {}
+    void Warning(TextView text) override { texts.push_back(Shown(text)); }
+  } warnings;
+  office.Listen(&warnings);
+  computer.excel.templateCells = {{u"{a}", u"", u"{chybi}", u"pozn.", u"{"}, {u" ", u"{chybi}"}, {u"{c}", u"{c}"}};
+  ASSERT_TRUE(Run());
+  const std::string end = " of the template stays as it is: an empty cell before it ends the pattern of its row.";
+  EXPECT_EQ(warnings.texts, (Journal{"Cell C1" + end, "Cell B2" + end}));
+  office.Listen(nullptr);
 
   // A formula of the template may follow ten cells, a placeholder may not.
   computer.excel.templateCells = {std::vector<Text>(11, u"{c}")};

@@ -111,6 +111,7 @@ class ScreenlessUserInterface final : public UserInterface {
   MessageAnswer Show(const Message&) override { return MessageAnswer::kOk; }
   void SetMousePointer(MousePointer) override {}
   void Beep() override {}
+  void ProcessPendingEvents() override {}
   Text ChooseFile(const FileDialog&) override { return {}; }
   Text ChooseFolder(TextView, TextView) override { return {}; }
   WorkingArea GetWorkingArea() override { throw Error(1461, {}, u"no monitor"); }
@@ -130,7 +131,7 @@ TEST(Pair, ShowsNumbersAndRefusesNegativeSizes) {
   EXPECT_EQ(Point(-15.4F, 120000).ToString(locale), u"-15, 120000");
   EXPECT_EQ(Size(0, 2.6F).ToString(locale), u"0, 3");
   for (const auto& [width, height] : {std::pair(-1.0F, 0.0F), std::pair(0.0F, -.5F)}) {
-    const Error error = ErrorOf([&] { const Size size(width, height); });
+    const Error error = ErrorOf([w = width, h = height] { const Size size(w, h); });
     EXPECT_EQ(error.number(), ArgumentErrorCode);
     EXPECT_NE(error.description().find(u"Nezáporné číslo"), Text::npos);
   }
