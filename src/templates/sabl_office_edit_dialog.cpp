@@ -65,6 +65,7 @@ void frmSP_SablOfficeEdit::SetTemplate(std::shared_ptr<c_SablonaOffice> bound) {
   }
   loading_ = true;
   txt_kod_.SetText(DecimalText(template_->Id()));
+  txt_kod_.SelectAll();  // a number that is typed takes its place
   txt_popis_.SetText(template_->DescriptionWithoutMark());
   txt_soubor_.SetText(cdlgFile_.fileName);
   loading_ = false;
