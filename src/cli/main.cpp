@@ -25,7 +25,8 @@ namespace zorkanca::cli {
 std::string ReadToEnd(std::FILE* file) {
   std::string bytes;
   char block[16384];
-  for (std::size_t count = 1; count > 0;) {
+  // A terminal is asked no further once its end was typed.
+  for (std::size_t count = 1; count > 0 && !std::feof(file);) {
     count = std::fread(block, 1, sizeof block, file);
     bytes.append(block, count);
   }
