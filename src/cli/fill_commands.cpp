@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/fill_steps.h"
 #include "cli/output_file.h"
+#include "files/file_bytes.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "xmltemplate/template_factory.h"
@@ -113,7 +114,8 @@ class FillRun {
 int RunFill(const CommandContext& context, const FillOptions& options) {
   FileSystem& files = context.platform.files;
   OutputFile output(context, options.output, {u"xml"});
-  const std::vector<FillStep> steps = ReadFillSteps(options.steps == "-" ? ReadToEnd(stdin) : BytesOf(options.steps));
+  const std::vector<FillStep> steps =
+      ReadFillSteps(options.steps == "-" ? ReadToEnd(STDIN_FILENO, "-") : BytesOf(options.steps));
 
   cExcel2003XmlTemplateFactory factory(context.platform);
   if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;
