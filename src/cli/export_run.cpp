@@ -23,7 +23,8 @@ ExportRun::ExportRun(const CommandContext& context, const Platform& platform, co
   office_.BlankRecordsBefore(options.blankRecords);
 }
 
-int ExportRun::StatusOf(bool done, const char* operation) const {
+int ExportRun::StatusOf(bool done, const char* operation, const QueryDatabase* query) const {
+  if (done && query) context_.report.Records(query->RecordsRead());
   if (done) return kDone;
   for (const Text& failure : events_.failures()) {
     context_.report.statusLine().Erase();

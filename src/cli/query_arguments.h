@@ -21,6 +21,7 @@ struct QueryOptions {
   float step = 1.0f;
   std::vector<std::string> types;  ///< COLUMN=TYPE
   std::string multiplier;
+  std::string part;  ///< K/N
   std::int16_t blankRecords = 0;
 };
 
