@@ -41,6 +41,8 @@ void ExcelExport::Export() {
       ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
+  WarnOfNameCount(context_, ColumnNamesOf(names, arguments_.rsFieldNames, session_.recordset()).size(),
+                  reader_.FieldCount());
   WriteDataFile(names);
   session_.ShowPointer(MousePointer::kDefault);
   session_.ShowPointer(MousePointer::kHourglass);

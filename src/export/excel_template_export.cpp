@@ -4,6 +4,7 @@
 
 #include "export/export_failure.h"
 #include "export/progress.h"
+#include "export/template_check.h"
 #include "foundation/ignore_errors.h"
 
 namespace zorkanca {
@@ -36,7 +37,10 @@ bool ExcelTemplateExport::Run(TemplateRecords& records) {
 bool ExcelTemplateExport::Export(TemplateRecords& records) {
   const std::int32_t recordCount = records.Open();
   session_.ShowPointer(MousePointer::kDefault);
+  TemplateCheck check(context_, TemplateUse::kCells);
+  check.Before(arguments_, records.ColumnNames());
   if (!TemplateChoice(context_, ApplOffice::MSExcel, arguments_).Settle()) return false;
+  check.Chosen(arguments_.rsTemplate);
   session_.ShowPointer(MousePointer::kHourglass);
   excel_.Open(arguments_.rsTemplate);
   session_.ShowPointer(MousePointer::kHourglass);

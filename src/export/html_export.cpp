@@ -34,6 +34,8 @@ void HtmlExport::Export() {
       ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
+  WarnOfNameCount(context_, ColumnNamesOf(names, arguments_.rsFieldNames, session_.recordset()).size(),
+                  reader_.FieldCount());
   SettlePath();
   output_ = &session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi);
   WriteTable(names);

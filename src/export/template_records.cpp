@@ -34,6 +34,10 @@ void QueryTemplateRecords::ForEach(const std::function<void(std::int16_t copies)
   reader_.ForEachRecord(QueryReader::Reporting::kSilent, write);
 }
 
+std::vector<Text> QueryTemplateRecords::ColumnNames() {
+  return FieldNames(session_.recordset());
+}
+
 Field* QueryTemplateRecords::Column(TextView name) {
   NoteName(name);
   return &session_.recordset().FieldNamed(name);
@@ -54,6 +58,10 @@ std::int32_t PreparedTemplateRecords::Open() {
 
 void PreparedTemplateRecords::ForEach(const std::function<void(std::int16_t copies)>& write) {
   for (; !records_->Eof(); records_->MoveNext()) write(1);
+}
+
+std::vector<Text> PreparedTemplateRecords::ColumnNames() {
+  return FieldNames(*records_);
 }
 
 Field* PreparedTemplateRecords::Column(TextView name) {

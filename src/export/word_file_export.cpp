@@ -16,6 +16,8 @@ bool WordFileExport::Export() {
   FileSystem& files = context_.platform.files;
   Text header = ReadPreparedHeader(files, headersFileName_);
   barCode_ = TakeBarCode(header, context_.platform.locale);
+  TemplateCheck check(context_, TemplateUse::kMerge);
+  check.Before(arguments_, ColumnsOf(header));
   {
     session_.ShowPointer(MousePointer::kHourglass);
     const PreparedData data(files, dataFileName_);
@@ -24,7 +26,14 @@ bool WordFileExport::Export() {
   }
   session_.ShowPointer(MousePointer::kDefault);
   TemplateChoice choice(context_, ApplOffice::MSWord, arguments_);
-  return MergeIntoTemplate(session_, choice, arguments_);
+  return MergeIntoTemplate(session_, choice, check, arguments_);
+}
+
+std::vector<Text> WordFileExport::ColumnsOf(TextView header) const {
+  std::vector<Text> columns;
+  SplitColumnsFromDataRow(header, columns);
+  if (barCode_) columns.push_back(barCode_->BarCodeField());
+  return columns;
 }
 
 void WordFileExport::WriteMergeData(Text header, const PreparedData& data) {
