@@ -41,7 +41,7 @@ class Computer {
   testing::MemoryPlatform memory_;
   LinuxFileSystem files_{*memory_.locale.codePage};
   FileRegistry registry_{folder_.Path("home"), folder_.Path("system")};
-  Platform platform_{files_,         registry_,        memory_.userInterface, memory_.frame, memory_.clock,
+  Platform platform_{files_,         registry_,        memory_.userInterface, memory_.shell, memory_.clock,
                      memory_.locale, memory_.eventLog, memory_.environment,   memory_.office};
 };
 

@@ -9,7 +9,7 @@ from docx.oxml.ns import qn
 from docx.shared import Cm, Pt, RGBColor
 
 import code39_font
-from template_file import save_template, set_widths
+from template_file import save_document, set_widths
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 BOX, GAP, FULL = 0.62, 0.5, 17.0  # cm
@@ -191,7 +191,7 @@ def make():
     protection.set(qn("w:enforcement"), "1")
     settings.insert_element_before(protection, "w:autoFormatOverride", "w:defaultTabStop", "w:characterSpacingControl",
                                    "w:compat", "w:rsids")
-    save_template(document, FOLDER / "registrace.dotx")
+    save_document(document, FOLDER / "registrace.dotx", "Registrace odběratele")
 
 
 if __name__ == "__main__":

@@ -13,12 +13,13 @@ from docx.oxml.ns import qn
 from docx.shared import Cm, Pt, RGBColor
 
 import code39_font
+import document_properties
 import make_form
-from template_file import save_template, set_widths
+from template_file import save_document, set_widths
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 GREY = RGBColor(0x60, 0x60, 0x60)
-FIRM = "Železářství Na Růžku, Dlouhá 14, 586 01 Jihlava"
+FIRM = f"{document_properties.FIRM}, Dlouhá 14, 586 01 Jihlava"
 
 
 def add_field(paragraph, code, shown="", bold=False, size=None, font=None):
@@ -116,7 +117,7 @@ def make_letter():
     closing.add_run("Pokud jste již zaplatili, považujte prosím tento dopis za bezpředmětný.")
     document.add_paragraph("S pozdravem")
     document.add_paragraph(FIRM.split(",")[0])
-    save_template(document, FOLDER / "upominka.dotx")
+    save_document(document, FOLDER / "upominka.dotx", "Upomínka")
 
 
 def make_price_list():
@@ -144,7 +145,7 @@ def make_price_list():
         lambda p: add_merge_field(p, "cena", '\\# "# ##0,00 Kč"'))
     closing = document.add_paragraph("{<p}Ceny platí do vyprodání zásob, k cenám připočítáváme DPH.{p>}")
     closing.paragraph_format.space_before = Pt(12)
-    document.save(FOLDER / "cenik.docx")
+    save_document(document, FOLDER / "cenik.docx", "Ceník")
 
 
 def make_labels():
@@ -167,7 +168,7 @@ def make_labels():
     for row in table.rows:
         row.height = Cm(3.3)
         row.height_rule = WD_ROW_HEIGHT_RULE.EXACTLY
-    document.save(FOLDER / "stitky.docx")
+    save_document(document, FOLDER / "stitky.docx", "Štítky s adresami")
 
 
 def make_invoice():
@@ -217,7 +218,7 @@ def make_invoice():
     note = add_plain(document, "")
     note.paragraph_format.space_before = Pt(24)
     add_merge_field(note, "poznamka", '\\b "Poznámka: "')
-    save_template(document, FOLDER / "faktura.dotx")
+    save_document(document, FOLDER / "faktura.dotx", "Faktura")
 
 
 def add_items(document):

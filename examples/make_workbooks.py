@@ -7,6 +7,7 @@ The templates are kept as files, as a user would have them; this script is how t
 """
 import io
 import pathlib
+import zipfile
 
 from openpyxl import Workbook
 from openpyxl.drawing.image import Image
@@ -14,6 +15,8 @@ from openpyxl.formatting.rule import FormulaRule
 from openpyxl.styles import Alignment, Border, Font, PatternFill, Side
 from PIL import Image as Canvas
 from PIL import ImageDraw
+
+import document_properties
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 BLUE, ORANGE, GREY = "1F3864", "C55A11", "808080"
@@ -27,7 +30,7 @@ LABEL = font(size=8, color=GREY)
 RIGHT = Alignment(horizontal="right")
 NOTE = Alignment(horizontal="left", vertical="top", indent=1, wrap_text=True)
 LINE = Border(bottom=Side(style="thin", color="BFBFBF"))
-FIRM = "Železářství Na Růžku, Dlouhá 14, 586 01 Jihlava"
+FIRM = f"{document_properties.FIRM}, Dlouhá 14, 586 01 Jihlava"
 
 
 def logo(height):
@@ -138,6 +141,11 @@ def labels():
     return book
 
 
-for name, book in (("stav-zasob", stock()), ("cenovky", labels())):
+for name, title, book in (("stav-zasob", "Stav zásob", stock()), ("cenovky", "Cenovky", labels())):
     book.template = True
-    book.save(FOLDER / f"{name}.xltx")
+    made = io.BytesIO()
+    book.save(made)
+    with zipfile.ZipFile(made) as source:
+        entries = {entry: source.read(entry) for entry in source.namelist()}
+    document_properties.set_properties(entries, title)
+    document_properties.write_package(entries, FOLDER / f"{name}.xltx")

@@ -1,4 +1,5 @@
-"""Saves a document of python-docx as a Word template, with the fonts that it needs inside."""
+"""Saves a document of python-docx as a Word document or template, with the fonts that it needs inside."""
+import io
 import zipfile
 
 from docx.oxml import OxmlElement
@@ -6,6 +7,7 @@ from docx.oxml.ns import qn
 from docx.shared import Cm
 
 import code39_font
+from document_properties import set_properties, write_package
 
 RELATIONSHIPS = "http://schemas.openxmlformats.org/package/2006/relationships"
 OFFICE = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
@@ -41,17 +43,16 @@ def set_widths(table, widths):
             cell.width = Cm(width)
 
 
-def save_template(document, path):
-    """A template is a document of another content type."""
-    plain = path.with_suffix(".docx")
-    document.save(plain)
-    with zipfile.ZipFile(plain) as source:
+def save_document(document, path, title):
+    """A template (.dotx) is a document of another content type."""
+    made = io.BytesIO()
+    document.save(made)
+    with zipfile.ZipFile(made) as source:
         entries = {name: source.read(name) for name in source.namelist()}
-    plain.unlink()
-    entries["[Content_Types].xml"] = entries["[Content_Types].xml"].replace(b"wordprocessingml.document.main+xml",
-                                                                            b"wordprocessingml.template.main+xml")
+    set_properties(entries, title)
+    if path.suffix == ".dotx":
+        entries["[Content_Types].xml"] = entries["[Content_Types].xml"].replace(b"wordprocessingml.document.main+xml",
+                                                                                b"wordprocessingml.template.main+xml")
     if code39_font.NAME.encode() in entries["word/document.xml"]:
         with_font(entries)
-    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as target:
-        for name, data in entries.items():
-            target.writestr(zipfile.ZipInfo(name, (2026, 1, 1, 0, 0, 0)), data, zipfile.ZIP_DEFLATED)
+    write_package(entries, path)

@@ -37,6 +37,7 @@ LAYERS = {
 # Every arrow between the folders of a layer that has any; "" is the layer's own.
 FOLDERS = {
     "platform": {"": {"word", "excel"}, "word": set(), "excel": set()},
+    "libreoffice": {"fields": set(), "": {"fields"}},
     "word": {
         "xml": set(),
         "text": {"xml"},
@@ -67,7 +68,7 @@ FOLDERS = {
 
 # Headers from outside that are not the standard library's, and the layers that may use them.
 LIBRARIES = {
-    re.compile(r"pugixml\.hpp$"): {"opc", "word", "excel"},
+    re.compile(r"pugixml\.hpp$"): {"opc", "libreoffice", "word", "excel"},
     re.compile(r"(expat|zlib)\.h$|isa-l/"): {"opc"},
     re.compile(r"sqlite3\.h$"): {"sqlite"},
     re.compile(r"Q[A-Z]"): {"qt"},

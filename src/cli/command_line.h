@@ -27,6 +27,8 @@ struct GlobalOptions {
   bool quiet = false;
   std::string progress = "auto";
   bool json = false;
+  std::string config;
+  bool noClobber = false;
 };
 
 /// Arguments that no option parser can refuse but that make no sense. Shown as wrong usage.

@@ -6,10 +6,14 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/arguments.h"
 #include "cli/command_line.h"
+#include "cli/command_page.h"
+#include "cli/config_file.h"
+#include "cli/help.h"
 #include "cli/host_platform.h"
 #include "cli/interrupt.h"
 #include "runtime/error.h"
@@ -37,16 +41,26 @@ std::string BytesOf(const std::string& path) {
 namespace {
 
 void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
-  app.add_option("--home", options.home, "folder of the registry hives and the log")->envname("ZORKANCA_HOME");
-  app.add_option("--locale", options.locale, "the user's locale")->envname("ZORKANCA_LOCALE")->capture_default_str();
+  app.add_option("--home", options.home,
+                 "folder of the registry hives and the log (default: $XDG_DATA_HOME/zorkanca, else "
+                 "~/.local/share/zorkanca)")
+      ->envname("ZORKANCA_HOME");
+  app.add_option("--locale", options.locale, "the user's locale: separators, forms of dates, ANSI code page")
+      ->envname("ZORKANCA_LOCALE")
+      ->capture_default_str();
   CLI::Option* yes = app.add_flag("--yes", options.yes, "answer every question with Yes");
   app.add_flag("--no", options.no, "answer every question with No")->excludes(yes);
   app.add_flag("--events", options.events, "write every event as a line on standard error");
   app.add_flag("--quiet", options.quiet, "no progress bar and no states");
-  app.add_option("--progress", options.progress, "auto: on a terminal, from half a second on")
+  app.add_option("--progress", options.progress,
+                 "when the progress bar is drawn; auto: on a terminal that is not TERM=dumb, from half a second on")
       ->check(CLI::IsMember({"auto", "always", "never"}))
       ->capture_default_str();
   app.add_flag("--json", options.json, "print one JSON object at the end: files, records, warnings, error");
+  app.add_option("--config", options.config,
+                 "file of options, \"long-name = value\" (default: $XDG_CONFIG_HOME/zorkanca/config.toml, else "
+                 "~/.config/zorkanca/config.toml)");
+  app.add_flag("--no-clobber", options.noClobber, "an existing output file is an error and stays as it is");
 }
 
 // Thousands of documents come and go; giving their memory back to the system after each would cost as much as filling
@@ -57,56 +71,92 @@ void KeepFreedMemory() {
   mallopt(M_MMAP_THRESHOLD, kKept);
 }
 
-int RunCommand(const GlobalOptions& options, const Command& command) {
+int RunCommand(const GlobalOptions& options, const Command& command, Report& report) {
   KeepFreedMemory();
   const std::atomic<bool>& interrupted = WatchForInterrupt();
-  Report report;
-  if (options.json) report.GatherAsJson();
   try {
     const LinuxPlatform host(SettingsOf(options, interrupted, report));
     ReportedUserInterface user(host.platform().userInterface, report);
     const Platform platform = host.platform().With(user);
     return report.Finish(
         command({.options = options, .platform = platform, .interrupted = interrupted, .report = report}));
-  } catch (const UsageError& error) {
-    report.Failure(FromUtf8(error.what()));
-    return report.Finish(kWrongUsage);
-  } catch (const Error& error) {
-    if (interrupted) return report.Finish(kInterrupted);
-    report.Failure(error);
-    return report.Finish(kFailed);
+  } catch (const Error&) {
+    if (!interrupted) throw;
+    return report.Finish(kInterrupted);
   }
 }
 
+void AddAllCommands(CLI::App& app, Command& command) {
+  AddExportCommands(app, command);
+  AddWordCommands(app, command);
+  AddExcelCommands(app, command);
+  AddFillCommands(app, command);
+  AddOfficeCommands(app, command);
+  AddTemplateCommands(app, command);
+  AddValueCommands(app, command);
+  AddBarcodeCommands(app, command);
+  AddRegistryCommands(app, command);
+  AddLogCommands(app, command);
+}
+
+void PrintHelp(const GivenArguments& given) {
+  const std::string help = HelpOf(PageOf(given.innermost(), PathOf(given.commands)));
+  std::fwrite(help.data(), 1, help.size(), stdout);
+}
+
+// A group of commands, or the program, without a command: the first look at it.
+int ShowGroup(const GivenArguments& given) {
+  std::fputs(ShortHelpOf(PageOf(given.innermost(), PathOf(given.commands))).c_str(), stderr);
+  return kWrongUsage;
+}
+
+// What the parser says of a value, without its own way of saying it.
+std::string Reason(const CLI::ParseError& error) {
+  constexpr std::string_view kConversion = "Could not convert: ";
+  std::string text = error.what();
+  if (text.starts_with(kConversion)) {
+    text.erase(0, kConversion.size());
+    if (const std::size_t equals = text.find(" = "); equals != std::string::npos)
+      text.replace(equals, 3, ": no such number: ");
+  }
+  return text.substr(0, text.find('\n'));
+}
+
+// @param given  is filled as far as the arguments were understood
+int Run(CLI::App& app, const std::vector<std::string>& arguments, GivenArguments& given, const GlobalOptions& options,
+        const Command& command, Report& report) {
+  SortArguments(app, arguments, given);
+  if (given.ValueOf("--json")) report.GatherAsJson();
+  if (given.asksForHelp) return PrintHelp(given), kDone;
+  if (given.ValueOf("--version")) return std::puts("zorkanca " ZORKANCA_VERSION), kDone;
+  if (given.innermost().get_require_subcommand_min() > 0) return ShowGroup(given);
+  AddConfigured(given);
+  if (given.ValueOf("--json")) report.GatherAsJson();
+  app.parse(given.ForParser());
+  return RunCommand(options, command, report);
+}
+
 int Main(const std::vector<std::string>& arguments) {
-  CLI::App app("Moves data out of a database into office documents.", "zorkanca");
-  app.set_version_flag("--version", "zorkanca " ZORKANCA_VERSION);
+  CLI::App app("Moves data out of a database into office documents", "zorkanca");
+  app.add_flag("--version")->description("print the version");
   app.require_subcommand(1);
   GlobalOptions options;
   Command command;
   AddGlobalOptions(app, options);
-  AddExportCommands(app, command);
-  AddWordCommands(app, command);
-  AddExcelCommands(app, command);
-  AddValueCommands(app, command);
-  AddRegistryCommands(app, command);
-  AddTemplateCommands(app, command);
-  AddBarcodeCommands(app, command);
-  AddOfficeCommands(app, command);
-  AddLogCommands(app, command);
-  AddFillCommands(app, command);
+  AddAllCommands(app, command);
+  Report report;
+  GivenArguments given;
   try {
-    std::vector<std::string> line = WithValuesMarked(app, arguments);
-    app.parse(std::vector<std::string>(line.rbegin(), line.rend()));  // the parser wants them last to first
-    return RunCommand(options, command);
+    return Run(app, arguments, given, options, command, report);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kDone : kWrongUsage;
+    report.WrongUsage(Reason(error), PathOf(given.commands));
+    return report.Finish(kWrongUsage);
   } catch (const UsageError& error) {
-    std::fprintf(stderr, "zorkanca: %s\n", error.what());
-    return kWrongUsage;
+    report.WrongUsage(error.what(), PathOf(given.commands));
+    return report.Finish(kWrongUsage);
   } catch (const Error& error) {
-    std::fprintf(stderr, "zorkanca: %s\n", error.what());
-    return kFailed;
+    report.Failure(error);
+    return report.Finish(kFailed);
   }
 }
 

@@ -77,6 +77,11 @@ void Report::Failure(TextView text) {
   Tell(text);
 }
 
+void Report::WrongUsage(const std::string& text, const std::string& command) {
+  Failure(FromUtf8(text));
+  std::fprintf(stderr, "'zorkanca%s%s --help' tells what there is.\n", command.empty() ? "" : " ", command.c_str());
+}
+
 void Report::MessageBox(const Message& message) {
   statusLine_.Erase();
   if (message.buttons == MessageButtons::kOk) message_ = Replace(message.text, kCrLf, u"\n");

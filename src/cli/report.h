@@ -40,6 +40,9 @@ class Report {
   void Failure(const Error& error);
   /// "zorkanca: TEXT": why the command failed, in words that need no number.
   void Failure(TextView text);
+  /// "zorkanca: TEXT" and where to read on.
+  /// @param command  its path, "registry get"; empty for the program
+  void WrongUsage(const std::string& text, const std::string& command);
   /// A message box that is about to be shown by somebody else.
   void MessageBox(const Message& message);
 

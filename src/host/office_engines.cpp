@@ -6,15 +6,17 @@
 
 namespace zorkanca {
 
-LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled) {
+LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled,
+                                  std::function<void(TextView)> warn) {
   LibreOfficeConverter::Settings settings;
   settings.localeTag = ToUtf8(locale.tag);
   settings.cancelled = std::move(cancelled);
+  settings.warn = std::move(warn);
   return LibreOfficeConverter(std::move(settings));
 }
 
 OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
-    : word_(locale, ConverterFor(locale, cancelled), std::move(warn), cancelled),
+    : word_(locale, ConverterFor(locale, cancelled, warn), warn, cancelled),
       excel_(locale, ConverterFor(locale, cancelled)) {}
 
 }  // namespace zorkanca

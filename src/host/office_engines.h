@@ -10,7 +10,9 @@ namespace zorkanca {
 
 /// The converter that works for a user of that locale.
 /// @param cancelled  asked now and then; true ends a conversion with error 18; may be empty
-LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled);
+/// @param warn       told in English of what a document lost on the way; may be empty
+LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> cancelled,
+                                  std::function<void(TextView)> warn = {});
 
 class OfficeEngines final : public OfficeApplications {
  public:

@@ -7,13 +7,17 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 #include <string_view>
+#include <utility>
 
 #include "files/atomic_file.h"
 #include "files/native_path.h"
 #include "files/system_error.h"
 #include "files/temporary_folder.h"
 #include "libreoffice/child_group.h"
+#include "libreoffice/fields/field_keeping.h"
+#include "libreoffice/fields/field_return.h"
 #include "libreoffice/office_profile.h"
 #include "opc/ascii_case.h"
 
@@ -86,7 +90,7 @@ ConversionRun::ConversionRun(const LibreOfficeConverter::Settings& settings, std
   RequirePrivateFolder(base_);
   folder_ = JoinPath(base_, "run-XXXXXX");
   if (!mkdtemp(folder_.data())) RaisePathError(errno, folder_);
-  for (const char* name : {"in", "out", "tmp"}) RequirePrivateFolder(JoinPath(folder_, name));
+  for (const char* name : {"in", "marked", "out", "tmp"}) RequirePrivateFolder(JoinPath(folder_, name));
 }
 
 ConversionRun::~ConversionRun() {
@@ -95,11 +99,41 @@ ConversionRun::~ConversionRun() {
 }
 
 std::size_t ConversionRun::Add(const std::string& source, const ConvertibleDocument& document) {
-  const std::string name = "in/" + std::to_string(documents_.size()) + SafeExtension(source);
-  std::string copy = JoinPath(folder_, name);
-  CopyInto(source, copy);
-  documents_.push_back({std::move(copy), document.size});
+  const std::string name = std::to_string(documents_.size()) + SafeExtension(source);
+  Document added{.source = source, .copy = JoinPath(folder_, "in/" + name), .size = document.size};
+  CopyInto(source, added.copy);
+  if (form_.keepsFields) {
+    added.markedCopy = JoinPath(folder_, "marked/" + name);
+    MarkFieldsOf(added);
+  }
+  documents_.push_back(std::move(added));
   return documents_.size() - 1;
+}
+
+// A document whose fields cannot be marked is converted as it is.
+void ConversionRun::MarkFieldsOf(Document& document) const {
+  try {
+    document.fields = MarkFields(document.copy, document.markedCopy);
+  } catch (const Error& error) {
+    WarnOfLoss(document, error.description());
+  }
+  if (document.fields && document.fields->spoiled > 0) {
+    WarnOfLoss(document, u"some stand inside of form fields or objects");
+  }
+}
+
+void ConversionRun::WarnOfLoss(const Document& document, TextView reason) const {
+  if (!settings_.warn) return;
+  settings_.warn(u"Fields of " + FromNativePath(document.source) + u" may have lost their formats and conditions: " +
+                 Text(reason) + u".");
+}
+
+bool ConversionRun::HasItsFields(std::size_t number) const {
+  try {
+    return ReturnFields(ResultOf(number), *documents_[number].fields);
+  } catch (const Error&) {
+    return false;  // what LibreOffice wrote is beyond our limits; the plain result will say so
+  }
 }
 
 std::string ConversionRun::ResultOf(std::size_t number) const {
@@ -113,10 +147,7 @@ bool ConversionRun::IsDone(std::size_t number) const {
 
 // A document that ends the program takes those after it along. So the first that is missing is tried alone, and the
 // rest goes on without it; when neither gave anything, the program itself is at fault.
-std::vector<std::optional<std::string>> ConversionRun::Convert() {
-  std::vector<std::optional<std::string>> failures(documents_.size());
-  std::vector<std::size_t> left(documents_.size());
-  for (std::size_t i = 0; i < left.size(); ++i) left[i] = i;
+void ConversionRun::ConvertInto(Failures& failures, std::vector<std::size_t> left) const {
   while (!left.empty()) {
     const std::size_t before = left.size();
     Outcome outcome = Call(left);
@@ -134,6 +165,27 @@ std::vector<std::optional<std::string>> ConversionRun::Convert() {
     if (progress) continue;
     for (const std::size_t number : left) failures[number] = ReasonOf(outcome);
     break;
+  }
+}
+
+std::vector<std::optional<std::string>> ConversionRun::Convert() {
+  Failures failures(documents_.size());
+  std::vector<std::size_t> all(documents_.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  ConvertInto(failures, all);
+  std::erase_if(all, [&](std::size_t number) {
+    return !documents_[number].fields || (!failures[number] && HasItsFields(number));
+  });
+  if (all.empty()) return failures;
+  for (const std::size_t number : all) {
+    std::error_code ignored;
+    std::filesystem::remove(ResultOf(number), ignored);
+    documents_[number].fields.reset();
+    failures[number].reset();
+  }
+  ConvertInto(failures, all);
+  for (const std::size_t number : all) {
+    if (!failures[number]) WarnOfLoss(documents_[number], u"LibreOffice did not bring them through");
   }
   return failures;
 }
@@ -171,7 +223,10 @@ std::vector<std::string> ConversionRun::CommandLine(const std::string& profileUr
         form_.filter, std::string("--outdir"), JoinPath(folder_, "out")}) {
     arguments.push_back(argument);
   }
-  for (const std::size_t number : numbers) arguments.push_back(documents_[number].copy);
+  for (const std::size_t number : numbers) {
+    const Document& document = documents_[number];
+    arguments.push_back(document.fields ? document.markedCopy : document.copy);
+  }
   return arguments;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "libreoffice/conversion_check.h"
+#include "libreoffice/fields/marked_fields.h"
 #include "libreoffice/libreoffice_converter.h"
 
 namespace zorkanca {
@@ -20,6 +21,7 @@ struct OutputForm {
   std::string filter;     ///< the program's option: "pdf:writer_pdf_Export:{...}"
   /// Changes a result in place before it is delivered, given the document and the result; may be empty.
   std::function<void(const std::string&, const std::string&)> finish{};
+  bool keepsFields = false;  ///< the result is a Word package that has the fields of the document
 };
 
 /// Converts documents that go through the same filter. The private folder of the run is gone at its end.
@@ -31,9 +33,10 @@ class ConversionRun {
   ConversionRun(const ConversionRun&) = delete;
   ConversionRun& operator=(const ConversionRun&) = delete;
 
-  /// Copies a checked document in. @return its number, from 0
+  /// Copies a checked document in. Warns when what its fields say cannot be kept. @return its number, from 0
   std::size_t Add(const std::string& source, const ConvertibleDocument& document);
-  /// Converts all. @return for each document why it failed, or nothing
+  /// Converts all; again, and with a warning, what lost its fields on the way. @return for each document why it failed,
+  /// or nothing
   std::vector<std::optional<std::string>> Convert();
   /// Finishes the result of a document that did not fail and moves it to its place. Errors: those of the file system.
   void Deliver(std::size_t number, const std::string& target) const;
@@ -45,10 +48,18 @@ class ConversionRun {
     std::string said;
   };
   struct Document {
+    std::string source;
     std::string copy;
+    std::string markedCopy{};              // converted in its place, while there is one
+    std::optional<MarkedFields> fields{};  // of that
     std::uint64_t size = 0;
   };
+  using Failures = std::vector<std::optional<std::string>>;
 
+  void MarkFieldsOf(Document& document) const;
+  void WarnOfLoss(const Document& document, TextView reason) const;
+  bool HasItsFields(std::size_t number) const;
+  void ConvertInto(Failures& failures, std::vector<std::size_t> left) const;
   Outcome Call(std::span<const std::size_t> numbers) const;
   std::vector<std::string> CommandLine(const std::string& profileUrl, std::span<const std::size_t> numbers) const;
   std::string ReasonOf(const Outcome& outcome) const;

@@ -67,7 +67,7 @@ OutputForm PdfForm(DocumentFamily family, const PdfOptions& options) {
 
 OutputForm OpenXmlForm(DocumentFamily family) {
   if (family == DocumentFamily::kSheet) return {.extension = "xlsx", .filter = "xlsx:Calc MS Excel 2007 XML"};
-  return {.extension = "docx", .filter = "docx:MS Word 2007 XML"};
+  return {.extension = "docx", .filter = "docx:MS Word 2007 XML", .keepsFields = true};
 }
 
 Error ConversionError(const std::string& source, const std::string& reason) {
@@ -94,9 +94,9 @@ void ConvertGroup(const LibreOfficeConverter::Settings& settings, const std::str
   ConversionRun run(settings, program, std::move(form));
   std::vector<std::size_t> added;  // place in `all` of each document of the run
   for (const auto& [place, document] : group) {
-    Attempt(results[place], [&] {
-      run.Add(all[place].source, document);
-      added.push_back(place);
+    Attempt(results[place], [&, number = place, &converted = document] {  // clang 14 captures no structured binding
+      run.Add(all[number].source, converted);
+      added.push_back(number);
     });
   }
   const std::vector<std::optional<std::string>> failures = run.Convert();

@@ -42,9 +42,10 @@ class LibreOfficeConverter {
     std::string folder;   ///< private folder for profiles and copies; one below the temporary folder when empty
     /// How long a call may take whatever it converts; more is added for large documents.
     std::chrono::milliseconds patience = std::chrono::seconds(30);
-    bool isolateNetwork = true;       ///< runs in an empty network namespace where the system allows it
-    std::string localeTag;            ///< of numbers and dates in documents, "cs-CZ"; LibreOffice's own when empty
-    std::function<bool()> cancelled;  ///< asked now and then while the program runs; may be empty
+    bool isolateNetwork = true;            ///< runs in an empty network namespace where the system allows it
+    std::string localeTag;                 ///< of numbers and dates in documents, "cs-CZ"; LibreOffice's own when empty
+    std::function<bool()> cancelled;       ///< asked now and then while the program runs; may be empty
+    std::function<void(TextView)> warn{};  ///< told in English of what a document lost on the way; may be empty
   };
 
   LibreOfficeConverter();
@@ -55,7 +56,8 @@ class LibreOfficeConverter {
   /// what the program said; 18 when cancelled; those of the file system.
   void ToPdf(const std::string& source, const std::string& target, const PdfOptions& options = {}) const;
   /// Writes a document of an earlier or another format (.doc, .dot, .rtf, .odt; .xls, .xlt, .ods) as .docx or .xlsx:
-  /// text documents as the one, workbooks as the other, whatever the target is called. Errors: as above.
+  /// text documents as the one, workbooks as the other, whatever the target is called. The fields of .doc, .dot, .rtf
+  /// and Word's XML of 2003 keep all that they say. Errors: as above.
   void ToOpenXml(const std::string& source, const std::string& target) const;
 
   /// Several documents by as few calls as possible: each further one takes a tenth of the time of the first.

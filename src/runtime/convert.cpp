@@ -19,6 +19,8 @@ template <typename... Handlers>
 struct Overloaded : Handlers... {
   using Handlers::operator()...;
 };
+template <typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;  // C++20 deduces it so; clang 14 does not yet
 
 template <typename T>
 concept Integer = std::is_integral_v<T> && !std::is_same_v<T, bool>;

@@ -24,10 +24,10 @@ class ReportTest(CommandLineCase):
     def test_progress_on_a_terminal(self):
         for before, rows, environment, drawn, coloured in [
             ([], 10, {}, False, False),                                   # done before anybody looks
-            ([], 700_000, {}, True, True),
-            ([], 700_000, {"NO_COLOR": "1"}, True, False),
-            ([], 700_000, {"TERM": "dumb"}, False, False),
-            (["--progress=never"], 700_000, {}, False, False),
+            ([], 2_000_000, {}, True, True),
+            ([], 2_000_000, {"NO_COLOR": "1"}, True, False),
+            ([], 2_000_000, {"TERM": "dumb"}, False, False),
+            (["--progress=never"], 2_000_000, {}, False, False),
             (["--quiet", "--progress=always"], 10, {}, False, False),
             (["--progress=always"], 10, {"TERM": "dumb"}, True, False),
         ]:

@@ -76,7 +76,8 @@ TEST_F(Files, DeleteTakesFilesAndLinksAlone) {
   mkfifo(folder_.Path("pipe").c_str(), 0666);
   const std::pair<const char*, int> rows[] = {{"none", 53}, {"folder", 53}, {"pipe", 70}, {"locked", 70}};
   for (const auto& [name, number] : rows) {
-    EXPECT_EQ(ErrorOf([&] { files_.DeleteFile(folder_.TextPath(name), false); }).number(), number) << name;
+    const Text path = folder_.TextPath(name);
+    EXPECT_EQ(ErrorOf([&] { files_.DeleteFile(path, false); }).number(), number) << name;
   }
   files_.DeleteFile(folder_.TextPath("file"), false);
   files_.DeleteFile(folder_.TextPath("link"), false);

@@ -130,7 +130,7 @@ TEST(Pair, ShowsNumbersAndRefusesNegativeSizes) {
   EXPECT_EQ(Point(-15.4F, 120000).ToString(locale), u"-15, 120000");
   EXPECT_EQ(Size(0, 2.6F).ToString(locale), u"0, 3");
   for (const auto& [width, height] : {std::pair(-1.0F, 0.0F), std::pair(0.0F, -.5F)}) {
-    const Error error = ErrorOf([&] { const Size size(width, height); });
+    const Error error = ErrorOf([w = width, h = height] { const Size size(w, h); });
     EXPECT_EQ(error.number(), ArgumentErrorCode);
     EXPECT_NE(error.description().find(u"Nezáporné číslo"), Text::npos);
   }

@@ -25,8 +25,8 @@ TEST(RegistryAccess, SettingsLieUnderApplicationAndSection) {
   EXPECT_EQ(access.GetSetting(u"abc\\AlternativeOffice", u"Folder", u"d"), u"");
   EXPECT_EQ(access.GetSetting(u"Layout", u"missing", u"d"), u"d");
   EXPECT_EQ(access.GetSetting(u"missing", u"Okno", u"d"), u"d");
-  for (const auto& [section, key] : {std::pair(u" ", u"k"), std::pair(u"s", u"")}) {
-    EXPECT_EQ(ErrorOf([&] { access.GetSetting(section, key, u"d"); }).number(), ArgumentErrorCode);
+  for (const auto& names : {std::pair(u" ", u"k"), std::pair(u"s", u"")}) {
+    EXPECT_EQ(ErrorOf([&] { access.GetSetting(names.first, names.second, u"d"); }).number(), ArgumentErrorCode);
   }
   const Error unsound = ErrorOf([&] { access.SaveSetting(u"a\\\\b", u"k", u"v"); });
   EXPECT_EQ(

@@ -15,6 +15,7 @@
 #include "files/file_descriptor.h"
 #include "libreoffice/conversion_check.h"
 #include "opc/package.h"
+#include "support/binary_word.h"
 #include "support/raw_zip.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
@@ -42,6 +43,7 @@ while [ $# -gt 0 ]; do
 done
 for document in "$@"; do
   name=$(basename "$document"); result="$out/${name%.*}.pdf"
+  case "$filter" in docx*) cp "$here/result.docx" "$out/${name%.*}.docx"; continue;; esac
   if grep -q CRASH "$document"; then kill -9 $$; fi
   if grep -q NOTHING "$document"; then echo "Error: source file could not be loaded" >&2; continue; fi
   if grep -q GARBAGE "$document"; then echo "%PDF-1.6 and no page" > "$result"; continue; fi
@@ -73,7 +75,8 @@ class Converter : public ::testing::Test {
                  .patience = 20s,
                  .isolateNetwork = false,
                  .localeTag = {},
-                 .cancelled = {}};
+                 .cancelled = {},
+                 .warn = [this](TextView text) { warnings_ += ToUtf8(text) + "\n"; }};
   }
 
   std::string Document(const std::string& name, const std::string& text) {
@@ -100,6 +103,7 @@ class Converter : public ::testing::Test {
 
   TemporaryFolder folder_;
   LibreOfficeConverter::Settings settings_;
+  std::string warnings_;
 };
 
 TEST_F(Converter, ThePrivateProfileAndFolderAreAllThatTheProgramIsGiven) {
@@ -174,6 +178,67 @@ TEST_F(Converter, OneBadDocumentOfABatchDoesNotStopTheOthers) {
   }
   for (const auto& error : LibreOfficeConverter(settings_).ToPdf(hopeless)) EXPECT_TRUE(error);
   EXPECT_EQ(Calls(), 6);  // it is not tried ten times
+}
+
+TEST_F(Converter, ADocumentThatLosesItsMarkedFieldsIsConvertedAsItWas) {
+  folder_.Write("result.docx", RawZip(SmallDocument("old")));
+  folder_.Write("one.doc", BinaryWordBytes({{{u"{ MERGEFIELD a \\# 0|1}"}}}));
+  LibreOfficeConverter(settings_).ToOpenXml(folder_.Path("one.doc"), folder_.Path("out.docx"));
+  EXPECT_EQ(Calls(), 2);
+  EXPECT_THAT(folder_.Read("arguments"), ::testing::EndsWith("/in/0.doc\n"));
+  EXPECT_TRUE(IsWholePackage(folder_.Path("out.docx")));
+  EXPECT_EQ(warnings_, "Fields of " + folder_.Path("one.doc") +
+                           " may have lost their formats and conditions: LibreOffice did not bring them through.\n");
+
+  // Marked, brought through, and some that cannot be.
+  warnings_.clear();
+  folder_.Write("result.docx", RawZip(SmallDocument("ƒ MERGEFIELD a \\# 0˜1‡")));
+  folder_.Write("one.doc", BinaryWordBytes({{{u"{FORMTEXT|{DATE|x}}{ M |y}"}}, {}, {70, 31, 59}}));
+  LibreOfficeConverter(settings_).ToOpenXml(folder_.Path("one.doc"), folder_.Path("out.docx"));
+  EXPECT_EQ(Calls(), 3);
+  EXPECT_THAT(folder_.Read("arguments"), ::testing::EndsWith("/marked/0.doc\n"));
+  EXPECT_THAT(warnings_, HasSubstr("conditions: some stand inside of form fields or objects."));
+
+  // Nothing to keep, and nothing that can be read.
+  warnings_.clear();
+  folder_.Write("one.doc", BinaryWordBytes({{{u"{PAGE|1}"}}, {}, {33}}));
+  folder_.Write("two.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
+  for (const char* name : {"one.doc", "two.doc"}) {
+    LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
+  }
+  EXPECT_EQ(Calls(), 5);
+  EXPECT_EQ(warnings_, "Fields of " + folder_.Path("two.doc") +
+                           " may have lost their formats and conditions: the file is damaged.\n");
+}
+
+TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
+  const std::string xml =
+      "<?xml version=\"1.0\"?><w:wordDocument xmlns:w=\"http://schemas.microsoft.com/office/word/2003/wordml\">"
+      "<w:body><w:fldSimple w:instr=\"DATE\"/></w:body></w:wordDocument>";
+  folder_.Write("result.docx", RawZip(SmallDocument("\uE013DATE\uE015\uE016")));
+  folder_.Write("a.rtf", "{\\rtf1{\\field{\\*\\fldinst DATE}{\\fldrslt}}}");
+  folder_.Write("a.xml", xml);
+  for (const char* name : {"a.rtf", "a.xml"}) {
+    LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
+    EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/marked/0.")) << name;
+    const Package package = Package::Open(folder_.Path("out.docx"));
+    EXPECT_THAT(package.ReadPart(package.MainPart()), HasSubstr("<w:instrText xml:space=\"preserve\">DATE<")) << name;
+  }
+  EXPECT_EQ(warnings_, "");
+
+  const std::string content = "<x xmlns=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\"><text:database-next/></x>";
+  folder_.Write("a.odt", RawZip({{"mimetype", "application/vnd.oasis.opendocument.text"}, {"content.xml", content}}));
+  folder_.Write("a.fodt", content);
+  folder_.Write("damaged.xml", xml + "<");
+  for (const char* name : {"a.odt", "a.fodt", "damaged.xml"}) {
+    LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
+    EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/in/0.")) << name;
+  }
+  const std::string told = " may have lost their formats and conditions: ";
+  const std::string next = told + "LibreOffice does not bring through its next record (1).\n";
+  EXPECT_EQ(warnings_, "Fields of " + folder_.Path("a.odt") + next + "Fields of " + folder_.Path("a.fodt") + next +
+                           "Fields of " + folder_.Path("damaged.xml") + told +
+                           "its XML is not sound or larger than we read.\n");
 }
 
 TEST_F(Converter, UnsoundDocumentsNeverReachTheProgram) {

@@ -51,7 +51,7 @@ TEST(OpcXml, OnlySoundXmlPasses) {
       {Nested(257), "nested too deeply"},
   };
   for (const auto& [xml, reason] : rows) {
-    const Error error = ErrorOf([&] { ParseXml(xml, kSource); });
+    const Error error = ErrorOf([&bytes = xml] { ParseXml(bytes, kSource); });
     EXPECT_EQ(error.number(), 5) << xml;
     EXPECT_THAT(ToUtf8(error.description()), HasSubstr(reason)) << xml;
   }

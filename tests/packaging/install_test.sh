@@ -55,3 +55,8 @@ completions() {
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log" || { cat "$work/cpack.log"; exit 1; }
 dpkg -x "$work"/package/zorkanca_*.deb "$work/root"
 [[ "$(env -i "$work/root/usr/bin/zorkanca" number 0.00 1)" == 1,00 ]]
+
+# Its licence lies where Debian looks for it, and says what LICENSE says.
+documents=$work/root/usr/share/doc/zorkanca
+diff <(sed -n '/^License: Expat$/,$ { s/^ //; s/^\.$//; p }' "$documents/copyright" | tail -n +4) <(tail -n +5 "$source/LICENSE")
+zcat "$documents/changelog.gz" | cmp - "$source/CHANGELOG.md"

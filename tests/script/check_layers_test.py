@@ -30,6 +30,8 @@ PLANTED = [
     ("textfiles/text_reader.cpp", '"files/native_path.h"', "textfiles may not include files"),
     ("files/native_path.cpp", '"opc/package.h"', "files may not include opc"),
     ("libreoffice/office_profile.cpp", '"word/word_engine.h"', "libreoffice may not include word"),
+    ("libreoffice/fields/field_types.cpp", '"libreoffice/conversion_run.h"',
+     "libreoffice/fields may not include libreoffice/"),
     ("sqlite/sqlite_types.cpp", '"files/native_path.h"', "sqlite may not include files"),
     ("qt/qt_text.h", '"host/desktop/display.h"', "qt may not include host"),
     ("host/pdf_batch.cpp", '"export/zor_office.h"', "host may not include export"),

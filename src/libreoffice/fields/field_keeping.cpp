@@ -1,0 +1,93 @@
+#include "libreoffice/fields/field_keeping.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <utility>
+
+#include "files/system_error.h"
+#include "libreoffice/fields/binary_fields.h"
+#include "libreoffice/fields/open_document_losses.h"
+#include "libreoffice/fields/rtf_fields.h"
+#include "libreoffice/fields/xml_fields.h"
+#include "opc/document_kind.h"
+
+namespace zorkanca {
+
+namespace {
+
+constexpr std::uintmax_t kLargest = 256ULL << 20;  // bytes
+
+std::string ReadDocument(const std::string& path) {
+  std::error_code failure;
+  const std::uintmax_t size = std::filesystem::file_size(path, failure);
+  if (failure) RaisePathError(failure.value(), path);
+  if (size > kLargest) RefuseFields("it is larger than 256 MB");
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!file) RaiseSystemError(EIO);
+  return bytes;
+}
+
+void WriteDocument(const std::string& path, const std::string& bytes) {
+  std::ofstream file(path, std::ios::binary);
+  file << bytes << std::flush;
+  if (!file) RaiseSystemError(EIO);
+}
+
+// The beginning of a document that is known by its namespace: the root stands behind declarations and comments.
+std::string StartOf(const std::string& path) {
+  constexpr std::size_t kStart = 64 * 1024;
+  std::ifstream file(path, std::ios::binary);
+  std::string start(kStart, '\0');
+  file.read(start.data(), static_cast<std::streamsize>(kStart));
+  start.resize(static_cast<std::size_t>(file.gcount()));
+  std::erase(start, '\0');  // one byte of two in UTF-16
+  return start;
+}
+
+void RefuseLosses(const std::string& losses) {
+  if (!losses.empty()) RefuseFields("LibreOffice does not bring through its " + losses);
+}
+
+std::optional<MarkedFields> Written(std::optional<MarkedText> text, const std::string& copy) {
+  if (!text) return std::nullopt;
+  WriteDocument(copy, text->bytes);
+  return std::move(text->fields);
+}
+
+std::optional<MarkedFields> MarkXml(const std::string& document, const std::string& copy) {
+  constexpr std::string_view kOpenDocument = "urn:oasis:names:tc:opendocument:xmlns:office:1.0";
+  const std::string start = StartOf(document);
+  if (start.find(kWordXmlOf2003) != start.npos) return Written(MarkXmlFields(ReadDocument(document)), copy);
+  if (start.find(kOpenDocument) != start.npos) RefuseLosses(OpenDocumentLosses(ReadDocument(document)));
+  return std::nullopt;
+}
+
+std::optional<MarkedFields> MarkBinary(const std::string& document, const std::string& copy) {
+  std::string bytes = ReadDocument(document);
+  std::optional<MarkedFields> marked = MarkBinaryFields(bytes);
+  if (marked) WriteDocument(copy, bytes);
+  return marked;
+}
+
+}  // namespace
+
+std::optional<MarkedFields> MarkFields(const std::string& document, const std::string& copy) {
+  switch (DocumentKindOf(document)) {
+    case DocumentKind::kCompound:
+      return MarkBinary(document, copy);
+    case DocumentKind::kRichText:
+      return Written(MarkRtfFields(ReadDocument(document)), copy);
+    case DocumentKind::kOpenDocument:
+      RefuseLosses(OpenDocumentLossesOf(document));
+      return std::nullopt;
+    case DocumentKind::kOther:
+      return MarkXml(document, copy);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace zorkanca
