@@ -91,6 +91,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddWordCommands(app, command);
   AddExcelCommands(app, command);
   AddFillCommands(app, command);
+  AddFieldsCommand(app, command);
   AddOfficeCommands(app, command);
   AddTemplateCommands(app, command);
   AddValueCommands(app, command);

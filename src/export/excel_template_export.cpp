@@ -69,7 +69,7 @@ void ExcelTemplateExport::Fill(TemplateRecords& records, std::int32_t recordCoun
 void ExcelTemplateExport::WriteDataFile(TemplateRecords& records, std::int32_t recordCount,
                                         ExcelRowPatterns& patterns) {
   arguments_.rsSourceFile = OutputPathInWorkFolder(context_, arguments_.rsSourceFile);
-  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi));
+  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, AnsiOrUtf8(context_.preferences)));
   for (std::int16_t left = context_.blankRecordsBefore; left > 0; --left) {
     for (const auto& row : patterns.rows) file.WriteBlankLine(static_cast<std::int32_t>(row.size()));
   }
@@ -109,7 +109,7 @@ void ExcelTemplateExport::LayOver(ExcelWorksheet& sheet, std::int32_t width) {
     columns.push_back({.column = column, .type = ExcelColumnType::kText});
   }
   ExcelTextImport import(excel_.application());
-  import.Open(DataFileImport(arguments_.rsSourceFile, std::move(columns)));
+  import.Open(DataFileImport(context_, arguments_.rsSourceFile, std::move(columns)));
   import.workbook().Activate();
   const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
   if (context_.settings.XlPasteFormulasNoClipboard) {

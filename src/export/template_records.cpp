@@ -44,11 +44,11 @@ Field* QueryTemplateRecords::Column(TextView name) {
 }
 
 std::int32_t PreparedTemplateRecords::Open() {
-  const Platform& platform = session_.context().platform;
-  Text header = ReadPreparedHeader(platform.files, headersFile_);
-  TakeCode(header, platform.locale);
+  const ExportContext& context = session_.context();
+  Text header = ReadPreparedHeader(context, headersFile_);
+  TakeCode(header, context.platform.locale);
   session_.ShowPointer(MousePointer::kHourglass);
-  data_.emplace(platform.files, dataFile_);
+  data_.emplace(context, dataFile_);
   std::vector<Text> names;
   for (const TextView name : Split(header, kExportSeparator)) names.emplace_back(name);
   records_.emplace(std::move(names), *data_);

@@ -13,14 +13,13 @@ bool WordFileExport::Run() {
 }
 
 bool WordFileExport::Export() {
-  FileSystem& files = context_.platform.files;
-  Text header = ReadPreparedHeader(files, headersFileName_);
+  Text header = ReadPreparedHeader(context_, headersFileName_);
   barCode_ = TakeBarCode(header, context_.platform.locale);
   TemplateCheck check(context_, TemplateUse::kMerge);
   check.Before(arguments_, ColumnsOf(header));
   {
     session_.ShowPointer(MousePointer::kHourglass);
-    const PreparedData data(files, dataFileName_);
+    const PreparedData data(context_, dataFileName_);
     session_.ShowPointer(MousePointer::kDefault);
     WriteMergeData(std::move(header), data);
   }

@@ -15,7 +15,7 @@ namespace zorkanca::excel {
 class ImportedText final : public CellSource, public std::enable_shared_from_this<ImportedText> {
  public:
   /// Reads the file once to count its rows and columns.
-  /// @param path    native
+  /// @param path    native; ANSI or, by the argument Origin, UTF-8
   /// @param locale  outlives the block
   /// Errors: 1004 when it is missing, has more rows or columns than a sheet, or a value longer than a cell holds; 438
   /// for an unsupported argument; those of files.
@@ -39,6 +39,7 @@ class ImportedText final : public CellSource, public std::enable_shared_from_thi
 
   std::shared_ptr<const OpenedText> text_;
   const Locale& locale_;
+  bool isUtf8_;  // else ANSI
   GeneralReader reader_;
   std::vector<bool> textColumns_;
   std::vector<std::uint64_t> marks_;  // offsets of every 256th row
