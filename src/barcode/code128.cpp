@@ -58,7 +58,7 @@ char16_t WithVisibleBlank(char16_t unit) {
 }  // namespace
 
 char16_t Code128FontCharacter(float value, const CodePage& codePage) {
-  const float offset = value < 96 ? 32 : value < 100 ? 70 : value < 103 ? 71 : 77;
+  const float offset = value < 96 ? 32.F : value < 100 ? 70.F : value < 103 ? 71.F : 77.F;
   const float code = std::nearbyint(value + offset);
   if (!(code >= 0 && code <= 255)) Raise(RuntimeError::kInvalidCall);
   return codePage.Decode(static_cast<std::uint8_t>(code));

@@ -137,13 +137,16 @@ void AddBarcodeCommands(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("barcode", "Print the text of a bar code, or draw it");
   const auto options = std::make_shared<BarCodeOptions>();
   command->add_option("PARAM", options->parameters, "symbology;items;output column;check flag")->required();
-  CLI::Option* value = command->add_option("--value", options->value, "value to encode");
-  CLI::Option* database = command->add_option("--db", options->database, "SQLite database file")->excludes(value);
-  CLI::Option* select =
-      command->add_option("--select", options->select, "SELECT statement; - reads it from standard input");
+  CLI::Option* value =
+      command->add_option("--value", options->value, "value to encode; this, or --db and --select, is required");
+  CLI::Option* database =
+      command->add_option("--db", options->database, "SQLite database file (default: none)")->excludes(value);
+  CLI::Option* select = command->add_option("--select", options->select,
+                                            "SELECT statement; - reads it from standard input (default: none)");
   select->needs(database);
   database->needs(select);
-  command->add_option("--svg", options->svg, "draw into this file; several records: into this folder");
+  command->add_option("--svg", options->svg,
+                      "draw into this file; several records: into this folder (default: print the text)");
   command->callback([&chosen, options, value, database] {
     const bool hasValue = value->count() > 0;
     if (!hasValue && database->count() == 0) throw UsageError("barcode needs --value, or --db and --select");

@@ -69,6 +69,7 @@ void AddOfficeCommands(CLI::App& app, Command& chosen);
 void AddLogCommands(CLI::App& app, Command& chosen);
 void AddFillCommands(CLI::App& app, Command& chosen);
 void AddFieldsCommand(CLI::App& app, Command& chosen);
+void AddManualCommands(CLI::App& app, Command& chosen);
 
 /// All bytes that are left in a file. Errors: 57 when it cannot be read.
 std::string ReadToEnd(std::FILE* file);

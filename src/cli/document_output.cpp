@@ -27,7 +27,9 @@ void CheckFile(FileSystem& files, TextView path, bool pdf) {
 }  // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
-  command.add_option("-o,--output", options.output, ".docx or .pdf file; for several documents a folder, DIR/");
+  command.add_option(
+      "-o,--output", options.output,
+      ".docx or .pdf file; for several documents a folder, DIR/ (default: the template's name in the current folder)");
   command.add_flag("--pdf", options.pdf, "documents of a folder become PDF");
   command.add_flag("--no-open", options.noOpen, "do not open the result in its associated program");
 }

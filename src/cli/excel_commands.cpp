@@ -133,7 +133,7 @@ int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& opti
 }
 
 void AddWorkbookOptions(CLI::App& command, ExcelOptions& options, const char* defaultName) {
-  command.add_option("--data-file", options.dataFile, "keep the file that Excel imports here");
+  command.add_option("--data-file", options.dataFile, "keep the file that Excel imports here (default: it is removed)");
   AddUnicodeOption(command, options.query);
   command.add_option("-o,--output", options.output, std::string(".xlsx, .xlsm or .pdf file (default: ") + defaultName);
   command.add_flag("--no-open", options.noOpen, "do not open the result in its associated program");

@@ -85,7 +85,9 @@ std::string DescriptionOf(const OptionPage& option) {
   if (option.repeatable) add("may be given several times");
   if (!option.environment.empty()) add("environment: " + option.environment);
   if (!option.defaultValue.empty()) add("default: " + option.defaultValue);
-  if (!more.empty()) text += " (" + more + ")";
+  if (more.empty()) return text;
+  if (text.ends_with(')')) return text.substr(0, text.size() - 1) + "; " + more + ")";
+  text += " (" + more + ")";
   return text;
 }
 

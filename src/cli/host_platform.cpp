@@ -1,5 +1,8 @@
 #include "cli/host_platform.h"
 
+#include <memory>
+
+#include "cli/progress_bar.h"
 #include "runtime/locale.h"
 #include "runtime/utf8.h"
 
@@ -19,6 +22,18 @@ DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {
   return options.no ? DesktopUserInterface::Answers::kNo : DesktopUserInterface::Answers::kAsk;
 }
 
+std::string_view NameOf(ExcelWork work) {
+  switch (work) {
+    case ExcelWork::kImporting:
+      return "importing";
+    case ExcelWork::kFitting:
+      return "fitting columns";
+    case ExcelWork::kSaving:
+      return "saving";
+  }
+  return {};
+}
+
 }  // namespace
 
 LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic<bool>& interrupted, Report& report) {
@@ -27,7 +42,9 @@ LinuxPlatformSettings SettingsOf(const GlobalOptions& options, const std::atomic
           .answers = AnswersOf(options),
           .insteadOfDialogs = u"--template or \"alternative set\"",
           .warn = [&report](TextView warning) { report.Warning(warning); },
-          .cancelled = [&interrupted] { return interrupted.load(); }};
+          .cancelled = [&interrupted] { return interrupted.load(); },
+          .working = [bar = std::make_shared<ProgressBar>(options, report.statusLine())](
+                         ExcelWork work, double percent) { bar->Draw(percent, NameOf(work)); }};
 }
 
 }  // namespace zorkanca::cli

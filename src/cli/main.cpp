@@ -12,6 +12,7 @@
 #include "cli/arguments.h"
 #include "cli/command_line.h"
 #include "cli/command_page.h"
+#include "cli/completion.h"
 #include "cli/config_file.h"
 #include "cli/help.h"
 #include "cli/host_platform.h"
@@ -98,6 +99,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddBarcodeCommands(app, command);
   AddRegistryCommands(app, command);
   AddLogCommands(app, command);
+  AddManualCommands(app, command);
 }
 
 void PrintHelp(const GivenArguments& given) {
@@ -126,6 +128,10 @@ std::string Reason(const CLI::ParseError& error) {
 // @param given  is filled as far as the arguments were understood
 int Run(CLI::App& app, const std::vector<std::string>& arguments, GivenArguments& given, const GlobalOptions& options,
         const Command& command, Report& report) {
+  if (!arguments.empty() && arguments.front() == kCompleteCommand) {
+    PrintCompletions(app, {arguments.begin() + 1, arguments.end()});
+    return report.Finish(kDone);
+  }
   SortArguments(app, arguments, given);
   if (given.ValueOf("--json")) report.GatherAsJson();
   if (given.asksForHelp) return PrintHelp(given), kDone;

@@ -55,7 +55,8 @@ void AddPdf(CLI::App& app, Command& chosen) {
   command->add_option("SOURCE", options->source, "document or workbook")->required();
   command->add_option("TARGET", options->target, "PDF file to write")->required();
   command->add_option("--bookmarks", options->bookmarks, "0: none, 1: of headings, 2: of Word's bookmarks")
-      ->check(CLI::Range(0, 2));
+      ->check(CLI::IsMember({0, 1, 2}))
+      ->capture_default_str();
   command->add_flag("--pdf-a", options->archive, "write PDF/A (ISO 19005-1)");
   command->callback([&chosen, options] {
     chosen = [options](const CommandContext& context) {
@@ -239,7 +240,8 @@ class AlternativeCommands {
     return command;
   }
   void AddPrefix(CLI::App* command) {
-    command->add_option("--prefix", options_->prefix, "code of the application that the folder belongs to");
+    command->add_option("--prefix", options_->prefix,
+                        "code of the application that the folder belongs to (default: none)");
   }
   CLI::App* AddForKind(const char* name, const char* description, Operation operation) {
     CLI::App* command = Add(name, description, operation);

@@ -1,9 +1,8 @@
 // What a person at a terminal sees of a running export, and what scripts read of it: the events of cZorOffice.
 #pragma once
 
-#include <chrono>
-
 #include "cli/command_line.h"
+#include "cli/progress_bar.h"
 #include "export/zor_office_events.h"
 
 namespace zorkanca::cli {
@@ -17,18 +16,10 @@ class ProgressDisplay final : public ZorOfficeEvents {
   void PercentDone(float Percent, bool& Cancel) override;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
-  bool DrawsNow(float percent, Clock::time_point now) const;
-  void DrawBar(float percent);
-
   const CommandContext& context_;
   bool eventLines_;
-  bool bar_;
+  ProgressBar bar_;
   bool states_;
-  bool colours_;
-  Clock::time_point start_ = Clock::now();
-  Clock::time_point lastDrawn_ = start_;
 };
 
 }  // namespace zorkanca::cli

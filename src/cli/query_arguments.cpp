@@ -9,14 +9,19 @@ namespace zorkanca::cli {
 
 void AddQueryOptions(CLI::App& command, QueryOptions& query) {
   command.add_option("--db", query.database, "SQLite database file")->required();
-  CLI::Option* select =
-      command.add_option("--select", query.select, "SELECT statement; - reads it from standard input");
-  command.add_option("--sql-file", query.sqlFile, "file that holds the SELECT statement, UTF-8")->excludes(select);
+  CLI::Option* select = command.add_option(
+      "--select", query.select, "SELECT statement, - reads it from standard input; this or --sql-file is required");
+  command
+      .add_option("--sql-file", query.sqlFile,
+                  "file that holds the SELECT statement, UTF-8; in place of --select (default: none)")
+      ->excludes(select);
   command
       .add_option("--type", query.types,
-                  "COLUMN=boolean, integer, currency, double, date or text: the type of a computed column")
+                  "COLUMN=boolean, integer, currency, double, date or text: the type of a computed column (default: "
+                  "that of its "
+                  "values)")
       ->allow_extra_args(false);
-  command.add_option("--options", query.options, "options passed to the database");
+  command.add_option("--options", query.options, "options passed to the database")->capture_default_str();
   AddStepOption(command, query);
 }
 
@@ -24,7 +29,8 @@ void AddRecordOptions(CLI::App& command, QueryOptions& query) {
   command.add_option("--names", query.names,
                      "column names separated by ';'; or database: the names of the recordset (default), or select: "
                      "those that are read from the text of the SELECT");
-  command.add_option("--multiplier", query.multiplier, "column that tells how often a record is written");
+  command.add_option("--multiplier", query.multiplier,
+                     "column that tells how often a record is written (default: once)");
   AddBlankRecordsOption(command, query);
 }
 
@@ -33,7 +39,7 @@ void AddStepOption(CLI::App& command, QueryOptions& query) {
 }
 
 void AddBlankRecordsOption(CLI::App& command, QueryOptions& query) {
-  command.add_option("--blank-records", query.blankRecords, "empty records before the data");
+  command.add_option("--blank-records", query.blankRecords, "empty records before the data")->capture_default_str();
 }
 
 void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared) {

@@ -150,7 +150,9 @@ void AddRegistryCommands(CLI::App& app, Command& chosen) {
   CLI::App* set = addKey(AddOperation(group, chosen, options, "set", "Write a value", Set));
   set->add_option("NAME", options->name, "value name; '' is the key's default value")->required();
   set->add_option("VALUE", options->value, "the value")->required();
-  set->add_option("--type", options->type, "string or number")->check(CLI::IsMember({"string", "number"}));
+  set->add_option("--type", options->type, "type of the value")
+      ->check(CLI::IsMember({"string", "number"}))
+      ->capture_default_str();
   addKey(AddOperation(group, chosen, options, "delete", "Delete a key with all below it", Delete));
   addKey(AddOperation(group, chosen, options, "list", "List sub-keys and values of a key", List));
   AddOperation(group, chosen, options, "export", "Write the registry to a .reg file", Export)

@@ -5,14 +5,14 @@
 namespace zorkanca::cli {
 
 void AddTemplateOptions(CLI::App& command, TemplateOptions& options) {
-  command.add_option("--application", options.application, "code of the application that owns the template lists");
-  command.add_option(
-      "--template", options.name,
-      "template: a path, a bare name of the shared templates folder or the current one, or [List]; without it the "
-      "application's own list");
+  command.add_option("--application", options.application,
+                     "code of the application that owns the template lists (default: none)");
+  command.add_option("--template", options.name,
+                     "template: a path, a bare name of the shared templates folder or of the current one, or [List]; "
+                     "without it the application's own list");
   command.add_flag("--supply", options.supply, "register the supplied templates before the list is shown");
   command.add_flag("--admin", options.admin, "the list may be changed");
-  command.add_option("--list-caption", options.listCaption, "caption of the list");
+  command.add_option("--list-caption", options.listCaption, "caption of the list (default: its own)");
   AddCheckOptions(command, options);
 }
 
@@ -31,7 +31,9 @@ void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options) {
 }
 
 void AddFormatOption(CLI::App& command, std::vector<std::string>& formats) {
-  command.add_option("--format", formats, "format of the next column, in column order; '' leaves it as it is")
+  command
+      .add_option("--format", formats,
+                  "format of the next column, in column order; '' leaves it as it is (default: none)")
       ->allow_extra_args(false);
 }
 

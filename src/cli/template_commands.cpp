@@ -255,8 +255,9 @@ class TemplateCommands {
     CLI::App& command = *group_.add_subcommand(name, description);
     command.add_option("--application", options_->application, "code of the suite application")->required();
     command.add_option("--list", options_->list, "name of the list; without it the default list");
-    command.add_option("--type", options_->type, "all, word, excel or sds")
-        ->check(CLI::IsMember({"all", "word", "excel", "sds"}));
+    command.add_option("--type", options_->type, "which templates are meant, by their extensions")
+        ->check(CLI::IsMember({"all", "word", "excel", "sds"}))
+        ->capture_default_str();
     command.callback([&chosen = chosen_, options = options_, operation] {
       chosen = [options, operation](const CommandContext& context) { return operation(context, *options); };
     });
@@ -283,9 +284,10 @@ class TemplateCommands {
   std::shared_ptr<TemplateOptions> options_ = std::make_shared<TemplateOptions>();
 };
 
-void AddDetails(CLI::App& command, TemplateOptions& options) {
-  command.add_option("--description", options.description, "text for the list");
-  command.add_option("--id", options.id, "identifier, 0 for none");
+void AddDetails(CLI::App& command, TemplateOptions& options, const std::string& textOtherwise,
+                const std::string& idOtherwise) {
+  command.add_option("--description", options.description, "text for the list (default: " + textOtherwise + ")");
+  command.add_option("--id", options.id, "identifier, 0 for none (default: " + idOtherwise + ")");
 }
 
 }  // namespace
@@ -296,12 +298,12 @@ void AddTemplateCommands(CLI::App& app, Command& chosen) {
   group.Add("show", "Print a list", &ListedTemplates::Show).add_flag("--json", options.json, "print it as JSON");
   CLI::App& add = group.Add("add", "Register a template", &ListedTemplates::Add);
   add.add_option("FILE", options.file, "the template")->required();
-  AddDetails(add, options);
-  add.add_option("--before", options.before, "position of the template before which it goes")
+  AddDetails(add, options, "the file name", "0");
+  add.add_option("--before", options.before, "position of the template before which it goes (default: at the end)")
       ->check(CLI::PositiveNumber);
   CLI::App& edit = group.AddAtPosition("edit", "Change a template", &ListedTemplates::Edit);
-  edit.add_option("--file", options.file, "the template");
-  AddDetails(edit, options);
+  edit.add_option("--file", options.file, "the template (default: as it is)");
+  AddDetails(edit, options, "as it is", "as it is");
   group.AddAtPosition("remove", "Take a template out of the list", &ListedTemplates::Remove);
   group.AddAtPosition("up", "Move a template up", &ListedTemplates::MoveUp);
   group.AddAtPosition("down", "Move a template down", &ListedTemplates::MoveDown);
@@ -309,7 +311,7 @@ void AddTemplateCommands(CLI::App& app, Command& chosen) {
   group.Add("supply", "Register the templates of the supply file", &ListedTemplates::Supply);
   CLI::App& choose = group.Add("choose", "Choose a template in the dialog and print its path", Choose);
   choose.add_flag("--admin", options.admin, "let templates be added, edited and deleted there");
-  choose.add_option("--caption", options.caption, "caption of the dialog");
+  choose.add_option("--caption", options.caption, "caption of the dialog (default: its own)");
 }
 
 }  // namespace zorkanca::cli

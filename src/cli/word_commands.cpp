@@ -160,7 +160,7 @@ void AddWordExportOptions(CLI::App& command, WordOptions& options) {
   AddTemplateOptions(command, options.fromTemplate);
   AddFormatOption(command, options.formats);
   AddMultiOption(command, options);
-  command.add_option("--data-file", options.dataFile, "keep the data file of the merge here");
+  command.add_option("--data-file", options.dataFile, "keep the data file of the merge here (default: it is removed)");
   AddOutputOptions(command, options.output);
 }
 
@@ -190,14 +190,19 @@ void AddForm(CLI::App& app, Command& chosen) {
   AddQueryOptions(*command, options->query);
   AddTemplateOptions(*command, options->fromTemplate);
   AddFormatOption(*command, options->formats);
-  command->add_option("--barcode", options->barCode, "symbology;items;output column;check flag");
-  command->add_option("--one-char", options->oneChar, "column, from 1, of which each character has a field of its own")
+  command->add_option("--barcode", options->barCode,
+                      "symbology;items;output column;check flag: a column becomes a bar code (default: none)");
+  command
+      ->add_option("--one-char", options->oneChar,
+                   "column, from 1, of which each character has a field of its own (default: none)")
       ->allow_extra_args(false)
       ->check(CLI::Range(1, 1000));
-  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm");
-  command->add_option("--top", options->arguments.TopMargin, "top margin in cm");
-  command->add_option("--left2", options->arguments.LeftMarginP2, "left margin of the second section in cm");
-  command->add_option("--top2", options->arguments.TopMarginP2, "top margin of the second section in cm");
+  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm (default: the template's)");
+  command->add_option("--top", options->arguments.TopMargin, "top margin in cm (default: the template's)");
+  command->add_option("--left2", options->arguments.LeftMarginP2,
+                      "left margin of the second section in cm (default: the template's)");
+  command->add_option("--top2", options->arguments.TopMarginP2,
+                      "top margin of the second section in cm (default: the template's)");
   AddOutputOptions(*command, options->output);
   SetCallback(*command, chosen, options, RunForm);
 }

@@ -20,6 +20,7 @@ namespace zorkanca {
 struct ExcelEngine::Environment {
   const Locale& locale;
   LibreOfficeConverter converter;
+  ExcelWatch watch;
 };
 
 // The application with its open workbooks, the one used last first.
@@ -105,8 +106,9 @@ ExcelWorkbookReference EngineExcel::Add(Package package, Text fullName) {
           },
       .clipboard = clipboard_,
       .converter = environment_->converter,
-      .locale = locale()};
-  auto content = std::make_unique<excel::WorkbookContent>(std::move(package), locale());
+      .locale = locale(),
+      .watch = environment_->watch};
+  auto content = std::make_unique<excel::WorkbookContent>(std::move(package), locale(), environment_->watch);
   workbooks_.push_front(
       std::make_shared<excel::OpenWorkbook>(std::move(content), std::move(fullName), std::move(holder)));
   return workbooks_.front();
@@ -141,7 +143,7 @@ void EngineExcel::OpenText(const OpenTextArguments& arguments) {
   if (Find(GetFileName(fullName))) {
     RaiseExcelError(Text(u"A workbook named ").append(GetFileName(fullName)).append(u" is open already."));
   }
-  const auto import = excel::ImportedText::Open(path, arguments, locale());
+  const auto import = excel::ImportedText::Open(path, arguments, locale(), environment_->watch);
   const auto workbook = std::static_pointer_cast<excel::OpenWorkbook>(Add(excel::BlankWorkbook(locale()), fullName));
   excel::SheetModel& sheet = workbook->Sheet(0);
   const excel::CellArea area{1, 1, std::max(import->rows(), 1), import->columns()};
@@ -190,8 +192,8 @@ void EngineExcel::WindowVisible(TextView name, bool) {
   Workbooks(name);  // without windows there is nothing to show
 }
 
-ExcelEngine::ExcelEngine(const Locale& locale, LibreOfficeConverter converter)
-    : environment_(std::make_shared<const Environment>(Environment{locale, std::move(converter)})) {}
+ExcelEngine::ExcelEngine(const Locale& locale, LibreOfficeConverter converter, ExcelWatch watch)
+    : environment_(std::make_shared<const Environment>(Environment{locale, std::move(converter), std::move(watch)})) {}
 
 ExcelEngine::~ExcelEngine() = default;
 

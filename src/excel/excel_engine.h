@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "excel/grid/work_watch.h"
 #include "libreoffice/libreoffice_converter.h"
 #include "platform/excel/excel_application.h"
 #include "runtime/locale.h"
@@ -14,7 +15,8 @@ class ExcelEngine final {
  public:
   /// @param locale     of numbers, dates and ANSI files; outlives the engine
   /// @param converter  makes PDF and reads workbooks of other formats
-  explicit ExcelEngine(const Locale& locale, LibreOfficeConverter converter = {});
+  /// @param watch      asked and told while texts are imported, columns fitted and workbooks saved
+  explicit ExcelEngine(const Locale& locale, LibreOfficeConverter converter = {}, ExcelWatch watch = {});
   ~ExcelEngine();
 
   /// The application that this engine started; it runs until the engine is gone. Errors: 429 before.

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "excel/book/workbook_content.h"
+#include "excel/grid/work_watch.h"
 #include "excel/text/imported_text.h"
 #include "libreoffice/libreoffice_converter.h"
 #include "platform/excel/excel_application.h"
@@ -38,6 +39,7 @@ struct WorkbookHolder {
   std::shared_ptr<Clipboard> clipboard;
   const LibreOfficeConverter& converter;
   const Locale& locale;
+  const ExcelWatch& watch;
 };
 
 class OpenWorkbook final : public ExcelWorkbook, public std::enable_shared_from_this<OpenWorkbook> {

@@ -66,7 +66,7 @@ std::unique_ptr<ExcelRange> SheetRange::RangeOf(const CellArea& area) const {
 
 std::unique_ptr<ExcelRange> SheetRange::CurrentRegion() {
   if (const std::optional<CellArea> import = ConnectedImport(Model(), area_)) return RangeOf(*import);
-  return RangeOf(CurrentRegionOf(Model(), {area_.top, area_.left}));
+  return RangeOf(CurrentRegionOf(Model(), {area_.top, area_.left}, workbook_->holder().watch));
 }
 
 std::unique_ptr<ExcelRange> SheetRange::Offset(std::int32_t rows, std::int32_t columns) {
@@ -86,7 +86,9 @@ template <typename Use>
 void SheetRange::ForEachCell(Use use) const {
   RowComposer composer(Model());
   composer.Seek(area_.top - 1);
+  WatchedWork work(workbook_->holder().watch, ExcelWork::kImporting, 0);
   while (composer.Next() && composer.number() <= area_.bottom) {
+    work.Reach(0);
     for (const CellView& cell : composer.Compose().cells) {
       if (area_.HasColumn(cell.column)) use(cell, CellAddress{composer.number(), cell.column});
     }

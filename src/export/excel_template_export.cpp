@@ -53,6 +53,7 @@ void ExcelTemplateExport::Fill(TemplateRecords& records, std::int32_t recordCoun
   excel_.KeepUserOut();
   context_.RaiseExportState(ExportStateValue::esWaitForApp, kReadingTemplate);
   ExcelRowPatterns patterns = TakeRowPatterns(*sheet);
+  if (context_.report && context_.report->HasListener()) WarnOfUnread(*sheet, patterns);
   for (auto& row : patterns.rows) {
     for (ExcelCellPattern& cell : row) cell.Bind(records);
   }
@@ -64,6 +65,15 @@ void ExcelTemplateExport::Fill(TemplateRecords& records, std::int32_t recordCoun
   LayOver(*sheet, patterns.width);
   sheet->Range(u"A1")->Select();
   session_.ShowPointer(MousePointer::kDefault);
+}
+
+void ExcelTemplateExport::WarnOfUnread(ExcelWorksheet& sheet, const ExcelRowPatterns& patterns) const {
+  for (const Text& address : PlaceholdersBehindPatterns(sheet, patterns)) {
+    Text warning = u"Cell ";
+    warning.append(address).append(
+        u" of the template stays as it is: an empty cell before it ends the pattern of its row.");
+    context_.Warn(warning);
+  }
 }
 
 void ExcelTemplateExport::WriteDataFile(TemplateRecords& records, std::int32_t recordCount,

@@ -48,6 +48,7 @@ class ExcelTemplateExport {
  private:
   bool Export(TemplateRecords& records);
   void Fill(TemplateRecords& records, std::int32_t recordCount);
+  void WarnOfUnread(ExcelWorksheet& sheet, const ExcelRowPatterns& patterns) const;
   void WriteDataFile(TemplateRecords& records, std::int32_t recordCount, ExcelRowPatterns& patterns);
   void WriteRecords(TemplateRecords& records, std::int32_t recordCount, ExcelRowPatterns& patterns,
                     ExcelDataFile& file);

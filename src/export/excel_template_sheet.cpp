@@ -86,6 +86,22 @@ ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet) {
   return patterns;
 }
 
+std::vector<Text> PlaceholdersBehindPatterns(ExcelWorksheet& sheet, const ExcelRowPatterns& patterns) {
+  constexpr std::int32_t kMostRows = 100;
+  constexpr std::int32_t kMostColumns = 26;
+  const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
+  std::vector<Text> addresses;
+  for (std::int32_t row = 0; row < std::min(patterns.RowCount(), kMostRows); ++row) {
+    const auto end = static_cast<std::int32_t>(patterns.rows[static_cast<std::size_t>(row)].size());
+    for (std::int32_t column = end + 1; column < kMostColumns; ++column) {
+      const Text text = corner->Offset(row, column)->Text();
+      const std::size_t open = text.find(u'{');
+      if (open != Text::npos && text.find(u'}', open) != Text::npos) addresses.push_back(AddressOf(row, column));
+    }
+  }
+  return addresses;
+}
+
 void RepeatRows(ExcelApplication& excel, ExcelWorksheet& sheet, std::int32_t rowCount, std::int32_t copies) {
   if (copies < 2) return;
   const auto rowsTo = [](std::int32_t first, std::int32_t last) {

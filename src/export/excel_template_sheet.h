@@ -31,6 +31,11 @@ ExcelRowPatterns ReadRowPatterns(ExcelWorksheet& sheet);
 /// 32767 rows. Nothing is changed then.
 ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet);
 
+/// Addresses of cells with placeholders that no record will fill, because their row's pattern ends at an empty cell
+/// before them. Looks at the first hundred rows and as far as column Z.
+/// @param patterns  of the sheet; to be asked for before or after they were taken
+std::vector<Text> PlaceholdersBehindPatterns(ExcelWorksheet& sheet, const ExcelRowPatterns& patterns);
+
 /// Repeats the first rows downwards, with all that belongs to them, over what stands there.
 /// @param copies  so many times the rows are there in the end
 void RepeatRows(ExcelApplication& excel, ExcelWorksheet& sheet, std::int32_t rowCount, std::int32_t copies);

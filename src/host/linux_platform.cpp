@@ -36,7 +36,7 @@ LinuxPlatform::LinuxPlatform(const LinuxPlatformSettings& settings)
                       .openWindows = HasDisplay() ? LoadWindows : DesktopUserInterface::WindowsOpener(),
                       .insteadOfDialogs = settings.insteadOfDialogs}),
       environment_(HomeOf(settings), ZORKANCA_VERSION, registry_),
-      office_(locale_, settings.warn, settings.cancelled),
+      office_(locale_, settings.warn, settings.cancelled, settings.working),
       platform_{.files = files_,
                 .registry = registry_,
                 .userInterface = userInterface_,

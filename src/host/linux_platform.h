@@ -23,6 +23,7 @@ struct LinuxPlatformSettings {
   Text insteadOfDialogs{};               ///< as in `DesktopUserInterface::Settings`
   std::function<void(TextView)> warn{};  ///< told in English of what an engine left as it was in a document
   std::function<bool()> cancelled{};     ///< asked now and then during long work of the engines, which ends then
+  std::function<void(ExcelWork, double percent)> working{};  ///< told meanwhile how far workbooks are
 };
 
 /// Owns what the platform refers to.

@@ -15,8 +15,9 @@ LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> ca
   return LibreOfficeConverter(std::move(settings));
 }
 
-OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled)
+OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled,
+                             std::function<void(ExcelWork, double)> working)
     : word_(locale, ConverterFor(locale, cancelled, warn), warn, cancelled),
-      excel_(locale, ConverterFor(locale, cancelled)) {}
+      excel_(locale, ConverterFor(locale, cancelled), {.cancelled = cancelled, .reached = std::move(working)}) {}
 
 }  // namespace zorkanca

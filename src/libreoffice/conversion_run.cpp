@@ -104,28 +104,24 @@ std::size_t ConversionRun::Add(const std::string& source, const ConvertibleDocum
   CopyInto(source, added.copy);
   if (form_.keepsFields) {
     added.markedCopy = JoinPath(folder_, "marked/" + name);
-    MarkFieldsOf(added);
+    try {
+      added.fields = MarkFields(added.copy, added.markedCopy);
+      if (added.fields && added.fields->spoiled > 0) added.loss = u"some stand inside of form fields or objects";
+    } catch (const Error& error) {
+      added.loss = error.description();  // it is converted as it is
+    }
   }
   documents_.push_back(std::move(added));
   return documents_.size() - 1;
 }
 
-// A document whose fields cannot be marked is converted as it is.
-void ConversionRun::MarkFieldsOf(Document& document) const {
-  try {
-    document.fields = MarkFields(document.copy, document.markedCopy);
-  } catch (const Error& error) {
-    WarnOfLoss(document, error.description());
+void ConversionRun::WarnOfLosses(const Failures& failures) const {
+  for (std::size_t number = 0; settings_.warn && number < documents_.size(); ++number) {
+    const Document& document = documents_[number];
+    if (failures[number] || document.loss.empty()) continue;
+    settings_.warn(u"Fields of " + FromNativePath(document.source) + u" may have lost their formats and conditions: " +
+                   document.loss + u".");
   }
-  if (document.fields && document.fields->spoiled > 0) {
-    WarnOfLoss(document, u"some stand inside of form fields or objects");
-  }
-}
-
-void ConversionRun::WarnOfLoss(const Document& document, TextView reason) const {
-  if (!settings_.warn) return;
-  settings_.warn(u"Fields of " + FromNativePath(document.source) + u" may have lost their formats and conditions: " +
-                 Text(reason) + u".");
 }
 
 bool ConversionRun::HasItsFields(std::size_t number) const {
@@ -176,17 +172,15 @@ std::vector<std::optional<std::string>> ConversionRun::Convert() {
   std::erase_if(all, [&](std::size_t number) {
     return !documents_[number].fields || (!failures[number] && HasItsFields(number));
   });
-  if (all.empty()) return failures;
   for (const std::size_t number : all) {
     std::error_code ignored;
     std::filesystem::remove(ResultOf(number), ignored);
     documents_[number].fields.reset();
+    documents_[number].loss = u"LibreOffice did not bring them through";
     failures[number].reset();
   }
-  ConvertInto(failures, all);
-  for (const std::size_t number : all) {
-    if (!failures[number]) WarnOfLoss(documents_[number], u"LibreOffice did not bring them through");
-  }
+  ConvertInto(failures, std::move(all));
+  WarnOfLosses(failures);
   return failures;
 }
 

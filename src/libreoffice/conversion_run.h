@@ -33,10 +33,10 @@ class ConversionRun {
   ConversionRun(const ConversionRun&) = delete;
   ConversionRun& operator=(const ConversionRun&) = delete;
 
-  /// Copies a checked document in. Warns when what its fields say cannot be kept. @return its number, from 0
+  /// Copies a checked document in. @return its number, from 0
   std::size_t Add(const std::string& source, const ConvertibleDocument& document);
-  /// Converts all; again, and with a warning, what lost its fields on the way. @return for each document why it failed,
-  /// or nothing
+  /// Converts all; again, what lost its fields on the way. Warns of those that could not be kept. @return for each
+  /// document why it failed, or nothing
   std::vector<std::optional<std::string>> Convert();
   /// Finishes the result of a document that did not fail and moves it to its place. Errors: those of the file system.
   void Deliver(std::size_t number, const std::string& target) const;
@@ -52,12 +52,12 @@ class ConversionRun {
     std::string copy;
     std::string markedCopy{};              // converted in its place, while there is one
     std::optional<MarkedFields> fields{};  // of that
+    Text loss{};                           // why what its fields say is lost
     std::uint64_t size = 0;
   };
   using Failures = std::vector<std::optional<std::string>>;
 
-  void MarkFieldsOf(Document& document) const;
-  void WarnOfLoss(const Document& document, TextView reason) const;
+  void WarnOfLosses(const Failures& failures) const;
   bool HasItsFields(std::size_t number) const;
   void ConvertInto(Failures& failures, std::vector<std::size_t> left) const;
   Outcome Call(std::span<const std::size_t> numbers) const;

@@ -65,7 +65,7 @@ bool IsExactly(const DecimalDigits& number, double magnitude) {
   constexpr std::int64_t kLargest = std::size(kPowers) - 1;
   std::uint64_t integer = 0;
   std::from_chars(number.digits, number.digits + number.count, integer);
-  const auto fifth = static_cast<double>(integer / 5);
+  const auto fifth = static_cast<double>(integer / 5);  // NOLINT(bugprone-integer-division): no rest, it ends in 5
   const std::int64_t power = number.point - number.count;
   if (power > kLargest || -power - 1 > kLargest) return false;  // such a number has more digits than a Double holds
   if (power >= 0) return std::fma(fifth, 5 * kPowers[power], -magnitude) == 0;

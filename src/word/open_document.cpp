@@ -109,10 +109,17 @@ WordMailMerge& OpenDocument::MailMerge() {
 
 FormFields& OpenDocument::Fields() {
   const pugi::xml_node body = RequireBody(u"Document.FormFields");
-  if (!fields_ || fields_->stale() || fieldsVersion_ != Opened().BodyVersion()) fields_.emplace(body);
+  WordPackage& package = Opened().Parts();
+  if (!fields_ || fields_->stale() || fieldsVersion_ != Opened().Version()) {
+    std::vector<FormFields::Part> others;
+    for (const std::string& part : package.ControlParts()) {
+      others.push_back({part, package.Tree(part).document_element()});
+    }
+    fields_.emplace(body, others);
+  }
   // Looking for them splits runs, setting one changes the text.
   Opened().BodyChanged();
-  fieldsVersion_ = Opened().BodyVersion();
+  fieldsVersion_ = Opened().Version();
   return *fields_;
 }
 
@@ -121,7 +128,8 @@ Text OpenDocument::FormFieldResult(TextView name) {
 }
 
 void OpenDocument::FormFieldResult(TextView name, TextView result) {
-  Fields().SetResult(name, result, holder_.locale);
+  for (const std::string& part : Fields().SetResult(name, result, holder_.locale)) Opened().PartChanged(part);
+  fieldsVersion_ = Opened().Version();
 }
 
 void OpenDocument::Unprotect() {

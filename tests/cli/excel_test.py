@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
 """Exports into Excel."""
+import signal
 import sqlite3
+import subprocess
+import time
 
-from command_line import SAMPLE, CommandLineCase, main
+from command_line import PROGRAM, SAMPLE, CommandLineCase, main
 
 
 class ExcelTest(CommandLineCase):
@@ -33,6 +36,25 @@ class ExcelTest(CommandLineCase):
             self.run_program(*excel, "SELECT kod FROM zbozi", "-o", wrong, status=2)
         self.assertFalse((self.folder / "no.xlsx").exists())
         self.assertEqual(self.left_behind(), [])
+
+    def test_interruption_ends_every_phase_soon(self):
+        select = "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c LIMIT 200000) SELECT i AS n, 'text' AS t FROM c"
+        command = [PROGRAM, "--progress=always", "excel", "--db", "sklad.db", "--select", select, "--names", "n;t", "--step", "50",
+                   "-o", "cut.xlsx", "--no-open"]
+        for phase in (b"importing", b"fitting columns", b"saving"):
+            process = subprocess.Popen(command, cwd=self.folder, env=self.environment(), stdout=subprocess.PIPE,
+                                       stderr=subprocess.PIPE)
+            shown = b""
+            while phase not in shown:
+                piece = process.stderr.read1(4096)
+                self.assertTrue(piece, shown.decode())
+                shown += piece
+            process.send_signal(signal.SIGINT)
+            asked = time.monotonic()
+            stdout, _ = process.communicate(timeout=10)
+            self.assertLess(time.monotonic() - asked, 1)
+            self.assertEqual((process.returncode, stdout), (130, b""), phase)
+            self.assertFalse((self.folder / "cut.xlsx").exists())
 
     def test_excel_templates(self):
         fill = ["excel-template", "--db", "sklad.db", "--no-open", "--template"]

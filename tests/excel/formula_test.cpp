@@ -24,6 +24,8 @@ TEST(FormulaTest, OnlyReferencesMoveAndOnlyTheirRelativeParts) {
       {"\"B3 \"\"B3\"\"\"&B3", "\"B3 \"\"B3\"\"\"&RC[-1]", "\"B3 \"\"B3\"\"\"&B5"},
       {"LOG10(B3)+ATAN2(1,B3)", "LOG10(RC[-1])+ATAN2(1,RC[-1])", "LOG10(B5)+ATAN2(1,B5)"},
       {"T1[[#This Row],[B3]]*B3", "T1[[#This Row],[B3]]*RC[-1]", "T1[[#This Row],[B3]]*B5"},
+      {"T1[Cena'] B3]+B3", "T1[Cena'] B3]+RC[-1]", "T1[Cena'] B3]+B5"},
+      {"T1['[]*B3", "T1['[]*RC[-1]", "T1['[]*B5"},
       {"1E5+2.5e-3+B3+DPH_1+A1B", "1E5+2.5e-3+RC[-1]+DPH_1+A1B", "1E5+2.5e-3+B5+DPH_1+A1B"},
       {"IF(B3=TRUE,#N/A,#REF!)", "IF(RC[-1]=TRUE,#N/A,#REF!)", "IF(B5=TRUE,#N/A,#REF!)"},
       {"_xlfn.ANCHORARRAY(B3)+B3#", "_xlfn.ANCHORARRAY(RC[-1])+RC[-1]#", "_xlfn.ANCHORARRAY(B5)+B5#"},

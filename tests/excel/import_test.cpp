@@ -49,6 +49,8 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
       {"1e400", "text"},
       {"(5)", "-5" + general},
       {"5-", "text"},
+      {"+5-", "text"},
+      {"+5", "5" + general},
       {"50 %", "0.5" + format(ContentFormat::kPercent)},
       {"12,5%", "0.125" + format(ContentFormat::kPercentDecimals)},
       {"1 234,50 Kč", "1234.5" + format(ContentFormat::kAmountDecimals)},
@@ -68,6 +70,10 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
       {"6:00", "0.25" + format(ContentFormat::kTime)},
       {"6:00:36", "0.2504166666666667" + format(ContentFormat::kTimeSeconds)},
       {"6:00 PM", "0.75" + format(ContentFormat::kTime)},
+      {"12:30 AM", "0.020833333333333332" + format(ContentFormat::kTime)},
+      {"12:30 pm", "0.5208333333333334" + format(ContentFormat::kTime)},
+      {"0:30 AM", "text"},
+      {"13:00 PM", "text"},
       {"36:00", "1.5" + format(ContentFormat::kElapsed)},
       {"6:60", "text"},
       {"True", "bool 1" + general},
@@ -87,6 +93,74 @@ TEST(ExcelImportTest, GeneralColumnsAreReadByTheLocale) {
   EXPECT_EQ(Read(other, english, "1,234.50"), "1234.5" + format(ContentFormat::kGroupedDecimals));
   EXPECT_EQ(Read(other, english, "3/5/2024"), "45356" + format(ContentFormat::kDate));
   EXPECT_EQ(Read(other, english, "5.3.2024"), "text");
+  const std::pair<const char*, std::string> englishRows[] = {
+      {"$5", "5" + format(ContentFormat::kAmount)},
+      {"-$5.50", "-5.5" + format(ContentFormat::kAmountDecimals)},
+      {"($1,234)", "-1234" + format(ContentFormat::kAmount)},
+      {"$ 5", "5" + format(ContentFormat::kAmount)},
+      {"1,23", "text"},
+      {"1234,567", "text"},
+      {"1,234,567", "1234567" + format(ContentFormat::kGrouped)},
+      {"12/31/24", "45657" + format(ContentFormat::kDate)},
+      {"12-31-2024", "45657" + format(ContentFormat::kDate)},
+      {"31/12/2024", "text"},
+      {"1/1/30", "10959" + format(ContentFormat::kDate)},
+      {"1/1/29", "47119" + format(ContentFormat::kDate)},
+      {"12/31/2024 6:30 PM", "45657.770833333336" + format(ContentFormat::kDateTime)},
+      {"12/31/2024 24:30", "text"},
+      {"PRAVDA", "text"},
+      {"FALSE", "bool 0" + general},
+      {"1.5E+3", "1500" + format(ContentFormat::kScientific)},
+      {"1E", "text"},
+      {"1E+", "text"},
+      {"1E+-3", "text"},
+      {".", "text"},
+      {"+", "text"},
+      {"(5", "text"},
+      {"5)", "text"},
+      {"9.99e307", "9.99E307" + format(ContentFormat::kScientific)},
+      {"1e308", "text"},  // more than the program's greatest number
+      {"#DIV/0!", "error #DIV/0!" + general},
+  };
+  for (const auto& [text, expected] : englishRows) EXPECT_EQ(Read(other, english, text), expected) << text;
+  const Locale& german = *FindLocale(u"de-DE");
+  const GeneralReader third(german, german.decimalSeparator, german.groupSeparator);
+  EXPECT_EQ(Read(third, german, "1.234,50"), "1234.5" + format(ContentFormat::kGroupedDecimals));
+  EXPECT_EQ(Read(third, german, "05.03.2024"), "45356" + format(ContentFormat::kDate));
+  EXPECT_EQ(Read(third, german, "wahr"), "bool 1" + general);
+}
+
+// A column is as wide as what its cells show, however their fields spelled it.
+TEST(ExcelImportTest, ColumnsFitWhatIsShown) {
+  ExcelFixture fixture;
+  const auto widthOf = [&](const std::string& field, const char* type) {
+    const ExcelWorkbookReference import = fixture.Import(field + "\r\n", type);
+    import->Sheets(1)->Range(u"A1")->AutoFitColumns();
+    const std::string xml = fixture.SavedSheet(*import);
+    import->Close(false);
+    const std::string_view start = "<col min=\"1\" max=\"1\" width=\"";
+    const std::size_t at = xml.find(start);
+    EXPECT_NE(at, xml.npos) << xml;
+    return std::atof(xml.c_str() + at + start.size());
+  };
+  const std::pair<const char*, const char*> rows[] = {
+      {"True", "PRAVDA"},
+      {"nepravda", "NEPRAVDA"},
+      {"007", "7"},
+      {"12E3", "1,20E+04"},
+      {"36:00", "36:00:00"},
+      {"12,5%", "12,50%"},
+      {"1\u00A0234,5", "1 234,50"},
+      {"1\u00A0234", "1 234"},
+      {"1\u00A0234,50", "1 234,50"},
+      {"5. 3. 24", "5.3.2024"},
+      {"2024-03-05", "5.3.2024"},
+      {"5.3.2024", "5.3.2024"},
+      {"#N/A", "#N/A"},
+      {"24.12.", "24-pro"},
+      {"5,5 Kč", "5,50 Kč"},
+  };
+  for (const auto& [field, shown] : rows) EXPECT_EQ(widthOf(field, "g"), widthOf(shown, "t")) << field;
 }
 
 TEST(ExcelImportTest, FieldsOfRecords) {
@@ -101,11 +175,31 @@ TEST(ExcelImportTest, FieldsOfRecords) {
   EXPECT_EQ(shown("00123;=A1;-5\r\n"), "'00123|'=A1|'-5");
   EXPECT_EQ(shown("\"x;\"\"y\"\"\";b\"c\"\r\n\"1\"2;\"\"\r\n"), "'x;\"y\"|'b\"c\" / '12|");
   EXPECT_EQ(shown("\"dva\r\nřádky\";b\r\n"), "'dva\\nřádky|'b");
+  EXPECT_EQ(shown("\"dva\rřádky\r\";b\r\n"), "'dva\\nřádky\\n|'b");
   EXPECT_EQ(shown("a;;c\r\n\r\n;;\r\nd"), "'a||'c / ~|~|~ / || / 'd|~|~");
   EXPECT_EQ(shown(" ;;\r\nx;y;z\r\n"), "' || / 'x|'y|'z");
   EXPECT_EQ(shown("a\nb\rc;d\re\r\n\"x\"\ry\r\nz\r"), "'a\\nb\\nc|'d\\ne / 'x\\ny|~ / 'z\\n|~");
   EXPECT_EQ(shown("\"unclosed;b\r\nc"), "'unclosed;b\\nc");
   EXPECT_EQ(shown("\r\n"), "~");
+}
+
+// Records are read over a window of the file: wherever its edges fall, fields are the same.
+TEST(ExcelImportTest, RecordsCrossTheEdgesOfTheWindow) {
+  ExcelFixture fixture;
+  const std::string odd = "\"a;\"\"b\r\nc\"d;e\rf;\"\";\"x\"\r\n";
+  const std::string shown = "'a;\"b\\ncd|'e\\nf||'x";
+  constexpr std::size_t kWindow = 256 * 1024;
+  for (std::size_t before = 0; before <= odd.size(); ++before) {
+    std::string data;
+    while (data.size() + 1002 < kWindow - before) data += std::string(1000, '.') + "\r\n";
+    const std::size_t left = kWindow - before - data.size();
+    if (left > 2) data += std::string(left - 2, '-') + "\r\n";
+    const auto rows = static_cast<std::int32_t>(std::count(data.begin(), data.end(), '\n'));
+    const ExcelWorkbookReference import = fixture.Import(data + odd + "konec", "tttt");
+    EXPECT_EQ(ShownValues(*import->Sheets(1)->Range(u"A1")->Offset(rows, 0)->Resize(2, 4)), shown + " / 'konec|~|~|~")
+        << before;
+    import->Close(false);
+  }
 }
 
 TEST(ExcelImportTest, TheWholeImportHangsTogether) {

@@ -92,7 +92,9 @@ TEST(ExcelRepeatTest, RulesOfAreas) {
            "<x14:cfRule/><xm:sqref>B1:B2</xm:sqref></x14:conditionalFormatting></x14:conditionalFormattings>"
            "<x14:sparklines xmlns:x14=\"x14\" "
            "xmlns:xm=\"xm\"><x14:sparkline><xm:f>List1!B1:C1</xm:f><xm:sqref>D1</xm:sqref>"
-           "</x14:sparkline></x14:sparklines></ext></extLst>"});
+           "</x14:sparkline><x14:sparkline><xm:f>List1!A4</xm:f><xm:sqref>D4</xm:sqref></x14:sparkline>"
+           "<x14:sparkline><xm:f>List1!A9</xm:f><xm:sqref>D9</xm:sqref></x14:sparkline></x14:sparklines></ext></"
+           "extLst>"});
   const ExcelWorksheetReference sheet = workbook->ActiveSheet();
   sheet->Range(u"B2")->Formula(u"5");
   ExcelFixture::Repeat(*sheet, 2, 3);
@@ -107,7 +109,12 @@ TEST(ExcelRepeatTest, RulesOfAreas) {
       "r:id=\"rId7\"/>"
       "</hyperlinks><rowBreaks count=\"1\"><brk id=\"2\"/>");
   has("<xm:sqref>B1:B6</xm:sqref>");
-  has("<xm:f>List1!B5:C5</xm:f><xm:sqref>D5</xm:sqref>");
+  // Sparklines of replaced rows go.
+  const auto sparkline = [](const std::string& formula, const std::string& cell) {
+    return "<x14:sparkline><xm:f>List1!" + formula + "</xm:f><xm:sqref>" + cell + "</xm:sqref></x14:sparkline>";
+  };
+  has("xmlns:xm=\"xm\">" + sparkline("B1:C1", "D1") + sparkline("A9", "D9") + sparkline("B3:C3", "D3") +
+      sparkline("B5:C5", "D5") + "</x14:sparklines>");
   has("<dimension ref=\"A1:B9\"/>");
 }
 
@@ -131,6 +138,29 @@ TEST(ExcelRepeatTest, AreasStayFewWhereTheyHangTogether) {
   };
   for (const Row& row : rows)
     EXPECT_EQ(AreasText(RepeatAreas(ParseAreas(row.areas), row.repeat)), row.after) << row.areas;
+}
+
+TEST(ExcelRepeatTest, MergedCellsComeWithTheirRows) {
+  struct Row {
+    const char* merges;
+    excel::RowRepeat repeat;
+    const char* after;
+  };
+  const Row rows[] = {
+      {"A1:B1", {.top = 1, .rows = 1, .first = 2, .copies = 2}, "A1:B1 A2:B2 A3:B3"},
+      {"A1:B2", {.top = 1, .rows = 2, .first = 3, .copies = 2}, "A1:B2 A3:B4 A5:B6"},
+      {"A1:B2", {.top = 1, .rows = 1, .first = 3, .copies = 2}, "A1:B2"},  // not wholly copied
+      {"A1:A3", {.top = 1, .rows = 1, .first = 2, .copies = 1}, ""},       // one cell is left
+      {"A1:B3", {.top = 1, .rows = 1, .first = 2, .copies = 1}, "A1:B1"},  // it was not wholly copied
+      {"A4:A8", {.top = 1, .rows = 1, .first = 7, .copies = 1}, "A4:A6"},
+      {"A4:A8", {.top = 1, .rows = 1, .first = 2, .copies = 3}, ""},  // begins in the copies
+      {"C9:D9", {.top = 1, .rows = 1, .first = 2, .copies = 3}, "C9:D9"},
+      {"A5:B5", {.top = 5, .rows = 1, .first = 2, .copies = 1}, "A5:B5 A2:B2"},  // upward
+  };
+  for (const Row& row : rows) {
+    const auto merges = excel::RepeatMerges(excel::ParseAreas(row.merges), row.repeat);
+    EXPECT_EQ(excel::AreasText(merges), row.after) << row.merges;
+  }
 }
 
 const std::string kPicture =

@@ -168,6 +168,28 @@ TEST(ExcelWorkbookTest, OtherPartsStayAsTheyAre) {
       << changed.ReadPart("/xl/sharedStrings.xml");
 }
 
+// Readers that look for the usual names find them.
+TEST(ExcelWorkbookTest, MissingPartsGetTheirUsualNames) {
+  for (const bool taken : {false, true}) {
+    ExcelFixture fixture;
+    Package package = ExcelPackage({});
+    package.RemovePart("/xl/styles.xml");
+    Relationships list = package.RelationshipsOf("/xl/workbook.xml");
+    list.Remove(list.FirstOf("styles")->id);
+    package.SetRelationships(list);
+    if (taken) package.AddPart("/xl/styles.xml", "application/xml", "<other/>");
+    if (taken) package.AddPart("/xl/sharedStrings.xml", "application/xml", "<other/>");
+    package.SaveAs(fixture.folder.Path("bare.xltx"));
+    const ExcelWorkbookReference workbook = fixture.Application()->AddWorkbook(fixture.folder.TextPath("bare.xltx"));
+    workbook->ActiveSheet()->Range(u"A1")->Formula(u"text");
+    const Package saved = fixture.Saved(*workbook);
+    const std::string number = taken ? "1" : "";
+    EXPECT_EQ(saved.RelatedPart("/xl/workbook.xml", "styles"), "/xl/styles" + number + ".xml");
+    EXPECT_EQ(saved.RelatedPart("/xl/workbook.xml", "sharedStrings"), "/xl/sharedStrings" + number + ".xml");
+    EXPECT_EQ(saved.ContentTypeOf("/xl/styles" + number + ".xml"), kSheetTypes + "styles+xml");
+  }
+}
+
 TEST(ExcelWorkbookTest, PrefixesOfElementsAreKept) {
   ExcelFixture bench;
   Package package = ExcelPackage({});
@@ -338,6 +360,46 @@ TEST(ExcelWorkbookTest, RefusesBadWorkbooksBeforeAnythingIsWritten) {
             5);
   bench.folder.Write("no.xltx", "no package at all");
   EXPECT_NE(ErrorOf([&] { bench.Application()->AddWorkbook(bench.folder.TextPath("no.xltx")); }).number(), 0);
+}
+
+// Whoever watches is told how far each part of the work is, and may end it.
+TEST(ExcelWorkbookTest, LongWorkIsWatchedAndEndsWhenCancelled) {
+  std::string data;
+  for (int row = 0; row < 1000; ++row) data += std::to_string(row) + ";text\r\n";
+  std::map<ExcelWork, double> reached;
+  std::optional<ExcelWork> stopsAt;
+  bool stopped = false;
+  const auto watch = [&](ExcelWork work, double percent) {
+    EXPECT_GE(percent, reached[work]);
+    reached[work] = percent;
+    if (work == stopsAt && percent > 30) stopped = true;
+  };
+  for (const std::optional<ExcelWork> stop : {std::optional<ExcelWork>(), std::optional(ExcelWork::kImporting),
+                                              std::optional(ExcelWork::kFitting), std::optional(ExcelWork::kSaving)}) {
+    reached.clear();
+    stopsAt = stop;
+    stopped = false;
+    ExcelFixture fixture(u"cs-CZ", {.cancelled = [&] { return stopped; }, .reached = watch});
+    fixture.folder.Write("out.xlsx", "old");
+    std::int32_t raised = 0;
+    try {
+      const ExcelWorkbookReference import = fixture.Import(data, "gt");
+      import->Sheets(1)->Range(u"A1")->CurrentRegion()->AutoFitColumns();
+      import->SaveAs(fixture.folder.TextPath("out.xlsx"), ExcelSaveFormat::kWorkbookXml);
+    } catch (const Error& error) {
+      raised = error.number();
+    }
+    EXPECT_EQ(raised, stop ? 18 : 0);
+    EXPECT_EQ(fixture.folder.Read("out.xlsx") == "old", stop.has_value());
+    if (stop) {
+      EXPECT_LT(reached[*stop], 50);
+      EXPECT_EQ(reached.rbegin()->first, *stop);  // nothing was begun after it
+    } else {
+      for (const ExcelWork work : {ExcelWork::kImporting, ExcelWork::kFitting, ExcelWork::kSaving}) {
+        EXPECT_GT(reached[work], 90);
+      }
+    }
+  }
 }
 
 TEST(ExcelWorkbookTest, OtherFormatsByLibreOffice) {

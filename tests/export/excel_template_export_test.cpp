@@ -195,6 +195,19 @@ TEST_F(ExcelTemplateExportTest, RowsEndAtTheirFirstEmptyCell) {
   EXPECT_EQ(DataFile(), " \r\n\r\n ;;;;;;;;;\r\n1\r\n\r\n10;10;10;10;10;10;10;10;10;10\r\n");
   EXPECT_EQ(Lines("excel import"), Journal{"excel import 1t 2t 3t 4t 5t 6t 7t 8t 9t 10t"});
 
+  // Whoever listens is told of placeholders behind that cell.
+  struct Warnings final : ExportListener {
+    Journal texts;
+    void Cause(const Error&) override {}
+    void Warning(TextView text) override { texts.push_back(Shown(text)); }
+  } warnings;
+  office.Listen(&warnings);
+  computer.excel.templateCells = {{u"{a}", u"", u"{chybi}", u"pozn.", u"{"}, {u" ", u"{chybi}"}, {u"{c}", u"{c}"}};
+  ASSERT_TRUE(Run());
+  const std::string end = " of the template stays as it is: an empty cell before it ends the pattern of its row.";
+  EXPECT_EQ(warnings.texts, (Journal{"Cell C1" + end, "Cell B2" + end}));
+  office.Listen(nullptr);
+
   // A formula of the template may follow ten cells, a placeholder may not.
   computer.excel.templateCells = {std::vector<Text>(11, u"{c}")};
   EXPECT_FALSE(Run());

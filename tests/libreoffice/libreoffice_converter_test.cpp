@@ -211,6 +211,17 @@ TEST_F(Converter, ADocumentThatLosesItsMarkedFieldsIsConvertedAsItWas) {
                            " may have lost their formats and conditions: the file is damaged.\n");
 }
 
+TEST_F(Converter, NobodyIsWarnedOfADocumentThatFails) {
+  folder_.Write("one.doc", BinaryWordBytes({{{u"{ MERGEFIELD a|1}"}}}));
+  folder_.Write("two.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
+  for (const char* name : {"one.doc", "two.doc"}) {
+    const Error error =
+        ErrorOf([&] { LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx")); });
+    EXPECT_THAT(Shown(error.description()), HasSubstr("no usable result")) << name;
+  }
+  EXPECT_EQ(warnings_, "");
+}
+
 TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   const std::string xml =
       "<?xml version=\"1.0\"?><w:wordDocument xmlns:w=\"http://schemas.microsoft.com/office/word/2003/wordml\">"
@@ -230,7 +241,10 @@ TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   folder_.Write("a.odt", RawZip({{"mimetype", "application/vnd.oasis.opendocument.text"}, {"content.xml", content}}));
   folder_.Write("a.fodt", content);
   folder_.Write("damaged.xml", xml + "<");
-  for (const char* name : {"a.odt", "a.fodt", "damaged.xml"}) {
+  folder_.Write("package.xml", "<x xmlns=\"http://schemas.microsoft.com/office/2006/xmlPackage\"/>");
+  folder_.Write("page.doc", "<x xmlns=\"urn:schemas-microsoft-com:office:word\" style=\"mso-element:field-begin\"/>");
+  folder_.Write("plain.doc", "<x xmlns=\"urn:schemas-microsoft-com:office:word\"/>");
+  for (const char* name : {"a.odt", "a.fodt", "damaged.xml", "package.xml", "page.doc", "plain.doc"}) {
     LibreOfficeConverter(settings_).ToOpenXml(folder_.Path(name), folder_.Path("out.docx"));
     EXPECT_THAT(folder_.Read("arguments"), HasSubstr("/in/0.")) << name;
   }
@@ -238,7 +252,9 @@ TEST_F(Converter, FieldsOfOtherFormatsAreKeptOrTold) {
   const std::string next = told + "LibreOffice does not bring through its next record (1).\n";
   EXPECT_EQ(warnings_, "Fields of " + folder_.Path("a.odt") + next + "Fields of " + folder_.Path("a.fodt") + next +
                            "Fields of " + folder_.Path("damaged.xml") + told +
-                           "its XML is not sound or larger than we read.\n");
+                           "its XML is not sound or larger than we read.\nFields of " + folder_.Path("package.xml") +
+                           told + "it is a package written as one XML file.\nFields of " + folder_.Path("page.doc") +
+                           told + "it is a web page.\n");
 }
 
 TEST_F(Converter, UnsoundDocumentsNeverReachTheProgram) {

@@ -30,16 +30,23 @@ c++ $(pkg-config --cflags zorkanca) "$source/examples/embedding/stock_list.cpp" 
 "$work/stock_list" "$work/sklad.db" "$work/pkgconfig.htm" 2>/dev/null
 cmp "$work/program.htm" "$work/pkgconfig.htm"
 
-# The man page names every command of the program, and formats without complaints.
+# The man page was made by this program, names every command and every option, and formats without complaints.
 page=$prefix/share/man/man1/zorkanca.1
-"$prefix/bin/zorkanca" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z][a-z-]*\) .*/\1/p' >"$work/commands"
-[[ -s "$work/commands" ]]
-while read -r command; do
-  grep -q "^\.B[RI]* .*${command//-/\\\\-}" "$page" || { echo "zorkanca.1 does not tell of $command"; exit 1; }
-done <"$work/commands"
-
-# The completion offers commands, sub-commands and options.
+"$prefix/bin/zorkanca" man | cmp - "$page"
 export PATH=$prefix/bin:$PATH
+man_text=$(man --warnings -l "$page" 2>"$work/man.errors" | col -b)
+[[ ! -s "$work/man.errors" ]] || { cat "$work/man.errors"; exit 1; }
+commands=0
+while IFS=$'\t' read -r command _; do
+  commands=$((commands + 1))
+  grep -q "^ *zorkanca $command" <<<"$man_text" || { echo "zorkanca.1 does not tell of $command"; exit 1; }
+  while IFS=$'\t' read -r option _; do
+    grep -q -- "^ .*$option" <<<"$man_text" || { echo "zorkanca.1 does not tell of $command $option"; exit 1; }
+  done < <(zorkanca complete "$command" -- | grep -v -e '^--help')
+done < <(zorkanca complete '')
+[[ $commands -gt 20 ]]
+
+# The completion offers commands, sub-commands, options and values.
 # shellcheck disable=SC1091
 source "$prefix/share/bash-completion/completions/zorkanca"
 completions() {
@@ -50,6 +57,10 @@ completions() {
 [[ "$(completions ht)" == html ]]
 [[ "$(completions --locale cs-CZ registry ex)" == export ]]
 [[ "$(completions html --sel)" == --select ]]
+[[ "$(completions --locale = s)" == sk-SK ]]
+for shell in zsh/vendor-completions/_zorkanca fish/vendor_completions.d/zorkanca.fish; do
+  grep -q ' complete ' "$prefix/share/$shell"
+done
 
 # The Debian package needs nothing of the build folder.
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log" || { cat "$work/cpack.log"; exit 1; }

@@ -87,7 +87,8 @@ inline Package ExcelPackage(const ExcelParts& parts) {
 /// An engine with a folder for its files.
 class ExcelFixture {
  public:
-  explicit ExcelFixture(TextView localeTag = u"cs-CZ") : locale_(*FindLocale(localeTag)), engine_(locale_) {
+  explicit ExcelFixture(TextView localeTag = u"cs-CZ", ExcelWatch watch = {})
+      : locale_(*FindLocale(localeTag)), engine_(locale_, {}, std::move(watch)) {
     locale_.currentYear = 2026;
   }
 

@@ -200,6 +200,42 @@ TEST(WordDocuments, TakeResultsOfContentControls) {
   }
 }
 
+TEST(WordDocuments, TakeResultsOfContentControlsInEveryText) {
+  WordFixture bench;
+  const std::string box = "<w:txbxContent>" + P(Control(Tag("A"), R("x"))) + "</w:txbxContent>";
+  const std::string shape = "<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\">" + box +
+                            "</mc:Choice><mc:Fallback>" + box + "</mc:Fallback></mc:AlternateContent></w:r>";
+  const std::string body =
+      P(shape + R(".")) + "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId4\"/></w:sectPr>";
+  const WordParts parts{
+      body,
+      {{"header", P(Control(Tag("A"), R("x")) + shape + Control(Tag("B"), R("x")))},
+       {"footer", "<w:sdt><w:sdtPr/><w:sdtContent>" + P(Control(Tag("b"), R("x"))) + "</w:sdtContent></w:sdt>"},
+       {"footnotes", "<w:footnote w:id=\"2\">" + P(Control(Tag("A"), R("x"))) + "</w:footnote>"},
+       {"endnotes", P(R("x"))}}};
+  for (int copy = 1; copy <= 2; ++copy) {  // of a template that was read before, too
+    const auto document =
+        copy == 1 ? bench.Add(parts) : bench.Application()->AddDocument(bench.folder.TextPath("t.dotx"), false);
+    EXPECT_EQ(Shown(document->PrimaryHeader(1)->Text()), "xx\\r");
+    EXPECT_EQ(document->FormFieldResult(u"B"), u"x");
+    document->FormFieldResult(u"A", u"ano");
+    document->FormFieldResult(u"B", u"ne");
+    EXPECT_EQ(document->FormFieldResult(u"b"), u"ne");
+    EXPECT_EQ(Shown(document->PrimaryHeader(1)->Text()), "anone\\r");
+    const Package saved = bench.Saved(*document);
+    const std::pair<const char*, std::size_t> filled[] = {
+        {"document", 2}, {"header", 4}, {"footer", 1}, {"footnotes", 1}, {"endnotes", 0}};
+    for (const auto& [part, count] : filled) {
+      const std::string xml = saved.ReadPart("/word/" + std::string(part) + ".xml");
+      EXPECT_EQ(CountOf(xml, ">ano<") + CountOf(xml, ">ne<"), count) << xml;
+    }
+    document->PrimaryHeader(1)->Find({.FindText = u"ano", .ReplaceWith = u"znovu", .Replace = 2});
+    document->FormFieldResult(u"A", u"1");
+    EXPECT_EQ(Shown(document->PrimaryHeader(1)->Text()).substr(0, 1), "1");
+    document->Close(false);
+  }
+}
+
 TEST(WordDocuments, ComeFromTheTemplateAsItIsNow) {
   WordFixture bench;
   const auto first = bench.Add({.body = P(R("x"))});

@@ -64,6 +64,18 @@ TEST(WordFields, GiveWhatTheirCodesSay) {
       {"IF a = a \"řekl \\\"ano\\\" a „ne“\" x", "řekl \"ano\" a „ne“"},
       {"IF \"x\" = \"x\" \"{Jméno} y\" \\* Upper", "ANNA NOVÁKOVÁ Y"},
       {"MERGEFIELD Znaky", "a<b>&\vc\\td"},
+      {"= 1 + {Plat}", "1235,5"},
+      {"=SUM({Plat};{Plat}) \\# \"# ##0,00 'Kč'\"", "2\u00A0469,00 Kč"},
+      {"=ROUND({Plat};0)*-1 \\# 0;(0)", "(1235)"},
+      {"= {Plat} > 1000 \\* MERGEFORMAT", "1"},
+      {"= {Prázdné} * 2", "!Syntax Error, *"},
+      {"= {Jméno}", "!Undefined Bookmark, ANNA"},
+      {"= {Plat} / 0", "!Zero Divide"},
+      {"=", "!Syntax Error"},
+      {"= 1 \\#", "Error! Switch argument not specified."},
+      {"QUOTE \"dne {Datum}\" \\* Upper", "DNE 7.3.2024"},
+      {"QUOTE {Datum} \\@ yyyy", "2024"},
+      {"QUOTE jak  se {Prázdné}máš", "jak se máš"},
   };
   WordFixture bench;
   for (const Row& row : rows) EXPECT_EQ(ResultOf(bench, F(row.code)), row.result) << row.code;
@@ -99,8 +111,8 @@ TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
       FieldCharacter("separate") + R("staré") + FieldCharacter("end");
   EXPECT_EQ(ResultOf(bench, F("PAGE", "1")), "1");
   EXPECT_EQ(ResultOf(bench, locked), "staré");
-  EXPECT_EQ(ResultOf(bench, F("= 1 + {Plat}", "9")), "9");
-  EXPECT_NE(bench.warnings.find("The field ="), std::string::npos);
+  EXPECT_EQ(ResultOf(bench, F("FILLIN {Plat}", "9")), "9");
+  EXPECT_NE(bench.warnings.find("The field FILLIN"), std::string::npos);
   EXPECT_EQ(ResultOf(bench, FieldCharacter("begin") + R("bez konce ") + F("MERGEFIELD Plat")), "bez konce 1234,5");
 
   const auto merged = bench.Merge({.body = P(F("HYPERLINK \"http://x/?{Dlouhé_jméno}\"", "odkaz") + locked)}, kData,
@@ -112,6 +124,18 @@ TEST(WordFields, ThatAreNotEvaluatedStayWhole) {
       << body;
   EXPECT_EQ(body.find("w:dirty"), std::string::npos);
   EXPECT_NE(body.find("w:fldLock=\"1\""), std::string::npos);
+}
+
+TEST(WordFields, ThatNameNoColumnSaySo) {
+  const std::string error = "Error! MergeField was not found in header record of data source.";
+  const std::string named = FieldCharacter("begin") + "<w:r><w:instrText>MERGEFIELD </w:instrText></w:r>" +
+                            F("MERGEFIELD K") + FieldCharacter("end");
+  WordFixture bench;
+  const auto merged = bench.Merge({.body = P(named) + P(F("NEXT", "") + named + R("."))},
+                                  "K;A\r\nA;1\r\nB;2\r\nC;3\r\n", MainDocumentType::kCatalog);
+  EXPECT_EQ(Shown(merged->Content()->Text()), "1\\r" + error + ".\\r" + error + "\\r.\\r");
+  bench.Saved(*merged);
+  EXPECT_EQ(bench.warnings, "There is no column for the merge field B.\nThere is no column for the merge field C.\n");
 }
 
 TEST(WordFields, MayNestAsDeepAsTheyLike) {

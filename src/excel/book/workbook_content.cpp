@@ -25,8 +25,8 @@ bool IsTrue(std::string_view value) {
 
 }  // namespace
 
-WorkbookContent::WorkbookContent(Package package, const Locale& locale)
-    : package_(std::move(package)), locale_(locale) {
+WorkbookContent::WorkbookContent(Package package, const Locale& locale, const ExcelWatch& watch)
+    : package_(std::move(package)), locale_(locale), watch_(watch) {
   mainPart_ = package_.MainPart();
   SettleType();
   workbook_ = ParseXml(package_.ReadPart(mainPart_), {file(), mainPart_});
@@ -80,7 +80,7 @@ void WorkbookContent::ReadStyles() {
   if (const auto part = package_.RelatedPart(mainPart_, "styles")) {
     stylesPart_ = *part;
   } else {
-    stylesPart_ = package_.FreshPartName("/xl/styles#.xml");
+    stylesPart_ = FreePartName(package_, "/xl/styles");
     package_.AddPart(stylesPart_, "application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml",
                      BlankStyles(package_.Family()));
     Relationships relationships = package_.RelationshipsOf(mainPart_);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "excel/grid/work_watch.h"
 #include "excel/sheet/sheet_model.h"
 #include "excel/tables/shared_strings.h"
 #include "excel/tables/style_book.h"
@@ -17,9 +18,9 @@ namespace zorkanca::excel {
 class WorkbookContent {
  public:
   /// Takes the package as a workbook: a template becomes one.
-  /// @param locale  outlives the workbook
+  /// @param locale, watch  outlive the workbook
   /// Errors: 5 when it is no workbook.
-  WorkbookContent(Package package, const Locale& locale);
+  WorkbookContent(Package package, const Locale& locale, const ExcelWatch& watch);
 
   std::size_t sheetCount() const { return sheets_.size(); }
   /// @param index  from 0. Errors: 438 for a sheet that holds no cells; 5 for one that cannot be read.
@@ -35,7 +36,8 @@ class WorkbookContent {
   StyleBook& styles() { return *styles_; }
   bool is1904() const { return is1904_; }
 
-  /// The package with all changes. Errors: 61, 57 when there is no room for what is compressed ahead.
+  /// The package with all changes. Errors: 61, 57 when there is no room for what is compressed ahead; 18 when
+  /// cancelled.
   Package Written();
   /// The same without macros, as a file with a usual name has none.
   Package WrittenWithoutMacros();
@@ -58,6 +60,7 @@ class WorkbookContent {
 
   Package package_;
   const Locale& locale_;
+  const ExcelWatch& watch_;
   std::string mainPart_;
   std::string stylesPart_;
   std::string textsPart_;

@@ -1,12 +1,20 @@
+// Headings of tables are settled first, because formulas of all sheets follow them. Then each changed sheet is written
+// row by row into a compressed part, new texts are gathered meanwhile, and the tables of texts and formats are written
+// behind all sheets that use them. Sheets that were not changed are only read where stored results or counts may be
+// wrong, and keep their bytes where they are not. The workbook that is open stays as it is; the result is another
+// package over it.
 #include "excel/book/workbook_saver.h"
 
 #include <array>
 
+#include "excel/book/table_headings.h"
 #include "excel/display/auto_fit.h"
+#include "excel/display/row_height.h"
 #include "excel/drawing/drawing_repeats.h"
 #include "excel/sheet/row_composer.h"
 #include "excel/sheet/row_writer.h"
 #include "excel/sheet/sheet_frame.h"
+#include "excel/tables/blank_package.h"
 #include "excel/tables/cell_reader.h"
 #include "opc/deflated_part.h"
 #include "opc/xml_names.h"
@@ -59,10 +67,15 @@ Package WorkbookSaver::Run() {
     changed_ = changed_ || (entry.model && entry.model->changed());
   }
   for (const SheetEntry& entry : workbook_.sheets_) {
+    if (!entry.model || !entry.model->contentsChanged()) continue;
+    SettleTableHeadings(package_, entry.part, *entry.model, workbook_.texts_, workbook_.locale_, renames_);
+  }
+  for (const SheetEntry& entry : workbook_.sheets_) {
     if (entry.model && entry.model->changed()) {
       WriteSheet(entry);
       WriteDrawing(entry);
     } else if (changed_ && entry.hasCells) {
+      WatchedWork(workbook_.watch_, ExcelWork::kSaving, 0);
       KeepSheet(entry);
     }
   }
@@ -78,20 +91,24 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   const SheetModel& sheet = *entry.model;
   ColumnTable columns = sheet.columns();
   for (const CellArea& area : sheet.fits()) {
-    for (const auto& [column, width] : FittedWidths(sheet, area, workbook_.texts_, workbook_.locale_)) {
+    for (const auto& [column, width] :
+         FittedWidths(sheet, area, workbook_.texts_, workbook_.locale_, workbook_.watch_)) {
       columns.SetFittedWidth(column, width);
     }
   }
-  const SheetFrame frame = MakeFrame(sheet, columns);
+  SheetFrame frame = MakeFrame(sheet, columns);
   const auto part = std::make_shared<DeflatedPart>();
   XmlBuffer xml(*part);
-  RowWriter writer(xml, sheet.part().prefix(), texts_);
+  RowWriter writer(xml, sheet.part().prefix(), texts_, renames_);
   const std::string data = sheet.part().prefix() + "sheetData>";
   xml.Put(frame.before);
   xml.Put("<" + data);
   RowComposer composer(sheet);
+  RowHeights heights(sheet, workbook_.texts_, columns, std::move(frame.merges));
   std::uint64_t untouched = 0;
+  WatchedWork work(workbook_.watch_, ExcelWork::kSaving, static_cast<std::uint64_t>(sheet.Extent().bottom));
   while (composer.Next()) {
+    work.Reach(static_cast<std::uint64_t>(composer.number()));
     const std::string_view raw = composer.Untouched();
     if (raw.data()) {
       untouched += CountReferences(raw);
@@ -99,7 +116,7 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
       continue;
     }
     const RowView& row = composer.Compose();
-    if (!row.cells.empty() || row.styled || !row.attributes.empty()) writer.Write(row);
+    if (!row.cells.empty() || row.styled || !row.attributes.empty()) writer.Write(row, heights.Of(row));
   }
   xml.Put("</" + data);
   xml.Put(frame.behind);
@@ -116,7 +133,7 @@ void WorkbookSaver::WriteDrawing(const SheetEntry& entry) {
   const DrawingPart drawing(package_.ReadPart(*name), {package_.path(), *name});
   if (!drawing.IsRepeated(repeats)) return;
   const auto part = std::make_shared<DeflatedPart>();
-  drawing.Write(*part, repeats);
+  drawing.Write(*part, repeats, workbook_.watch_);
   part->Finish();
   package_.ReplacePart(*name, part);
 }
@@ -130,7 +147,7 @@ void WorkbookSaver::KeepSheet(const SheetEntry& entry) {
   RequireSoundXml(xml, source, {.nodes = 400'000'000});
   references_ += CountReferences(xml);
   if (!mayHaveFormulas) return;
-  std::string written = WithoutResults(xml, source);
+  std::string written = WithoutResults(xml, source, renames_);
   if (written != xml) package_.ReplacePart(entry.part, std::move(written));
 }
 
@@ -142,8 +159,7 @@ void WorkbookSaver::WriteTexts() {
   texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet, family));
   part->Finish();
   if (!workbook_.textsPart_.empty()) return package_.ReplacePart(workbook_.textsPart_, part);
-  std::string name = "/xl/sharedStrings.xml";
-  if (package_.HasPart(name)) name = package_.FreshPartName("/xl/sharedStrings#.xml");
+  const std::string name = FreePartName(package_, "/xl/sharedStrings");
   package_.AddPart(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml", part);
   Relationships relationships = package_.RelationshipsOf(workbook_.mainPart_);
   relationships.Add(OfficeRelationshipType("sharedStrings", family), name);
@@ -157,6 +173,11 @@ void WorkbookSaver::WriteWorkbook() {
   const XmlNames names(document);
   const pugi::xml_node root = document.document_element();
   if (changed_) SetAttribute(RequireChild(names, root, "calcPr"), "fullCalcOnLoad", "1");
+  if (!renames_.empty()) {
+    for (pugi::xml_node name : names.Child(root, XmlSpace::kSheet, "definedNames").children()) {
+      if (name.text()) name.text().set(renames_.Renamed(name.text().get()).c_str());
+    }
+  }
   if (workbook_.activeChanged_) {
     pugi::xml_node views = RequireChild(names, root, "bookViews");
     pugi::xml_node view = names.Child(views, XmlSpace::kSheet, "workbookView");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "excel/book/workbook_content.h"
+#include "excel/grid/table_references.h"
 
 namespace zorkanca::excel {
 
@@ -25,6 +26,7 @@ class WorkbookSaver {
   WorkbookContent& workbook_;
   Package package_;
   TextTable texts_;
+  TableRenames renames_;
   std::uint64_t references_ = 0;  // of cells to shared texts, in all sheets
   bool changed_ = false;          // some sheet; results of formulas may be stale then
 };

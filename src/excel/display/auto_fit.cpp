@@ -1,3 +1,6 @@
+// One walk over the rows keeps the widest content of each column in pixels. What an import knows to be shown is
+// measured as it is; the rest is shown by its number format first. A font's widths are looked up once for each cell
+// format.
 #include "excel/display/auto_fit.h"
 
 #include <algorithm>
@@ -34,7 +37,7 @@ class Fitter {
   }
 
  private:
-  // Texts and numbers that an import spelled are measured as they came; millions of them need no formatting.
+  // Most texts and numbers of an import are measured as they came; millions of them need no formatting.
   double PixelsOf(const CellView& cell) {
     const TextWidths& widths = WidthsOf(cell.style);
     if (!cell.shown.empty()) return widths.PixelsOfLines(cell.shown);
@@ -57,11 +60,13 @@ class Fitter {
 }  // namespace
 
 std::map<std::int32_t, double> FittedWidths(const SheetModel& sheet, const CellArea& area, const SharedStrings& texts,
-                                            const Locale& locale) {
+                                            const Locale& locale, const ExcelWatch& watch) {
   Fitter fitter(sheet, texts, locale);
   RowComposer composer(sheet);
   composer.Seek(area.top - 1);
+  WatchedWork work(watch, ExcelWork::kFitting, static_cast<std::uint64_t>(sheet.Extent().bottom));
   while (composer.Next() && composer.number() <= area.bottom) {
+    work.Reach(static_cast<std::uint64_t>(composer.number()));
     for (const CellView& cell : composer.Compose().cells) {
       if (area.HasColumn(cell.column)) fitter.Measure(cell);
     }

@@ -23,6 +23,16 @@ Text PatternOf(const NumberFormatCode& code, const Locale& locale) {
   return code.pattern.empty() ? Text(u"General") : FromUtf8(code.pattern);
 }
 
+// Moves the point so that one to `places` digits stand before it. @return the exponent taken out, of which `places` is
+// a divisor: "##0.0E+0" counts in thousands
+std::int64_t TakeExponent(DecimalDigits& number, std::int64_t places) {
+  if (number.IsZero()) return 0;
+  const std::int64_t above = number.point - 1;
+  const std::int64_t exponent = (above >= 0 ? above / places : (above + 1) / places - 1) * places;
+  number.point -= exponent;
+  return exponent;
+}
+
 void AppendPadded(Text& text, std::int64_t number, std::size_t width) {
   const Text digits = DecimalText(number);
   if (digits.size() < width) text.append(width - digits.size(), u'0');
@@ -75,6 +85,8 @@ Text NumberFormat::Show(const CellValue& value) const {
   Text text;
   if (section->isDate) {
     ShowDate(text, *number, *section);
+  } else if (section->isFraction) {
+    text = GeneralText(showsSign ? *number : std::fabs(*number), locale_);
   } else {
     const double shown = showsSign ? *number : std::fabs(*number);
     ShowNumber(text, shown, *section);
@@ -97,16 +109,19 @@ Text GeneralText(double value, const Locale& locale) {
   DecimalDigits digits = DigitsOf(value);
   constexpr std::int64_t kRoom = 11;
   if (digits.IsZero()) return u"0";
-  if (digits.point > kRoom || digits.point < -8) {
-    RoundToDecimals(digits, 6 - digits.point, RoundingMode::kHalfAwayFromZero);
-    Text text;
-    AppendDigits(text, digits, locale.decimalSeparator, 0);
-    return text;
-  }
-  RoundToDecimals(digits, std::max<std::int64_t>(0, kRoom - 1 - std::max<std::int64_t>(1, digits.point)),
-                  RoundingMode::kHalfAwayFromZero);
+  const auto fits = [](const DecimalDigits& number) { return number.point <= kRoom && number.point >= -8; };
   Text text;
-  AppendDigits(text, digits, locale.decimalSeparator);
+  if (fits(digits)) {
+    DecimalDigits rounded = digits;
+    RoundToDecimals(rounded, std::max<std::int64_t>(0, kRoom - 1 - std::max<std::int64_t>(1, digits.point)),
+                    RoundingMode::kHalfAwayFromZero);
+    if (fits(rounded)) {
+      AppendDigits(text, rounded, locale.decimalSeparator);
+      return text;
+    }
+  }
+  RoundToDecimals(digits, 6 - digits.point, RoundingMode::kHalfAwayFromZero);
+  AppendDigits(text, digits, locale.decimalSeparator, 0);
   return text;
 }
 
@@ -126,7 +141,6 @@ class DigitWriter {
     if (place < number_.point) {
       PutDigit(place);
     } else if (placeholder == u'0') {
-      started_ = true;
       PutDigit(place);
     } else if (placeholder == u'?') {
       text_.push_back(u' ');
@@ -156,7 +170,6 @@ class DigitWriter {
   const DecimalDigits& number_;
   const Locale& locale_;
   bool grouped_;
-  bool started_ = false;
 };
 
 }  // namespace
@@ -178,11 +191,10 @@ void NumberFormat::ShowNumber(Text& text, double value, const Section& section) 
   std::int64_t exponent = 0;
   if (!number.IsZero()) {
     number.point += 2 * section.percents - 3 * section.thousands;
-    if (scientific) {
-      exponent = number.point - std::max<std::int64_t>(integers, 1);
-      number.point -= exponent;
-    }
+    if (scientific) exponent = TakeExponent(number, std::max<std::int64_t>(integers, 1));
     RoundToDecimals(number, fractions, RoundingMode::kHalfAwayFromZero);
+    // Rounding may have carried into a digit that has no place: 9.996 is 1.00E+01.
+    if (scientific) exponent += TakeExponent(number, std::max<std::int64_t>(integers, 1));
   }
   if (number.negative && section.isNumber) text.push_back(u'-');
   DigitWriter writer(text, number, locale_, section.grouped);

@@ -64,6 +64,7 @@ class NumberFormat {
     bool isDate = false;
     bool isNumber = false;
     bool isGeneral = false;
+    bool isFraction = false;  ///< a "/" behind digits
     bool hasText = false;
     bool hasDay = false;
     bool twelveHours = false;

@@ -92,6 +92,7 @@ void NumberFormatReader::ReadStep(Section& section) {
     return pass(kGeneral.size());
   }
   if (ReadNumberStep(section) || ReadDateStep(section)) return;
+  if (unit == u'/' && section.isNumber) section.isFraction = true;
   AddLiteral(section, unit == u'/'   ? TextView(locale_.dateSeparator)
                       : unit == u':' ? TextView(locale_.timeSeparator)
                                      : rest_.substr(0, 1));

@@ -89,7 +89,8 @@ std::uint16_t UnitsOfCharacter(char16_t unit, std::size_t face) {
 
 }  // namespace
 
-TextWidths::TextWidths(const CellFont& font) : pixelsPerUnit_(font.size * kPixelsPerPoint / kUnitsPerEm) {
+TextWidths::TextWidths(const CellFont& font)
+    : pixelsPerUnit_(font.size * kPixelsPerPoint / kUnitsPerEm), emPixels_(std::round(font.size * kPixelsPerPoint)) {
   const std::string name = AsciiLower(font.name);
   const bool narrow = name == "calibri" || name == "carlito";
   face_ = (narrow ? 0U : 2U) + (font.bold ? 1U : 0U);
@@ -126,15 +127,68 @@ double TextWidths::PixelsOfLines(std::string_view utf8) const {
   }
 }
 
+std::int64_t TextWidths::LinesWithin(std::string_view utf8, double pixels) const {
+  constexpr std::int64_t kNoLimit = std::int64_t{1} << 40;
+  const double units = pixels / pixelsPerUnit_;
+  const std::int64_t room = units < static_cast<double>(kNoLimit) ? static_cast<std::int64_t>(units) : kNoLimit;
+  std::int64_t lines = 0;
+  for (;;) {
+    const std::size_t end = utf8.find('\n');
+    lines += LinesOfParagraph(utf8.substr(0, end), std::max<std::int64_t>(room, ascii_['0']));
+    if (end == utf8.npos) return lines;
+    utf8.remove_prefix(end + 1);
+  }
+}
+
+std::int64_t TextWidths::LinesOfParagraph(std::string_view utf8, std::int64_t room) const {
+  if (UnitsOf(utf8) <= room) return 1;
+  std::int64_t lines = 1;
+  std::int64_t used = 0;  // of the last line
+  while (!utf8.empty()) {
+    const std::size_t stop = std::min(utf8.find_first_of(" -"), utf8.size());
+    const std::size_t end = stop < utf8.size() && utf8[stop] == '-' ? stop + 1 : stop;
+    const std::int64_t word = UnitsOf(utf8.substr(0, end));
+    if (used > 0 && used + word > room) {
+      ++lines;
+      used = 0;
+    }
+    used += word;
+    if (used > room) {  // a word that fills lines
+      lines += (used - 1) / room;
+      used = (used - 1) % room + 1;
+    }
+    std::size_t next = end;
+    for (; next < utf8.size() && utf8[next] == ' '; ++next) used += ascii_[' '];  // they may hang over the edge
+    utf8.remove_prefix(next);
+  }
+  return lines;
+}
+
+// Fonts are drawn in whole pixels above and below the line; rows add two.
+int TextWidths::LinePixels() const {
+  const bool narrow = face_ < 2;
+  const double ascent = narrow ? 0.952 : 0.905;
+  const double descent = narrow ? 0.269 : 0.212;
+  return static_cast<int>(std::lround(ascent * emPixels_) + std::lround(descent * emPixels_)) + 2;
+}
+
 int TextWidths::DigitPixels() const {
   return std::max(1, static_cast<int>(std::lround(ascii_['0'] * pixelsPerUnit_)));
 }
 
-// The margins are a quarter of a digit on each side and a line; see [MS-OI29500] 2.1.598.
+// A quarter of a digit on each side and a line; see [MS-OI29500] 2.1.598.
+int MarginPixels(int digitPixels) {
+  return 2 * ((digitPixels + 3) / 4) + 1;
+}
+
+int PixelsOfWidth(double width, int digitPixels) {
+  constexpr double kWidest = 255;
+  return static_cast<int>((256 * std::clamp(width, 0.0, kWidest) + 128 / digitPixels) / 256 * digitPixels);
+}
+
 double ColumnWidthFor(double pixels, int digitPixels) {
   constexpr double kWidest = 255;
-  const int margins = 2 * ((digitPixels + 3) / 4) + 1;
-  const int whole = static_cast<int>(std::ceil(std::min(pixels, 1e6))) + margins;
+  const int whole = static_cast<int>(std::ceil(std::min(pixels, 1e6))) + MarginPixels(digitPixels);
   const double width = std::trunc((whole + whole % 8) * 256.0 / digitPixels) / 256;
   return std::min(width, kWidest);
 }

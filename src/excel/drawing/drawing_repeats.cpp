@@ -1,3 +1,7 @@
+// An anchor is cut where its copies differ: rows, ids, the number behind a name, the identifier. A copy is then the
+// pieces put out one behind the other with its own numbers, so that a hundred thousand copies need no tree and cost
+// what they are long. Ids go on behind the greatest that the part has; connections between shapes of one anchor keep
+// pointing at each other, because ids are replaced by their index within the anchor.
 #include "excel/drawing/drawing_repeats.h"
 
 #include <charconv>
@@ -178,11 +182,14 @@ bool DrawingPart::IsRepeated(const std::vector<RowRepeat>& repeats) const {
   return !CopiesFor(repeats).empty();
 }
 
-void DrawingPart::Write(PartSink& sink, const std::vector<RowRepeat>& repeats) const {
+void DrawingPart::Write(PartSink& sink, const std::vector<RowRepeat>& repeats, const ExcelWatch& watch) const {
   XmlBuffer out(sink);
   out.Put(std::string_view(xml_).substr(0, rootEnd_));
   std::int64_t id = lastId_ + 1;
-  for (const Copy& copy : CopiesFor(repeats)) {
+  const std::vector<Copy> copies = CopiesFor(repeats);
+  WatchedWork work(watch, ExcelWork::kSaving, copies.size());
+  for (const Copy& copy : copies) {
+    work.Reach(static_cast<std::uint64_t>(&copy - copies.data()));
     const Anchor& anchor = anchors_[copy.anchor];
     for (const Piece& piece : anchor.pieces) {
       switch (piece.kind) {

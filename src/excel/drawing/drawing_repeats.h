@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "excel/grid/work_watch.h"
 #include "excel/sheet/row_repeats.h"
 #include "opc/part_sink.h"
 #include "opc/xml_document.h"
@@ -23,8 +24,8 @@ class DrawingPart {
   std::size_t shapeCount() const { return anchors_.size(); }
   /// True when a repeat brings anything.
   bool IsRepeated(const std::vector<RowRepeat>& repeats) const;
-  /// Writes the part with the copies. Its cost grows with what is written.
-  void Write(PartSink& sink, const std::vector<RowRepeat>& repeats) const;
+  /// Writes the part with the copies. Its cost grows with what is written. Errors: 18 when cancelled.
+  void Write(PartSink& sink, const std::vector<RowRepeat>& repeats, const ExcelWatch& watch) const;
 
  private:
   friend class AnchorReader;

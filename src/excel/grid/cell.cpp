@@ -66,6 +66,7 @@ CellView StoredCell::View() const {
           .style = style,
           .kind = kind,
           .quotePrefix = quotePrefix,
+          .hasLines = kind == CellKind::kText && content.find('\n') != content.npos,
           .content = content,
           .type = type,
           .result = result,

@@ -37,11 +37,12 @@ struct CellView {
   std::uint32_t style = 0;  ///< index of its cell format
   CellKind kind = CellKind::kBlank;
   bool quotePrefix = false;  ///< the text was put in with an apostrophe in front
+  bool hasLines = false;     ///< of kText: it is known to have line breaks
   std::string_view content = {};
   std::string_view type = {};    ///< of kFile and kFileFormula: the attribute t
   std::string_view result = {};  ///< of kFile and kFileFormula: the inside of v or is, raw
   std::string_view extra = {};   ///< its attributes in the file, raw, when there are others than r, s and t
-  std::string_view shown = {};   ///< of an import that brought its format: how its text spelled it, UTF-8
+  std::string_view shown = {};   ///< of an import that brought its format: what it shows, where that is known, UTF-8
   const Formula* formula = nullptr;
   const ArrayExtent* array = nullptr;
 };

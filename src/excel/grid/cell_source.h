@@ -40,9 +40,10 @@ struct Content {
   CellKind kind = CellKind::kBlank;
   ContentFormat format = ContentFormat::kGeneral;
   bool quotePrefix = false;
-  bool missing = false;  ///< the block has no field here; laid over a cell, it leaves the cell alone
+  bool hasLines = false;  ///< a text with line breaks
+  bool missing = false;   ///< the block has no field here; laid over a cell, it leaves the cell alone
   std::string_view text = {};
-  std::string_view shown = {};  ///< how the text spelled it, in UTF-8; for the width of columns
+  std::string_view shown = {};  ///< what its cell shows, in UTF-8, where that is known; for the width of columns
   const Formula* formula = nullptr;
 };
 

@@ -1,3 +1,7 @@
+// A formula is read once into pieces: references, and the texts between them. A relative coordinate is kept as its
+// distance from the cell, an absolute one as its place, so that writing the formula for another cell only adds: no
+// formula is read again however often it is copied. What looks like a reference but is a name, a function or a sheet
+// stays text; see formula_scanner.h for the stretches that are passed over.
 #include "excel/grid/formula.h"
 
 #include <charconv>

@@ -95,9 +95,18 @@ XmlScanner::Token XmlScanner::ReadTag() {
 }
 
 void XmlScanner::AppendCharacters(std::string& text) const {
-  const std::string_view raw = xml_.substr(begin_, end_ - begin_);
+  std::string_view raw = xml_.substr(begin_, end_ - begin_);
+  if (cdata_) raw = raw.substr(9, raw.size() - 12);
+  std::string lines;
+  if (raw.find('\r') != raw.npos) {  // line ends are line feeds to every reader
+    for (std::size_t at = 0; at < raw.size(); ++at) {
+      if (raw[at] == '\r' && at + 1 < raw.size() && raw[at + 1] == '\n') continue;
+      lines += raw[at] == '\r' ? '\n' : raw[at];
+    }
+    raw = lines;
+  }
   if (cdata_) {
-    text += raw.substr(9, raw.size() - 12);
+    text += raw;
   } else {
     AppendResolved(text, raw);
   }

@@ -12,11 +12,24 @@ void ColumnTable::Add(std::int32_t first, std::int32_t last, std::uint32_t style
   ranges_[first] = std::move(range);
 }
 
-std::uint32_t ColumnTable::StyleOf(std::int32_t column) const {
+const ColumnTable::Range* ColumnTable::RangeOf(std::int32_t column) const {
   auto after = ranges_.upper_bound(column);
-  if (after == ranges_.begin()) return 0;
+  if (after == ranges_.begin()) return nullptr;
   const auto& [first, range] = *--after;
-  return column <= range.last ? range.style : 0;
+  return column <= range.last ? &range : nullptr;
+}
+
+std::uint32_t ColumnTable::StyleOf(std::int32_t column) const {
+  const Range* range = RangeOf(column);
+  return range ? range->style : 0;
+}
+
+std::optional<double> ColumnTable::WidthOf(std::int32_t column) const {
+  const Range* range = RangeOf(column);
+  const std::string_view text = range ? FindAttribute(range->attributes, "width") : std::string_view();
+  double width = 0;
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), width);
+  return failure == std::errc() ? std::optional(width) : std::nullopt;
 }
 
 // A range of that column alone, cut out of a wider one.

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,8 @@ class ColumnTable {
 
   /// The format of what has no cell, 0 by default.
   std::uint32_t StyleOf(std::int32_t column) const;
+  /// In digits with margins; nothing for a column of the usual width.
+  std::optional<double> WidthOf(std::int32_t column) const;
   void SetStyle(std::int32_t column, std::uint32_t style);
   /// A width found for the longest content, in characters with margins.
   void SetFittedWidth(std::int32_t column, double width);
@@ -32,6 +35,7 @@ class ColumnTable {
     std::string attributes;
   };
 
+  const Range* RangeOf(std::int32_t column) const;
   Range& Alone(std::int32_t column);
 
   std::map<std::int32_t, Range> ranges_;  // by their first column

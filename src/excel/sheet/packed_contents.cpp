@@ -1,3 +1,6 @@
+// A cell is a byte of kind and flags, the length of its text in groups of seven bits, and the text; formulas are kept
+// aside and named by number. The offset of each row is noted, so that any row can be read, and a row is read from left
+// to right. Nothing is ever changed, only added at the end.
 #include "excel/sheet/packed_contents.h"
 
 #include <algorithm>
@@ -19,6 +22,7 @@ namespace {
 
 constexpr unsigned char kQuoted = 0x40;
 constexpr unsigned char kMissing = 0x80;
+constexpr unsigned char kLines = 0x20;
 constexpr unsigned char kKindBits = 0x0F;
 
 struct ErrorName {
@@ -69,7 +73,9 @@ void PackedContents::Add(const CellGrid& contents) {
 }
 
 void PackedContents::AddPiece(CellKind kind, bool quotePrefix, std::string_view text) {
-  bytes_.push_back(static_cast<char>(static_cast<unsigned>(kind) | (quotePrefix ? kQuoted : 0U)));
+  const bool hasLines = kind == CellKind::kText && text.find('\n') != text.npos;
+  bytes_.push_back(
+      static_cast<char>(static_cast<unsigned>(kind) | (quotePrefix ? kQuoted : 0U) | (hasLines ? kLines : 0U)));
   std::size_t length = text.size();
   for (; length >= 0x80; length >>= 7) bytes_.push_back(static_cast<char>(0x80 | (length & 0x7F)));
   bytes_.push_back(static_cast<char>(length));
@@ -147,6 +153,7 @@ class PackedContents::PackedCursor final : public Cursor {
                     .missing = (flags & kMissing) != 0,
                     .text = rest.substr(at, length)};
     content.shown = content.text;
+    content.hasLines = (flags & kLines) != 0;
     rest.remove_prefix(at + length);
     if (content.kind != CellKind::kFormula) return content;
     std::size_t index = 0;

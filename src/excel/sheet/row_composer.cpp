@@ -1,3 +1,14 @@
+// A row is what the last repeat that covers it left there, or else what the file has; then the later layers are applied
+// to it, in their order. Layers before that repeat cannot be seen any more, so that the search for it goes backwards
+// and the composition forwards.
+//
+// Invariants: the cells of a row are in the order of their columns, no column twice. A content takes its format from
+// the cell underneath, else from its row, else from its column as the layers so far left it; only an import with
+// formats brings its own. A formula knows its cell only when it is written.
+//
+// The next row is the nearest that the file or any layer has. A row costs its cells and the layers that cover it;
+// nothing is kept from one row to the next but the formats that a layer has already changed, and the place that a
+// source was read up to. Walking down a sheet is therefore linear in what is read, and holds one row.
 #include "excel/sheet/row_composer.h"
 
 #include <algorithm>
@@ -209,6 +220,7 @@ void RowComposer::Put(const Content& content, const ContentsLayer& layer, std::i
   cell.column = column;
   cell.kind = content.kind;
   cell.content = content.text;
+  cell.hasLines = content.hasLines;
   cell.formula = content.formula;
   if (layer.withFormats) cell.shown = content.shown;
   cell.style = layer.withFormats ? StyleOfContent(content.format, *layer.source)

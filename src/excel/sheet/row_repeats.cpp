@@ -1,3 +1,7 @@
+// Areas are cut and joined as rectangles, never cell by cell: an area that the copies cut leaves at most a part above
+// and a part below, and the copies of a part that is as high as the source are one area, which joins what was left
+// above it. A hundred thousand copies of a row's rule are one area again. Only parts lower than the source, which leave
+// gaps between their copies, and merged cells, which cannot join, are listed for each copy.
 #include "excel/sheet/row_repeats.h"
 
 namespace zorkanca::excel {

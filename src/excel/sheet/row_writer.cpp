@@ -1,12 +1,14 @@
 #include "excel/sheet/row_writer.h"
 
+#include <charconv>
+
 #include "excel/grid/xml_scanner.h"
 #include "excel/tables/string_item.h"
 
 namespace zorkanca::excel {
 
-RowWriter::RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts)
-    : xml_(xml), prefix_(std::move(prefix)), texts_(texts) {
+RowWriter::RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts, const TableRenames& renames)
+    : xml_(xml), prefix_(std::move(prefix)), texts_(texts), renames_(renames) {
   cellStart_ = "<" + prefix_ + "c r=\"";
   cellEnd_ = "</" + prefix_ + "c>";
   valueStart_ = "<" + prefix_ + "v>";
@@ -19,7 +21,7 @@ void RowWriter::PutAttributesBut(std::string_view attributes, std::initializer_l
   xml_.Put(scratch_);
 }
 
-void RowWriter::Write(const RowView& row) {
+void RowWriter::Write(const RowView& row, double height) {
   row_ = row.row;
   rowNumber_.clear();
   AppendNumber(rowNumber_, row_);
@@ -33,7 +35,19 @@ void RowWriter::Write(const RowView& row) {
     xml_.PutNumber(row.style);
     xml_.Put("\" customFormat=\"1\"");
   }
-  if (!row.attributes.empty()) PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans"});
+  if (height > 0) {
+    xml_.Put(" ht=\"");
+    char digits[32];
+    xml_.Put(std::string_view(digits, std::to_chars(digits, digits + sizeof digits, height).ptr));
+    xml_.Put('"');
+  }
+  if (!row.attributes.empty()) {
+    if (height > 0) {
+      PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans", "ht"});
+    } else {
+      PutAttributesBut(row.attributes, {"r", "s", "customFormat", "spans"});
+    }
+  }
   if (row.cells.empty()) return xml_.Put("/>");
   xml_.Put('>');
   for (const CellView& cell : row.cells) WriteCell(cell);
@@ -114,7 +128,11 @@ void RowWriter::WriteText(const CellView& cell) {
 void RowWriter::WriteFormula(const CellView& cell) {
   xml_.Put('>');
   if (cell.kind == CellKind::kFileFormula) {
-    xml_.Put(cell.content);
+    if (renames_.empty()) {
+      xml_.Put(cell.content);
+    } else {
+      xml_.Put(renames_.RenamedElement(cell.content));
+    }
     return xml_.Put(cellEnd_);
   }
   xml_.Put("<");
@@ -129,6 +147,7 @@ void RowWriter::WriteFormula(const CellView& cell) {
   xml_.Put('>');
   scratch_.clear();
   cell.formula->AppendA1(scratch_, {row_, cell.column});
+  if (!renames_.empty()) scratch_ = renames_.Renamed(scratch_);
   xml_.PutText(scratch_);
   xml_.Put("</");
   xml_.Put(prefix_);

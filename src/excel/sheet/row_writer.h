@@ -4,6 +4,7 @@
 #include <string>
 
 #include "excel/grid/cell.h"
+#include "excel/grid/table_references.h"
 #include "excel/grid/xml_buffer.h"
 #include "excel/tables/shared_strings.h"
 
@@ -13,9 +14,11 @@ class RowWriter {
  public:
   /// @param prefix  of the sheet's element names
   /// @param texts   takes the new texts
-  RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts);
+  /// @param renames  of tables' columns, followed in formulas
+  RowWriter(XmlBuffer& xml, std::string prefix, TextTable& texts, const TableRenames& renames);
 
-  void Write(const RowView& row);
+  /// @param height  points; 0 leaves the row's own
+  void Write(const RowView& row, double height = 0);
   /// A row as the file has it.
   void WriteRaw(std::string_view rowXml) { xml_.Put(rowXml); }
   /// Cells written that refer to a shared text.
@@ -30,6 +33,7 @@ class RowWriter {
   XmlBuffer& xml_;
   std::string prefix_;
   TextTable& texts_;
+  const TableRenames& renames_;
   std::uint64_t stringReferences_ = 0;
   std::string cellStart_, cellEnd_, valueStart_, valueCellEnd_;
   std::string rowNumber_;

@@ -1,3 +1,14 @@
+// Everything of a sheet but its rows is a tree with a mark where the rows stand. Each layer of repeated rows changes,
+// one after the other, what the tree says of areas: what lies under the copies is cut away first, then each copy gets
+// what its source has.
+//
+// Rules (conditional formats, validations) list their areas, so that copies make areas grow instead of making rules;
+// see row_repeats.h. Merged cells and links stand for each copy: their lists are written as text in place of further
+// marks, because a tree of a hundred thousand nodes would cost more than everything else. Sparklines are few and stay
+// nodes.
+//
+// Invariants: children of the worksheet keep the order of the schema; elements that nobody knows stay where they are.
+// The cost is that of what is written, times the number of repeats for lists of merged cells and links.
 #include "excel/sheet/sheet_frame.h"
 
 #include <array>
@@ -55,6 +66,7 @@ class ShellMaker {
     WriteDimension();
     WriteViews();
     ReplaceColumns();
+    ReadMerges();
     if (!repeats_.empty()) {
       ReplaceMerges();
       RepeatRules();
@@ -146,12 +158,15 @@ class ShellMaker {
     root_.remove_child(Child("cols"));
   }
 
+  void ReadMerges() {
+    for (const pugi::xml_node merge : Children(Child("mergeCells"), "mergeCell")) {
+      if (const std::optional<CellArea> area = ParseArea(merge.attribute("ref").value())) merges_.push_back(*area);
+    }
+  }
+
   void ReplaceMerges() {
     pugi::xml_node list = Child("mergeCells");
     if (!list) return;
-    for (const pugi::xml_node merge : Children(list, "mergeCell")) {
-      if (const std::optional<CellArea> area = ParseArea(merge.attribute("ref").value())) merges_.push_back(*area);
-    }
     for (const RowRepeat& repeat : repeats_) merges_ = RepeatMerges(merges_, repeat);
     root_.insert_child_before(pugi::node_pi, list).set_name(kMergesMark);
     root_.remove_child(list);
@@ -309,10 +324,10 @@ class ShellMaker {
                 inside.empty() ? std::string() : "<" + name + attributes + ">" + inside + "</" + name + ">");
   }
 
-  SheetFrame Split(std::string xml) const {
+  SheetFrame Split(std::string xml) {
     const std::string rows = "<?" + std::string(SheetPart::kRowsMark) + "?>";
     const std::size_t at = xml.find(rows);
-    SheetFrame frame{xml.substr(0, at), xml.substr(at + rows.size())};
+    SheetFrame frame{.before = xml.substr(0, at), .behind = xml.substr(at + rows.size())};
     if (columnsMarked_) PutAtMark(frame.before, kColumnsMark, "cols", columns_.ToXml(prefix_));
     std::string merges;
     for (const CellArea& area : merges_) {
@@ -322,6 +337,7 @@ class ShellMaker {
     }
     PutAtMark(frame.behind, kMergesMark, "mergeCells", merges, " count=\"" + std::to_string(merges_.size()) + "\"");
     if (linksMarked_) PutAtMark(frame.behind, kLinksMark, "hyperlinks", links_);
+    frame.merges = std::move(merges_);
     return frame;
   }
 

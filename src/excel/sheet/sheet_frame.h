@@ -13,6 +13,7 @@ namespace zorkanca::excel {
 struct SheetFrame {
   std::string before;
   std::string behind;
+  std::vector<CellArea> merges = {};  ///< all merged cells
 };
 
 /// The repeats that a sheet's layers hold, in order.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "excel/grid/cell.h"
+#include "excel/grid/table_references.h"
 #include "opc/xml_document.h"
 
 namespace zorkanca::excel {
@@ -73,7 +74,8 @@ class SheetPart {
 };
 
 /// A sheet as its file has it, but without the stored results of its formulas, for sheets that nobody else changes.
-/// @return the same text when it has no formulas
-std::string WithoutResults(std::string xml, const XmlSource& source);
+/// @param renames  of tables' columns, followed in formulas
+/// @return         the same text when it has no formulas
+std::string WithoutResults(std::string xml, const XmlSource& source, const TableRenames& renames);
 
 }  // namespace zorkanca::excel

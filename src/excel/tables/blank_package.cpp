@@ -26,6 +26,11 @@ std::string Type(std::string_view kind) {
 
 }  // namespace
 
+std::string FreePartName(Package& package, const std::string& stem) {
+  std::string usual = stem + ".xml";
+  return package.HasPart(usual) ? package.FreshPartName(stem + "#.xml") : usual;
+}
+
 std::string BlankStyles(OfficeFamily family) {
   return Root("styleSheet", family) +
          "><fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/><family val=\"2\"/></font></fonts>"

@@ -11,12 +11,13 @@ struct LocalNames {
   TextView language;
   TextView workbook;
   TextView sheet;
+  TextView column;
 };
 constexpr std::array kNames = std::to_array<LocalNames>({
-    {u"cs", u"Sešit", u"List"},
-    {u"sk", u"Zošit", u"Hárok"},
-    {u"de", u"Mappe", u"Tabelle"},
-    {u"en", u"Book", u"Sheet"},
+    {u"cs", u"Sešit", u"List", u"Sloupec"},
+    {u"sk", u"Zošit", u"Hárok", u"Stĺpec"},
+    {u"de", u"Mappe", u"Tabelle", u"Spalte"},
+    {u"en", u"Book", u"Sheet", u"Column"},
 });
 
 const LocalNames& NamesOf(const Locale& locale) {
@@ -33,6 +34,10 @@ Text NewWorkbookName(const Locale& locale) {
 
 Text NewSheetName(const Locale& locale) {
   return Text(NamesOf(locale).sheet);
+}
+
+Text NewColumnName(const Locale& locale) {
+  return Text(NamesOf(locale).column);
 }
 
 }  // namespace zorkanca::excel

@@ -11,4 +11,7 @@ Text NewWorkbookName(const Locale& locale);
 /// "List", "Sheet": a number follows.
 Text NewSheetName(const Locale& locale);
 
+/// "Sloupec", "Column": of tables; a number follows.
+Text NewColumnName(const Locale& locale);
+
 }  // namespace zorkanca::excel

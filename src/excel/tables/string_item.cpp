@@ -52,7 +52,6 @@ void AppendUnescaped(std::string& text, std::string_view fileText) {
       continue;
     }
     text.append(fileText, copied, at - copied).append(XmlCharacters(TextView(&*code, 1)));
-    if (*code == u'\r') text.push_back('\r');
     at += kEscapeLength;
     copied = at;
   }

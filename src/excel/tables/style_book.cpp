@@ -232,8 +232,15 @@ CellFont StyleBook::FontOf(std::uint32_t style) const {
   return FontAt(formats_.at(style).attribute("fontId").as_int());
 }
 
-bool StyleBook::WrapsText(std::uint32_t style) const {
-  return IsTrue(names_.Child(formats_.at(style), XmlSpace::kSheet, "alignment").attribute("wrapText"));
+LineBreaking StyleBook::LineBreakingOf(std::uint32_t style) const {
+  const pugi::xml_node alignment = names_.Child(formats_.at(style), XmlSpace::kSheet, "alignment");
+  const auto fills = [&](const char* direction) {
+    const std::string_view how = alignment.attribute(direction).value();
+    return how == "justify" || how == "distributed";
+  };
+  return {.wraps = IsTrue(alignment.attribute("wrapText")) || fills("horizontal") || fills("vertical"),
+          .rotated = alignment.attribute("textRotation").as_int() != 0,
+          .indent = std::clamp(alignment.attribute("indent").as_int(), 0, 250)};
 }
 
 CellFont StyleBook::StandardFont() const {

@@ -44,6 +44,13 @@ struct CellFont {
   bool bold = false;
 };
 
+/// How a cell breaks its text into lines.
+struct LineBreaking {
+  bool wraps = false;  ///< at the width of its column
+  bool rotated = false;
+  std::int32_t indent = 0;  ///< steps, each as wide as three blanks
+};
+
 class StyleBook {
  public:
   /// Takes the tree of the part. @param file  of the package, for errors
@@ -56,7 +63,7 @@ class StyleBook {
 
   NumberFormatCode NumberFormatOf(std::uint32_t style) const;
   CellFont FontOf(std::uint32_t style) const;
-  bool WrapsText(std::uint32_t style) const;
+  LineBreaking LineBreakingOf(std::uint32_t style) const;
   /// Of the style "Normal", which column widths are counted in.
   CellFont StandardFont() const;
 

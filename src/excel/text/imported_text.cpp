@@ -1,3 +1,11 @@
+// The file is read twice. The first walk counts rows and columns and refuses what no sheet holds, before anything is
+// made; it notes where every 256th record begins. Afterwards records are read again whenever a row is asked for: the
+// next ones one behind the other, others from the nearest note on, so that a row in the middle costs at most 256
+// records.
+//
+// Fields are bytes of the file, or of a buffer where quotes and line ends were taken out; their values are put into one
+// buffer that is reserved for the whole record before the first of them, so that views into it stay valid. ASCII is
+// passed on as it is. Both walks are linear in the file and hold a window of it and one record.
 #include "excel/text/imported_text.h"
 
 #include <fcntl.h>
@@ -130,16 +138,23 @@ class ImportedText::TextCursor final : public Cursor {
       Content content = block_->reader_.Read(block_->isUtf8_ ? InAnsi(field) : field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
-        content.shown = content.format == ContentFormat::kGeneral ? content.text : InUtf8(field);
+        content.shown = Shown(content, field);
         return content;
       }
     }
     const bool lines = field.find('\n') != field.npos;
-    Content content{.kind = CellKind::kText};
+    Content content{.kind = CellKind::kText, .hasLines = lines};
     content.format = isTextColumn ? (lines ? ContentFormat::kTextLines : ContentFormat::kText)
                                   : (lines ? ContentFormat::kGeneralLines : ContentFormat::kGeneral);
     content.text = content.shown = InUtf8(field);
     return content;
+  }
+
+  // What the cell shows, as far as the field tells it; nothing where its format may show more.
+  std::string_view Shown(const Content& content, std::string_view field) {
+    if (content.kind == CellKind::kBoolean) return content.text == "1" ? block_->trueWord_ : block_->falseWord_;
+    if (content.format == ContentFormat::kGeneral) return content.text;
+    return block_->ShowsAsSpelled(content.format, field) ? InUtf8(field) : std::string_view();
   }
 
   // What the reader of numbers and dates knows; a text is not taken from here.
@@ -169,10 +184,10 @@ class ImportedText::TextCursor final : public Cursor {
 };
 
 std::shared_ptr<const ImportedText> ImportedText::Open(const std::string& path, const OpenTextArguments& arguments,
-                                                       const Locale& locale) {
+                                                       const Locale& locale, const ExcelWatch& watch) {
   const char delimiter = RequireDelimiter(arguments);
   std::shared_ptr<ImportedText> block(new ImportedText(OpenFile(path, delimiter), arguments, locale));
-  block->Count(std::max(arguments.StartRow - 1, 0));
+  block->Count(std::max(arguments.StartRow - 1, 0), watch);
   return block;
 }
 
@@ -182,7 +197,11 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
       locale_(locale),
       isUtf8_(arguments.Origin == kUtf8Origin),
       reader_(locale, arguments.DecimalSeparator.value_or(locale.decimalSeparator),
-              arguments.ThousandsSeparator.value_or(locale.groupSeparator)) {
+              arguments.ThousandsSeparator.value_or(locale.groupSeparator)),
+      trueWord_(ToUtf8(UpperCase(locale.trueWord))),
+      falseWord_(ToUtf8(UpperCase(locale.falseWord))),
+      shortDateIsShortest_(locale.shortDate.find_first_of(u" ") == Text::npos &&
+                           locale.shortDate.find(u"dd") == Text::npos && locale.shortDate.find(u"mm") == Text::npos) {
   for (const ExcelColumnInfo& info : arguments.FieldInfo) {
     if (info.column < 1 || info.column > kLastColumn || info.type != ExcelColumnType::kText) continue;
     textColumns_.resize(std::max(textColumns_.size(), static_cast<std::size_t>(info.column)));
@@ -190,12 +209,32 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
   }
 }
 
-void ImportedText::Count(std::int32_t skippedRows) {
+// Grouped numbers are shown with two decimals or none, dates with four digits of the year. Other formats show more than
+// some of the fields that they are given for: 12E3 is 1.20E+04.
+bool ImportedText::ShowsAsSpelled(ContentFormat format, std::string_view field) const {
+  const auto isDigit = [&](std::size_t fromEnd) {
+    return field.size() >= fromEnd && field[field.size() - fromEnd] >= '0' && field[field.size() - fromEnd] <= '9';
+  };
+  switch (format) {
+    case ContentFormat::kGrouped:
+      return true;
+    case ContentFormat::kGroupedDecimals:
+      return isDigit(1) && isDigit(2);
+    case ContentFormat::kDate:
+      return shortDateIsShortest_ && isDigit(1) && isDigit(2) && isDigit(3) && isDigit(4);
+    default:
+      return false;
+  }
+}
+
+void ImportedText::Count(std::int32_t skippedRows, const ExcelWatch& watch) {
   RecordReader records(text_);
   for (std::int32_t skipped = 0; skipped < skippedRows && records.Next();) ++skipped;
   std::size_t widest = 1;
   std::size_t firstRowFilled = 0;
+  WatchedWork work(watch, ExcelWork::kImporting, text_->size);
   for (std::uint64_t offset = records.offset(); records.Next(); offset = records.offset()) {
+    work.Reach(offset);
     if (rows_ == kLastRow) RaiseExcelError(u"The data have more than 1048576 rows, which is more than a sheet holds.");
     if (rows_ % kMarkDistance == 0) marks_.push_back(offset);
     const std::vector<std::string_view>& fields = records.fields();

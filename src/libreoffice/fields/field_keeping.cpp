@@ -59,9 +59,17 @@ std::optional<MarkedFields> Written(std::optional<MarkedText> text, const std::s
 
 std::optional<MarkedFields> MarkXml(const std::string& document, const std::string& copy) {
   constexpr std::string_view kOpenDocument = "urn:oasis:names:tc:opendocument:xmlns:office:1.0";
+  constexpr std::string_view kPackageAsXml = "http://schemas.microsoft.com/office/2006/xmlPackage";
+  constexpr std::string_view kPageOfWord = "urn:schemas-microsoft-com:office:word";
+  constexpr std::string_view kFieldOfPage = "mso-element:field-begin";
   const std::string start = StartOf(document);
-  if (start.find(kWordXmlOf2003) != start.npos) return Written(MarkXmlFields(ReadDocument(document)), copy);
-  if (start.find(kOpenDocument) != start.npos) RefuseLosses(OpenDocumentLosses(ReadDocument(document)));
+  const auto is = [&](std::string_view name) { return start.find(name) != start.npos; };
+  if (is(kWordXmlOf2003)) return Written(MarkXmlFields(ReadDocument(document)), copy);
+  if (is(kOpenDocument)) RefuseLosses(OpenDocumentLosses(ReadDocument(document)));
+  if (is(kPackageAsXml)) RefuseFields("it is a package written as one XML file");
+  if (is(kPageOfWord) && ReadDocument(document).find(kFieldOfPage) != std::string::npos) {
+    RefuseFields("it is a web page");
+  }
   return std::nullopt;
 }
 

@@ -23,8 +23,10 @@ class DocumentContent {
   virtual pugi::xml_node Body() = 0;
   /// To be called after the body's tree was changed other than through its text.
   virtual void BodyChanged() = 0;
-  /// Another number after each change of the body's tree.
-  virtual std::uint64_t BodyVersion() const = 0;
+  /// To be called after the tree of another part was changed other than through its text.
+  virtual void PartChanged(const std::string& part) = 0;
+  /// Another number after each change of a tree.
+  virtual std::uint64_t Version() const = 0;
   /// Parts beside the main text.
   virtual WordPackage& Parts() = 0;
 

@@ -1,5 +1,7 @@
 #include "word/document/word_package.h"
 
+#include <algorithm>
+
 #include "opc/office_error.h"
 #include "opc/xml_document.h"
 #include "opc/xml_names.h"
@@ -41,6 +43,7 @@ WordPackage::WordPackage(Package package) : package_(std::move(package)) {
 void WordPackage::Prepare() {
   Body();
   if (Related("settings")) Settings();
+  ControlParts();
 }
 
 WordPackage WordPackage::Copy() const {
@@ -48,6 +51,7 @@ WordPackage WordPackage::Copy() const {
   copy.package_ = package_;
   copy.mainPart_ = mainPart_;
   copy.settingsPart_ = settingsPart_;
+  copy.controlParts_ = controlParts_;
   copy.family_ = family_;
   for (const auto& [part, tree] : trees_) {
     PartTree& own = copy.trees_[part];
@@ -92,6 +96,23 @@ pugi::xml_node WordPackage::Body() {
   if (!first || (Is(first, "w:sectPr") && first == body.last_child()))
     body.prepend_child("w:p");  // Word has one always
   return body;
+}
+
+// Most headers hold none and need no tree.
+const std::vector<std::string>& WordPackage::ControlParts() {
+  if (controlParts_) return *controlParts_;
+  controlParts_.emplace();
+  const Relationships relationships = package_.RelationshipsOf(mainPart_);
+  for (const Relationship& each : relationships.all()) {
+    const bool mayHold = each.Is("header") || each.Is("footer") || each.Is("footnotes") || each.Is("endnotes");
+    const auto part = mayHold ? relationships.PartOf(each) : std::nullopt;
+    if (!part || !package_.HasPart(*part) || package_.ReadPart(*part).find("sdt") == std::string::npos) continue;
+    const bool known = std::find(controlParts_->begin(), controlParts_->end(), *part) != controlParts_->end();
+    if (!known && Tree(*part).find_node([](const pugi::xml_node& node) { return Is(node, "w:sdt"); })) {
+      controlParts_->push_back(*part);
+    }
+  }
+  return *controlParts_;
 }
 
 pugi::xml_document& WordPackage::Settings() {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <pugixml.hpp>
 #include <string>
+#include <vector>
 
 #include "opc/package.h"
 
@@ -22,7 +23,7 @@ class WordPackage {
   WordPackage(WordPackage&&) = default;
   WordPackage& operator=(WordPackage&&) = default;
 
-  /// Reads what nearly every document needs, so that copies find it read: the body and the settings.
+  /// Reads what nearly every document needs, so that copies find it read: the body, the settings, other parts to fill.
   /// Errors: 5 for a part that is missing or not sound.
   void Prepare();
   /// An independent package with copies of the trees.
@@ -40,6 +41,8 @@ class WordPackage {
 
   /// The part that the main part's relationship of this kind leads to.
   std::optional<std::string> Related(std::string_view kind) const { return package_.RelatedPart(mainPart_, kind); }
+  /// The parts beside the main one that hold content controls: headers, footers, notes.
+  const std::vector<std::string>& ControlParts();
   /// The settings, made when they are missing.
   pugi::xml_document& Settings();
   void SettingsChanged() { Changed(settingsPart_); }
@@ -60,6 +63,7 @@ class WordPackage {
   Package package_;
   std::string mainPart_;
   std::string settingsPart_;
+  std::optional<std::vector<std::string>> controlParts_;  // once somebody asked
   OfficeFamily family_ = OfficeFamily::kTransitional;
   std::map<std::string, PartTree> trees_;
 };

@@ -253,9 +253,9 @@ FoldedField::FoldedField(const pugi::xml_node& field)
 }
 
 bool IsEvaluatedType(TextView type) {
-  static constexpr std::array<TextView, 9> kTypes = {u"MERGEFIELD", u"IF",       u"NEXT", u"NEXTIF", u"SKIPIF",
-                                                     u"MERGEREC",   u"MERGESEQ", u"SET",  u"REF"};
-  return std::find(kTypes.begin(), kTypes.end(), type) != kTypes.end();
+  static constexpr std::array<TextView, 10> kTypes = {u"MERGEFIELD", u"IF",       u"NEXT", u"NEXTIF", u"SKIPIF",
+                                                      u"MERGEREC",   u"MERGESEQ", u"SET",  u"REF",    u"QUOTE"};
+  return IsFormulaType(type) || std::find(kTypes.begin(), kTypes.end(), type) != kTypes.end();
 }
 
 }  // namespace zorkanca::word

@@ -44,6 +44,10 @@ class FoldedField {
   std::vector<pugi::xml_node> result_;
 };
 
+/// True for a formula: its code begins with "=", which the rest of its first word may touch.
+inline bool IsFormulaType(TextView type) {
+  return type.starts_with(u'=');
+}
 /// True when the merge evaluates fields of this type (upper case): MERGEFIELD, IF, NEXT, ...
 bool IsEvaluatedType(TextView type);
 

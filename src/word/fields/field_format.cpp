@@ -1,6 +1,8 @@
 #include "word/fields/field_format.h"
 
 #include "runtime/convert.h"
+#include "word/fields/field_messages.h"
+#include "word/fields/formula.h"
 #include "word/fields/number_text.h"
 
 namespace zorkanca::word {
@@ -29,15 +31,24 @@ Text InCase(TextView text, CaseFormat format) {
 }  // namespace
 
 Text FieldFormat::Apply(TextView value, const Locale& locale) const {
-  if (argumentMissing) return u"Error! Switch argument not specified.";
+  if (argumentMissing) return Text(kMissingArgument);
   Text result(value);
   if (number) {
     if (const auto spelled = NumberOf(value, locale)) result = number->Apply(*spelled, locale);
   } else if (date) {
     if (const auto spelled = ParseDate(value, locale)) result = date->Apply(*spelled, language ? *language : locale);
   }
-  for (const CaseFormat each : cases) result = InCase(result, each);
-  return result;
+  return InCases(std::move(result));
+}
+
+Text FieldFormat::Apply(double value, const Locale& locale) const {
+  if (argumentMissing) return Text(kMissingArgument);
+  return InCases(number ? number->Apply(value, locale) : FormulaNumberText(value, locale));
+}
+
+Text FieldFormat::InCases(Text text) const {
+  for (const CaseFormat each : cases) text = InCase(text, each);
+  return text;
 }
 
 bool AddGeneralSwitch(FieldFormat& format, TextView word) {

@@ -28,6 +28,11 @@ struct FieldFormat {
   bool ChangesText() const { return number || date || !cases.empty() || argumentMissing; }
   /// The picture first, then the case. A text that is no number or no date is left alone by their pictures.
   Text Apply(TextView value, const Locale& locale) const;
+  /// The same for what is a number already, of which two decimals are shown where there is no picture.
+  Text Apply(double value, const Locale& locale) const;
+
+ private:
+  Text InCases(Text text) const;
 };
 
 /// Adds what a \* switch says. @return false for a switch that is not known

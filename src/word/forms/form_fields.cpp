@@ -185,10 +185,14 @@ Text NameIn(const pugi::xml_node& properties, const char* element) {
 // Goes through a tree once; of several form fields of one name the first one counts, as for Word.
 class FormFields::Gatherer {
  public:
-  explicit Gatherer(FormFields& found) : found_(found) {}
+  /// @param part  "" for the body, whose field characters stand alone in their runs
+  Gatherer(FormFields& found, std::string part) : found_(found), part_(std::move(part)) {}
 
   void Visit(const pugi::xml_node& node) {
-    if (Is(node, "w:fldChar")) return Take(node);
+    if (Is(node, "w:fldChar")) {
+      if (part_.empty()) Take(node);
+      return;
+    }
     if (Is(node, "w:sdt")) {
       const Text tag = NameIn(node.child("w:sdtPr"), "w:tag");
       if (!tag.empty()) TakeControl(found_.controls_[tag], node);
@@ -214,17 +218,19 @@ class FormFields::Gatherer {
   }
 
   // One inside another of the same tag goes with that one's old text.
-  static void TakeControl(std::vector<pugi::xml_node>& controls, const pugi::xml_node& control) {
-    if (controls.empty() || !Holds(controls.back(), control)) controls.push_back(control);
+  void TakeControl(std::vector<Control>& controls, const pugi::xml_node& control) const {
+    if (controls.empty() || !Holds(controls.back().node, control)) controls.push_back({control, part_});
   }
 
   FormFields& found_;
+  std::string part_;
   std::vector<FormField> open_;  // fields that have begun and not ended, the innermost last
 };
 
-FormFields::FormFields(pugi::xml_node body) {
+FormFields::FormFields(pugi::xml_node body, const std::vector<Part>& others) {
   SplitFieldRuns(body);
-  Gatherer(*this).Visit(body);
+  Gatherer(*this, {}).Visit(body);
+  for (const Part& part : others) Gatherer(*this, part.name).Visit(part.root);
 }
 
 Text FormFields::Result(TextView name) const {
@@ -233,7 +239,7 @@ Text FormFields::Result(TextView name) const {
   if (found == fields_.end()) {
     const auto control = controls_.find(key);
     if (control == controls_.end()) RaiseNoFormField(name);
-    return ContentControlResult(control->second.front());
+    return ContentControlResult(control->second.front().node);
   }
   const FormField& field = found->second;
   if (const pugi::xml_node box = field.data.child("w:checkBox")) {
@@ -244,23 +250,32 @@ Text FormFields::Result(TextView name) const {
   return ShownResult(field);
 }
 
-void FormFields::SetResult(TextView name, TextView result, const Locale& locale) {
+std::set<std::string> FormFields::SetResult(TextView name, TextView result, const Locale& locale) {
   const Text key = LowerCase(name);
   const auto found = fields_.find(key);
-  if (found == fields_.end()) {
-    const auto control = controls_.find(key);
-    if (control == controls_.end()) RaiseNoFormField(name);
-    for (const pugi::xml_node& each : control->second) {
-      stale_ = stale_ || HoldsFields(each);
-      SetContentControlResult(each, result);
-    }
-    return;
-  }
+  if (found == fields_.end()) return SetControls(name, result);
   stale_ = stale_ || nested_;
   FormField& field = found->second;
-  if (const pugi::xml_node box = field.data.child("w:checkBox")) return SetCheckBox(box, result);
-  if (const pugi::xml_node list = field.data.child("w:ddList")) return SetList(list, result);
-  SetText(field, result, locale);
+  if (const pugi::xml_node box = field.data.child("w:checkBox")) {
+    SetCheckBox(box, result);
+  } else if (const pugi::xml_node list = field.data.child("w:ddList")) {
+    SetList(list, result);
+  } else {
+    SetText(field, result, locale);
+  }
+  return {};
+}
+
+std::set<std::string> FormFields::SetControls(TextView tag, TextView result) {
+  const auto controls = controls_.find(LowerCase(tag));
+  if (controls == controls_.end()) RaiseNoFormField(tag);
+  std::set<std::string> parts;
+  for (const Control& each : controls->second) {
+    stale_ = stale_ || HoldsFields(each.node);
+    SetContentControlResult(each.node, result);
+    if (!each.part.empty()) parts.insert(each.part);
+  }
+  return parts;
 }
 
 }  // namespace zorkanca::word

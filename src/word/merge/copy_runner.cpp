@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "opc/xml_escape.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "word/fields/field_messages.h"
+#include "word/fields/formula.h"
+#include "word/merge/formula_scope.h"
 
 namespace zorkanca::word {
 
@@ -127,12 +131,16 @@ class StepVisitor {
     }
   }
 
-  void operator()(const ConstantStep& step) { output_.Constant(step); }
+  void operator()(const ConstantStep& step) {
+    output_.Constant(step);
+    if (runner_.cell_) *runner_.cell_ += step.units;
+  }
   void operator()(const ValueStep& step) {
     const std::string_view value = runner_.ValueOf(step);
     if (value.empty()) return;
     runner_.shown_ += value.size();
     output_.Value(step, value);
+    if (runner_.cell_ && step.inText) AppendValueUnits(*runner_.cell_, value);
   }
   void operator()(const IfStep& step) { Run(runner_.IsTrue(step.condition) ? step.whenTrue : step.whenFalse); }
   void operator()(const SuppressStep& step) {
@@ -163,6 +171,15 @@ class StepVisitor {
     runner_.MoveTo(record);
     Run(step.fallback);
   }
+  // A cell of a table inside another one's is part of that one's text, too.
+  void operator()(const CellStep& step) {
+    Text text;
+    Text* const outer = std::exchange(runner_.cell_, &text);
+    Run(step.content);
+    runner_.cell_ = outer;
+    if (outer) *outer += text;
+    runner_.passed_[step.table.get()][{step.row, step.column}] = std::move(text);
+  }
   void operator()(const LastCopyStep& step) { Run(runner_.start_.last ? step.last : step.others); }
 
  private:
@@ -176,6 +193,8 @@ CopyEnd CopyRunner::Run(const Program& program, const CopyStart& start, Output& 
   start_ = start;
   skipped_ = false;
   variables_.clear();
+  passed_.clear();
+  cell_ = nullptr;
   MoveTo(start.record);
   StepVisitor<Output>(*this, output).Run(program);
   return {skipped_, std::min(record_ + 1, std::max(input_.endRecord, start.record + 1))};
@@ -212,7 +231,9 @@ Text CopyRunner::TextOf(const Operand& operand) {
   Text text;
   TextOutput output{text};
   const std::size_t shown = shown_;  // arguments are not shown
+  Text* const cell = std::exchange(cell_, nullptr);
   StepVisitor<TextOutput>(*this, output).Run(operand.parts);
+  cell_ = cell;
   shown_ = shown;
   return text;
 }
@@ -220,6 +241,44 @@ Text CopyRunner::TextOf(const Operand& operand) {
 bool CopyRunner::IsTrue(const Condition& condition) {
   const Text left = TextOf(condition.left);
   return Compare(left, condition.comparison, TextOf(condition.right), input_.locale);
+}
+
+Text CopyRunner::TextOfCell(const TableCells& table, std::size_t row, std::size_t column) {
+  if (const auto passed = passed_.find(&table); passed != passed_.end()) {
+    if (const auto cell = passed->second.find({row, column}); cell != passed->second.end()) return cell->second;
+  }
+  return TextOf(table.ahead[row][column]);
+}
+
+Text CopyRunner::FormulaText(const ValueStep& step) {
+  const FormulaScope& scope = *step.scope;
+  std::map<const TableCells*, FormulaTable> tables;
+  const auto tableOf = [&](const std::shared_ptr<const TableCells>& cells) -> const FormulaTable* {
+    if (!cells) return nullptr;
+    const auto text = [this, cells](std::size_t row, std::size_t column) { return TextOfCell(*cells, row, column); };
+    return &tables.try_emplace(cells.get(), FormulaTable{cells->widths, text}).first->second;
+  };
+  FormulaContext context{tableOf(scope.table), scope.row, scope.column, {}, {}};
+  context.textOfName = [&](TextView name) -> std::optional<Text> {
+    const Text key = UpperCase(name);
+    if (const auto variable = variables_.find(key); variable != variables_.end()) return variable->second;
+    const auto bookmark = scope.bookmarks.find(key);
+    return bookmark == scope.bookmarks.end() ? std::nullopt : std::optional(TextOf(*bookmark->second));
+  };
+  context.tableOfName = [&](TextView name) -> const FormulaTable* {
+    const auto marked = scope.tables.find(UpperCase(name));
+    return marked == scope.tables.end() ? nullptr : tableOf(marked->second);
+  };
+  const FormulaResult result = EvaluateFormula(TextOf(step.argument), context, input_.locale);
+  if (result.error.empty()) return step.format.Apply(result.number, input_.locale);
+  WarnOnce(u"A formula gives " + result.error + u".");
+  return result.error;
+}
+
+// Copies are made again and again.
+void CopyRunner::WarnOnce(const Text& warning) {
+  constexpr std::size_t kMost = 1000;
+  if (input_.warn && warned_.size() < kMost && warned_.insert(warning).second) input_.warn(warning);
 }
 
 std::string_view CopyRunner::ValueOf(const ValueStep& step) {
@@ -231,8 +290,14 @@ std::string_view CopyRunner::ValueOf(const ValueStep& step) {
       text = FromUtf8(Column(step.column));
       break;
     case ValueStep::Source::kNamedColumn: {
-      const std::ptrdiff_t column = input_.source.ColumnOf(TextOf(step.argument));
-      if (column >= 0) text = FromUtf8(Column(static_cast<std::size_t>(column)));
+      if (record_ >= input_.endRecord) return {};
+      const Text name = TextOf(step.argument);
+      const std::ptrdiff_t column = input_.source.ColumnOf(name);
+      if (column < 0) {
+        WarnOnce(u"There is no column for the merge field " + name + u".");
+        return value_ = ToUtf8(kMissingColumn);
+      }
+      text = FromUtf8(Column(static_cast<std::size_t>(column)));
       break;
     }
     case ValueStep::Source::kRecordNumber:
@@ -249,6 +314,8 @@ std::string_view CopyRunner::ValueOf(const ValueStep& step) {
     case ValueStep::Source::kArgument:
       text = TextOf(step.argument);
       break;
+    case ValueStep::Source::kFormula:
+      return value_ = XmlCharacters(FormulaText(step));
   }
   if (!text.empty() || step.format.argumentMissing) {
     if (step.format.ChangesText()) text = step.format.Apply(text, input_.locale);

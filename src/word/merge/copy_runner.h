@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ struct MergeInput {
   std::size_t endRecord;               ///< behind the last record, from 0
   const HeaderIds* headers = nullptr;  ///< null while headers are not known: no ids are written
   std::function<bool()> cancelled{};   ///< asked before each copy; may be empty
+  /// Told in English of fields that the records made impossible; may be empty.
+  std::function<void(TextView)> warn{};
 };
 
 /// Where a copy ended.
@@ -57,6 +60,9 @@ class CopyRunner {
   CopyEnd Skim(const Program& program, const CopyStart& start);
 
  private:
+  // The texts of a table's cells, by row and column.
+  using PassedCells = std::map<std::pair<std::size_t, std::size_t>, Text>;
+
   template <typename Output>
   friend class StepVisitor;
 
@@ -67,6 +73,9 @@ class CopyRunner {
   bool IsTrue(const Condition& condition);
   std::string_view Column(std::size_t column);
   std::string_view ValueOf(const ValueStep& step);
+  Text FormulaText(const ValueStep& step);
+  Text TextOfCell(const TableCells& table, std::size_t row, std::size_t column);
+  void WarnOnce(const Text& warning);
 
   MergeInput input_;
   CopyStart start_;
@@ -74,6 +83,9 @@ class CopyRunner {
   std::size_t read_ = static_cast<std::size_t>(-1);  // the record in values_
   RecordValues values_;
   std::map<Text, Text> variables_;
+  std::set<Text> warned_;
+  std::map<const TableCells*, PassedCells> passed_;  // of tables with formulas, in this copy
+  Text* cell_ = nullptr;                             // takes the text of the cell that is being written
   std::string value_;
   bool skipped_ = false;
   std::size_t shown_ = 0;  // bytes of values written so far

@@ -5,6 +5,7 @@
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "runtime/utf8.h"
+#include "word/fields/field_messages.h"
 #include "word/merge/story_compiler.h"
 #include "word/xml/word_xml.h"
 
@@ -12,14 +13,18 @@ namespace zorkanca::word {
 
 namespace {
 
-constexpr TextView kMissingColumn = u"Error! MergeField was not found in header record of data source.";
-
 // Fields whose old result says nothing about the merged records.
 bool ShouldWarn(TextView type) {
-  static constexpr std::array<TextView, 8> kTypes = {u"=",       u"ASK",          u"FILLIN",       u"DATABASE",
-                                                     u"COMPARE", u"ADDRESSBLOCK", u"GREETINGLINE", u"INCLUDEPICTURE"};
-  return std::any_of(kTypes.begin(), kTypes.end(), [&](TextView each) { return type == each; }) ||
-         type.starts_with(u'=');
+  static constexpr std::array<TextView, 7> kTypes = {u"ASK",          u"FILLIN",       u"DATABASE",      u"COMPARE",
+                                                     u"ADDRESSBLOCK", u"GREETINGLINE", u"INCLUDEPICTURE"};
+  return std::find(kTypes.begin(), kTypes.end(), type) != kTypes.end();
+}
+
+// Fields that were not folded, being nested too deeply, have no results yet.
+bool IsUnfolded(const pugi::xml_node& node) {
+  if (Is(node, "zk:field")) return false;
+  const auto children = node.children();
+  return Is(node, "w:fldChar") || std::any_of(children.begin(), children.end(), IsUnfolded);
 }
 
 pugi::xml_node FirstRun(const std::vector<pugi::xml_node>& nodes, const char* holding) {
@@ -63,6 +68,13 @@ void StoryCompiler::AddField(const pugi::xml_node& node, bool inCode) {
   const TextView type = field.type();
   Text name;
   if (field.locked()) return AddUntouched(field);
+  if (std::any_of(field.code().begin(), field.code().end(), IsUnfolded)) {
+    Warn(Text(u"The field ").append(type).append(u" was left as it was: too many fields inside each other."));
+    return AddUntouched(field);
+  }
+  if (ahead_ && (type == u"SET" || type == u"NEXT" || type == u"NEXTIF" || type == u"SKIPIF")) return;
+  if (IsFormulaType(type)) return ahead_ ? AddUntouched(field) : AddFormula(field, inCode);
+  if (type == u"QUOTE") return AddQuote(field, inCode);
   if (type == u"MERGEFIELD") return AddMergeField(field, inCode);
   if (type == u"MERGEREC") return AddNumber(field, ValueStep::Source::kRecordNumber, inCode);
   if (type == u"MERGESEQ") return AddNumber(field, ValueStep::Source::kSequenceNumber, inCode);
@@ -71,7 +83,7 @@ void StoryCompiler::AddField(const pugi::xml_node& node, bool inCode) {
   if ((type == u"NEXT" || type == u"NEXTIF" || type == u"SKIPIF") && AddRecordMove(field)) return;
   if (IsVariable(field, name)) return AddReference(field, name, inCode);
   if (ShouldWarn(type) || (IsEvaluatedType(type) && type != u"REF")) {
-    input_.warn(Text(u"The field ").append(type).append(u" was left as it was."));
+    Warn(Text(u"The field ").append(type).append(u" was left as it was."));
   }
   AddUntouched(field);
 }
@@ -106,7 +118,7 @@ FieldFormat StoryCompiler::FormatOf(const FoldedField& field, const std::vector<
       if (!argument.empty() && letter == u'@') format.date.emplace(argument);
     } else if (letter == u'*') {
       if (!AddGeneralSwitch(format, argument)) {
-        input_.warn(Text(u"The switch \\* ").append(argument).append(u" is not supported."));
+        Warn(Text(u"The switch \\* ").append(argument).append(u" is not supported."));
       }
     } else if (framed && hasArgument && (letter == u'b' || letter == u'f')) {
       (letter == u'b' ? framed->before : framed->after) = OperandOf(tokens[i + 1]);
@@ -132,7 +144,7 @@ void StoryCompiler::AddMergeField(const FoldedField& field, bool inCode) {
   std::ptrdiff_t column = words.empty() ? -1 : input_.source.ColumnOf(words.front());
   if (column < 0 && words.size() > 1) column = input_.source.ColumnOf(Join(words, u" "));
   if (column < 0) {
-    input_.warn(Text(u"There is no column for the merge field ").append(Join(words, u" ")).append(u"."));
+    Warn(Text(u"There is no column for the merge field ").append(Join(words, u" ")).append(u"."));
     return AddMessage(field, step.format.runs, kMissingColumn, inCode);
   }
   step.column = static_cast<std::size_t>(column);
@@ -189,6 +201,23 @@ void StoryCompiler::AddReference(const FoldedField& field, TextView name, bool i
   AddValue(field, std::move(step), inCode);
 }
 
+// Its arguments, as they are or as one formatted value.
+void StoryCompiler::AddQuote(const FoldedField& field, bool inCode) {
+  const std::vector<CodeToken> tokens = TokensOf(field, false);
+  CodeToken quoted;
+  for (std::size_t i = 1; i < tokens.size() && tokens[i].kind == CodeToken::Kind::kArgument; ++i) {
+    if (i > 1)
+      quoted.pieces.push_back({u" ", tokens[i].pieces.empty() ? pugi::xml_node() : tokens[i].pieces[0].source});
+    quoted.pieces.insert(quoted.pieces.end(), tokens[i].pieces.begin(), tokens[i].pieces.end());
+  }
+  ValueStep step;
+  step.format = FormatOf(field, tokens, nullptr);
+  if (!step.format.ChangesText()) return AddBranch(quoted, inCode);
+  step.source = ValueStep::Source::kArgument;
+  step.argument = OperandOf(quoted);
+  AddValue(field, std::move(step), inCode);
+}
+
 void StoryCompiler::AddSet(const FoldedField& field) {
   const std::vector<CodeToken> tokens = TokensOf(field, false);
   if (tokens.size() < 2) return AddUntouched(field);
@@ -206,7 +235,7 @@ bool StoryCompiler::AddRecordMove(const FoldedField& field) {
     if (!condition) return false;
   }
   if (!movesRecords_) {
-    input_.warn(Text(u"The field ").append(field.type()).append(u" has no effect in headers, footers and notes."));
+    Warn(Text(u"The field ").append(field.type()).append(u" has no effect in headers, footers and notes."));
   } else if (field.type() == u"SKIPIF") {
     program_->push_back({SkipIfStep{std::move(*condition)}});
   } else {
@@ -282,7 +311,10 @@ Operand StoryCompiler::OperandOf(const CodeToken& token) {
   Operand operand;
   operand.parts = Sub([&] {
     for (const CodePiece& piece : token.pieces) {
-      if (!piece.text.empty()) Units(piece.text);
+      if (!piece.text.empty()) {
+        Units(piece.text);
+        continue;
+      }
       if (Is(piece.source, "zk:field")) AddField(piece.source, false);
       if (Is(piece.source, "zk:para") || Is(piece.source, "w:br")) Units(TextView(&kLineBreak, 1));
     }

@@ -49,9 +49,10 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   numbers.NameBookmarks();
   if (IsLetter(order.type)) lists_.Gather(parts_, body, numbers);
   FoldFields(body);
-  CompileInput input{*order.source, locale, numbers, order.suppressBlankLines, {}, {}, order.warn};
+  CompileInput input{*order.source, locale, numbers, order.suppressBlankLines, {}, {}, {}, order.warn};
   if (!input.warn) input.warn = [](TextView) {};
   GatherVariables(body, input.variables);
+  GatherBookmarks(body, input.bookmarks);
 
   const std::vector<pugi::xml_node> sections = SectionsOf(body);
   if (separate_) NameInheritedHeaders(parts_, sections);
@@ -86,8 +87,8 @@ void MergedContent::CompileHeaders(CompileInput& input) {
     document.reset(parts_.Tree(*part));
     pugi::xml_node root = document.document_element();
     FoldFields(root);
-    const CompileInput own{input.source, input.locale,    kNoNumbers, input.suppressBlankLines,
-                           {},           input.variables, input.warn};
+    const CompileInput own{input.source, input.locale,    kNoNumbers,      input.suppressBlankLines,
+                           {},           input.variables, input.bookmarks, input.warn};
     StoryCompiler compiler(own, root, false);
     compiler.AddXml("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
     compiler.Add(root);
@@ -106,8 +107,9 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
     (block == section ? endCompiler : copyCompiler).Add(block);
   }
   finalSection_ = endCompiler.Take();
-  copies_ = std::make_unique<MergedCopies>(order.source, locale, copyCompiler.Take(), order.firstRecord,
-                                           order.endRecord, order.cancelled);
+  copies_ = std::make_unique<MergedCopies>(
+      order.source, copyCompiler.Take(), order.firstRecord,
+      MergeInput{*order.source, locale, order.endRecord, nullptr, order.cancelled, order.warn});
   if (copies_->count() == 0) {
     RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
   }
@@ -129,7 +131,7 @@ StoryText* MergedContent::HeaderText(std::int32_t section, HeaderKind kind) {
   const std::string& id = headerIds_[own * 2 + (kind == HeaderKind::kFooter ? 1 : 0)];
   const auto varying = headers_.byId().find(id);
   if (varying != headers_.byId().end()) return &headers_.StoryOf(varying->second, index / repeated, *copies_);
-  return HeaderStoryOf(parts_, id, plainHeaders_);
+  return HeaderStoryOf(parts_, id, plainHeaders_, [this](const std::string& part) { parts_.Changed(part); });
 }
 
 void MergedContent::Produce(PartSink& sink) const {

@@ -39,7 +39,8 @@ class MergedContent final : public DocumentContent {
   StoryText* HeaderText(std::int32_t section, HeaderKind kind) override;
   pugi::xml_node Body() override { return {}; }
   void BodyChanged() override {}
-  std::uint64_t BodyVersion() const override { return 0; }
+  void PartChanged(const std::string&) override {}
+  std::uint64_t Version() const override { return 0; }
   WordPackage& Parts() override { return parts_; }
   Package Written() override;
 

@@ -2,14 +2,13 @@
 
 namespace zorkanca::word {
 
-MergedCopies::MergedCopies(std::shared_ptr<const DataSource> source, const Locale& locale, Program program,
-                           std::size_t firstRecord, std::size_t endRecord, std::function<bool()> cancelled)
+MergedCopies::MergedCopies(std::shared_ptr<const DataSource> source, Program program, std::size_t firstRecord,
+                           MergeInput input)
     : source_(std::move(source)),
-      locale_(locale),
       program_(std::move(program)),
       firstRecord_(firstRecord),
-      endRecord_(endRecord),
-      runner_(MergeInput{*source_, locale_, endRecord_, nullptr, std::move(cancelled)}) {
+      endRecord_(input.endRecord),
+      runner_(std::move(input)) {
   if (!TraitsOf(program_).movesRecords) {
     count_ = endRecord_ - firstRecord_;
     return;

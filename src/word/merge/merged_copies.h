@@ -11,10 +11,9 @@ namespace zorkanca::word {
 class MergedCopies {
  public:
   /// Finds out which records make which copy.
-  /// @param firstRecord, endRecord  from 0; the end is behind the last one
-  /// @param cancelled               asked before a copy is made, then and later; may be empty
-  MergedCopies(std::shared_ptr<const DataSource> source, const Locale& locale, Program program, std::size_t firstRecord,
-               std::size_t endRecord, std::function<bool()> cancelled);
+  /// @param source       what the input refers to; kept
+  /// @param firstRecord  from 0
+  MergedCopies(std::shared_ptr<const DataSource> source, Program program, std::size_t firstRecord, MergeInput input);
 
   std::size_t count() const { return count_; }
   CopyStart StartOf(std::size_t copy) const;
@@ -31,7 +30,6 @@ class MergedCopies {
 
  private:
   std::shared_ptr<const DataSource> source_;
-  const Locale& locale_;
   Program program_;
   std::size_t firstRecord_;
   std::size_t endRecord_;

@@ -16,6 +16,7 @@ struct TraitsVisitor {
   void operator()(const SuppressStep& step) const { Add(step.content); }
   void operator()(const NextStep&) const { traits = {true, true}; }
   void operator()(const SkipIfStep&) const { traits = {true, true}; }
+  void operator()(const CellStep& step) const { Add(step.content); }
   void operator()(const AlternateStep& step) const {
     Add(step.choice);
     Add(step.fallback);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -14,7 +15,9 @@
 
 namespace zorkanca::word {
 
+struct FormulaScope;
 struct Step;
+struct TableCells;
 using Program = std::vector<Step>;
 
 /// What is the same in every copy.
@@ -43,6 +46,7 @@ struct ValueStep {
     kSequenceNumber,  ///< MERGESEQ
     kVariable,        ///< REF to what a SET named `argument` set
     kArgument,        ///< `argument` itself
+    kFormula,         ///< `argument` evaluated
   };
   Source source = Source::kColumn;
   std::size_t column = 0;
@@ -50,7 +54,8 @@ struct ValueStep {
   Operand before;  ///< \b, \f: only round a value that is not empty
   Operand after;
   FieldFormat format;
-  std::string open;  ///< XML round the value; not written for an empty one
+  std::shared_ptr<const FormulaScope> scope;  ///< of a formula
+  std::string open;                           ///< XML round the value; not written for an empty one
   std::string close;
   bool inText = true;   ///< adds to the text of the story
   bool inCode = false;  ///< in the code of another field: line ends are blanks
@@ -111,9 +116,17 @@ struct LastCopyStep {
   Program last;
 };
 
+/// A cell of a table with formulas, which may refer to it later on.
+struct CellStep {
+  std::shared_ptr<const TableCells> table;
+  std::size_t row = 0;  ///< from 0
+  std::size_t column = 0;
+  Program content;
+};
+
 struct Step {
   std::variant<ConstantStep, ValueStep, IfStep, SuppressStep, NextStep, SkipIfStep, SetStep, NumberStep, NameStep,
-               HeaderStep, AlternateStep, LastCopyStep>
+               HeaderStep, AlternateStep, LastCopyStep, CellStep>
       action;
 };
 

@@ -1,11 +1,28 @@
 #include "word/merge/story_compiler.h"
 
+#include <algorithm>
+
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "runtime/utf8.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
+
+namespace {
+
+bool HoldsFormula(const pugi::xml_node& node) {
+  if (Is(node, "zk:field") && IsFormulaType(FoldedField(node).type())) return true;
+  const auto children = node.children();
+  return std::any_of(children.begin(), children.end(), HoldsFormula);
+}
+
+// True for fields that give no text but their values, so that a line of theirs may be empty.
+bool IsSilent(TextView type) {
+  return IsEvaluatedType(type) && type != u"IF" && type != u"REF" && type != u"QUOTE" && !IsFormulaType(type);
+}
+
+}  // namespace
 
 ConstantStep& StoryCompiler::Constant() {
   if (program_->empty() || !std::holds_alternative<ConstantStep>(program_->back().action)) {
@@ -68,6 +85,8 @@ void StoryCompiler::AddElement(const pugi::xml_node& node) {
   if (name == "w:instrText") return AddInstruction(node);
   if (name == "zk:field") return AddField(node, false);
   if (name == "mc:AlternateContent") return AddAlternate(node);
+  if (name == "w:tbl" && !ahead_ && HoldsFormula(node)) CellsOf(node);
+  if (name == "w:tc" && AddCell(node)) return;
   if (name.starts_with("zk:")) return AddJoin(node);
   if (!node.first_child()) {
     AddOpenTag(node);
@@ -230,8 +249,7 @@ bool StoryCompiler::HoldsFieldsAlone(const pugi::xml_node& container, bool& anyF
     if (Is(child, "zk:field")) {
       const FoldedField field(child);
       const bool isValue = field.type() == u"MERGEFIELD";
-      const bool isSilent = IsEvaluatedType(field.type()) && field.type() != u"IF" && field.type() != u"REF";
-      if (field.locked() || !isSilent || child.child("zk:para")) return false;
+      if (field.locked() || !IsSilent(field.type()) || child.child("zk:para")) return false;
       anyField = anyField || isValue;
     } else if (Is(child, "w:r")) {
       for (const pugi::xml_node part : child.children()) {

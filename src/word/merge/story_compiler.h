@@ -7,17 +7,25 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <pugixml.hpp>
 #include <set>
 #include <string>
 
 #include "word/fields/field_code.h"
 #include "word/merge/data_source.h"
+#include "word/merge/formula_scope.h"
 #include "word/merge/program.h"
 #include "word/merge/unique_numbers.h"
 #include "word/text/text_units.h"
 
 namespace zorkanca::word {
+
+/// The elements at both ends of a bookmark.
+struct BookmarkPlace {
+  pugi::xml_node start;
+  pugi::xml_node end;
+};
 
 /// What a compiler needs to know of the merge. All outlives it.
 struct CompileInput {
@@ -29,12 +37,16 @@ struct CompileInput {
   std::map<std::string, std::size_t> headers;
   /// Names that some SET field sets, in upper case.
   std::set<Text> variables;
+  /// Of the main text, by names in upper case.
+  std::map<Text, BookmarkPlace> bookmarks;
   /// Told in English of what was left as it was.
   std::function<void(TextView)> warn;
 };
 
 /// Adds the names of a tree's SET fields.
 void GatherVariables(const pugi::xml_node& tree, std::set<Text>& variables);
+/// Adds the bookmarks of a tree.
+void GatherBookmarks(const pugi::xml_node& tree, std::map<Text, BookmarkPlace>& bookmarks);
 
 class StoryCompiler {
  public:
@@ -84,17 +96,38 @@ class StoryCompiler {
   void AddValue(const FoldedField& field, ValueStep step, bool inCode);
   void AddMessage(const FoldedField& field, ResultRuns runs, TextView message, bool inCode);
   void AddTextRun(const pugi::xml_node& format, TextView text, bool inCode);
+  void Warn(TextView warning) const {
+    if (!ahead_) input_.warn(warning);  // where the text itself is compiled, it is told
+  }
+  void AddQuote(const FoldedField& field, bool inCode);
   bool IsVariable(const FoldedField& field, Text& name) const;
   bool IsEvaluated(const FoldedField& field) const;
   FieldFormat FormatOf(const FoldedField& field, const std::vector<CodeToken>& tokens, ValueStep* framed);
   Operand OperandOf(const CodeToken& token);
   std::optional<Condition> ConditionOf(const std::vector<CodeToken>& tokens, std::size_t& next);
 
+  // Formulas (formula_compiler.cpp)
+  struct CellPlace {
+    std::shared_ptr<const TableCells> table;
+    std::size_t row = 0;
+    std::size_t column = 0;
+  };
+  void AddFormula(const FoldedField& field, bool inCode);
+  bool AddCell(const pugi::xml_node& cell);
+  void FindNames(TextView formula, FormulaScope& scope);
+  std::shared_ptr<const Operand> TextOfBookmark(const BookmarkPlace& place);
+  std::shared_ptr<const TableCells> CellsOf(const pugi::xml_node& table);
+  Operand TextAhead(const std::vector<pugi::xml_node>& nodes);
+
   const CompileInput& input_;
   bool movesRecords_;
   Program own_;
   Program* program_ = &own_;
   FieldState state_;
+  bool ahead_ = false;                                                  // in a text that a formula before it refers to
+  std::map<pugi::xml_node, std::shared_ptr<const TableCells>> tables_;  // with formulas
+  std::map<pugi::xml_node, CellPlace> cells_;                           // of these tables
+  std::map<pugi::xml_node, std::shared_ptr<const Operand>> bookmarks_;  // in formulas, by their starts
   bool visible_ = true;  // false inside what does not count for the story's text: text boxes, deleted runs
 };
 
