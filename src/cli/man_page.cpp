@@ -109,7 +109,7 @@ Default of
 .BR \-\-locale .
 .TP
 .B TMPDIR
-Where intermediate files are written.
+Where intermediate files are written: there if nobody else may enter it, else in a private folder in it.
 .TP
 .B NO_COLOR
 Takes the colour out of the progress bar.

@@ -78,6 +78,7 @@ class ReportedUserInterface final : public UserInterface {
   MessageAnswer Show(const Message& message) override;
   void SetMousePointer(MousePointer pointer) override { user_.SetMousePointer(pointer); }
   void Beep() override { user_.Beep(); }
+  void ProcessPendingEvents() override { user_.ProcessPendingEvents(); }
   Text ChooseFile(const FileDialog& dialog) override;
   Text ChooseFolder(TextView title, TextView startFolder) override;
   WorkingArea GetWorkingArea() override { return user_.GetWorkingArea(); }

@@ -64,13 +64,14 @@ class QuietWhileLoading final : public UserInterface {
 // The list of a command and what the command does to it.
 class ListedTemplates {
  public:
-  /// An empty list looks for the supply file; that there is none is news only to who asked for it. Errors: why the list
-  /// cannot be loaded.
-  ListedTemplates(const CommandContext& context, const TemplateOptions& options)
+  /// An empty list looks for the supply file; that there is none is news only to who asked for it.
+  /// @param mayAsk  whether "--yes" may put a wrong extension right
+  /// Errors: why the list cannot be loaded.
+  ListedTemplates(const CommandContext& context, const TemplateOptions& options, bool mayAsk)
       : report_(context.report),
         console_(ConsoleUserInterface::Answers::kNo),
         unattended_(console_, report_),
-        loading_(context.options.yes ? context.platform.userInterface : unattended_),
+        loading_(mayAsk && context.options.yes ? context.platform.userInterface : unattended_),
         platform_(context.platform.With(loading_)),
         options_(options),
         list_(platform_) {
@@ -201,9 +202,7 @@ bool ListedTemplates::Save(c_SablonaOffice& changed) {
   bool saved = false;
   platform_.registry.Change([&] {
     saved = changed.Save(true);
-    if (!saved) return;
-    list_.SaveKeys();
-    if (changed.Active()) changed.SaveActive();  // a new name made a new key, which does not have it
+    if (saved) list_.SaveKeys();
   });
   return saved;
 }
@@ -264,14 +263,15 @@ class TemplateCommands {
     return command;
   }
 
-  CLI::App& Add(const char* name, const char* description, int (ListedTemplates::*operation)()) {
-    return Add(name, description, [operation](const CommandContext& context, const TemplateOptions& options) {
-      return (ListedTemplates(context, options).*operation)();
+  CLI::App& Add(const char* name, const char* description, int (ListedTemplates::*operation)(), bool mayAsk = false) {
+    return Add(name, description, [operation, mayAsk](const CommandContext& context, const TemplateOptions& options) {
+      return (ListedTemplates(context, options, mayAsk).*operation)();
     });
   }
 
-  CLI::App& AddAtPosition(const char* name, const char* description, int (ListedTemplates::*operation)()) {
-    CLI::App& command = Add(name, description, operation);
+  CLI::App& AddAtPosition(const char* name, const char* description, int (ListedTemplates::*operation)(),
+                          bool mayAsk = false) {
+    CLI::App& command = Add(name, description, operation, mayAsk);
     command.add_option("POSITION", options_->position, "position in the list, from 1")->required();
     return command;
   }
@@ -301,7 +301,7 @@ void AddTemplateCommands(CLI::App& app, Command& chosen) {
   AddDetails(add, options, "the file name", "0");
   add.add_option("--before", options.before, "position of the template before which it goes (default: at the end)")
       ->check(CLI::PositiveNumber);
-  CLI::App& edit = group.AddAtPosition("edit", "Change a template", &ListedTemplates::Edit);
+  CLI::App& edit = group.AddAtPosition("edit", "Change a template", &ListedTemplates::Edit, /*mayAsk=*/true);
   edit.add_option("--file", options.file, "the template (default: as it is)");
   AddDetails(edit, options, "as it is", "as it is");
   group.AddAtPosition("remove", "Take a template out of the list", &ListedTemplates::Remove);

@@ -19,15 +19,13 @@ void DrivenWord::Take(WordApplicationReference word) {
 }
 
 void DrivenWord::Leave(bool shows) {
-  IgnoreErrors([&] {
-    if (!word_) return;
-    word_->ScreenUpdating(true);
-    if (shows) {
-      word_->Visible(true);
-      word_->WindowState(WordWindowState::kMaximize);
-    }
-    if (checkLanguage_) word_->CheckLanguage(*checkLanguage_);
-  });
+  if (!word_) return;
+  IgnoreErrors([&] { word_->ScreenUpdating(true); });
+  if (shows) {
+    IgnoreErrors([&] { word_->Visible(true); });
+    IgnoreErrors([&] { word_->WindowState(WordWindowState::kMaximize); });
+  }
+  if (checkLanguage_) IgnoreErrors([&] { word_->CheckLanguage(*checkLanguage_); });
 }
 
 }  // namespace zorkanca

@@ -15,7 +15,7 @@ class DrivenWord {
   /// Null before Word was taken over.
   const WordApplicationReference& application() const { return word_; }
 
-  /// Leaves Word to its user, errors ignored: it draws again and checks the language as before.
+  /// Leaves Word to its user, the errors of each step ignored: it draws again and checks the language as before.
   /// @param shows  leave it visible and maximised
   void Leave(bool shows);
 

@@ -7,15 +7,18 @@ namespace zorkanca {
 
 namespace {
 
-// Number of the error by which `StopExport` travels to the edge; no client ever sees it.
+// The error by which `StopExport` travels to the edge; no client ever sees it. The source tells it from an error of a
+// client's own database or handler that has the same number.
 constexpr std::int32_t kStopNumber = -1;
+constexpr TextView kStopSource = u"zorkanca::StopExport";
 
 constexpr TextView kUnexpectedError = u"Neočekávaná chyba: ";
 
 // Stops an export for a reason that its message does not give.
 class StopForCause final : public Error {
  public:
-  StopForCause(TextView message, const Error& cause) : Error(kStopNumber, Text(), Text(message)), cause_(cause) {}
+  StopForCause(TextView message, const Error& cause)
+      : Error(kStopNumber, Text(kStopSource), Text(message)), cause_(cause) {}
 
   const Error& cause() const { return cause_; }
 
@@ -35,7 +38,7 @@ Text MessageOf(const Error& error, const UnforeseenFailure& unforeseen) {
 }  // namespace
 
 void StopExport(TextView message) {
-  throw Error(kStopNumber, Text(), Text(message));
+  throw Error(kStopNumber, Text(kStopSource), Text(message));
 }
 
 void StopExport(TextView message, const Error& cause) {
@@ -53,7 +56,7 @@ std::optional<Error> HiddenCause() {
 }
 
 std::optional<Text> StopMessage(const Error& error) {
-  if (error.number() == kStopNumber) return error.description();
+  if (error.number() == kStopNumber && error.source() == kStopSource) return error.description();
   if (error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt)) return Text(kCancelledByUser);
   return std::nullopt;
 }

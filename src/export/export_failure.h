@@ -32,13 +32,14 @@ inline constexpr TextView kCancelledByUser = u"Výstup byl přerušen uživatele
 /// @return nothing for any other error
 std::optional<Text> StopMessage(const Error& error);
 
-/// Runs a step whose every failure means the same to the user: the data cannot be had. What stops the export as
-/// foreseen stays what it is.
+/// Runs a step whose every failure, whatever a client's database throws, means the same to the user: the data cannot be
+/// had. What stops the export as foreseen stays what it is.
 template <typename Body>
 auto AccessingData(Body body) {
   try {
     return body();
-  } catch (const Error& error) {
+  } catch (...) {
+    const Error error = *ErrorBeingHandled();
     if (StopMessage(error)) throw;
     StopExport(kDataAccessFailed, error);
   }

@@ -168,8 +168,11 @@ void MailMergeRun::Make() {
 void MailMergeRun::OpenTemplate(TextView failure) {
   GetOpenDocArguments opening{
       .rsTemplate = arguments_.rsTemplate, .rAppVisible = AppVisible::avFalse, .rbScreenUpdating = false};
-  if (!OpenWordDocument(context_, opening)) StopExport(failure);
+  const bool opened = OpenWordDocument(context_, opening);
   document_ = opening.roRetDoc;
+  if (opened) return;
+  arguments_.roRetDoc = nullptr;
+  StopExport(failure);
 }
 
 void MailMergeRun::MergeInto(const Text& dataFile) {
@@ -179,6 +182,7 @@ void MailMergeRun::MergeInto(const Text& dataFile) {
 
 void MailMergeRun::MakeOneDocumentPerRecord() {
   FileSystem& files = context_.platform.files;
+  RequireUnicode(context_.platform, dataFile_);
   const std::int32_t records = CountLines(files, dataFile_) - 1;
   MergeDataLines lines(files, dataFile_);
   Text header;
@@ -205,22 +209,30 @@ void MailMergeRun::MakeDocumentOf(TextView header, TextView record) {
 
 void MailMergeRun::Finish(const std::optional<Text>& failure) {
   if (failure) {
-    IgnoreErrors([&] {
-      // An opening that failed may have hidden a Word that somebody works in.
-      const WordApplicationReference word =
-          word_.application() ? word_.application() : context_.platform.office.AttachWord();
-      word->ScreenUpdating(true);
-      word->Visible(true);
-    });
-    context_.RaiseExportState(ExportStateValue::esStill, *failure);
+    ShowWord();
+    Tell(*failure);
   }
   word_.Leave(arguments_.rbSetAppVisible);
   if (!dataFile_.empty() && dataFile_ != arguments_.rsDataSourceFile) {
     IgnoreErrors([&] { context_.platform.files.DeleteFile(dataFile_, /*force=*/true); });
   }
-  if (!failure) context_.RaiseExportState(ExportStateValue::esStill, kMerged);
+  if (!failure) Tell(kMerged);
   context_.withinDataProcess = false;
   context_.platform.userInterface.SetMousePointer(MousePointer::kDefault);
+}
+
+// An opening that failed may have hidden a Word that somebody works in.
+void MailMergeRun::ShowWord() {
+  WordApplicationReference word = word_.application();
+  if (!word) IgnoreErrors([&] { word = context_.platform.office.AttachWord(); });
+  if (!word) return;
+  IgnoreErrors([&] { word->ScreenUpdating(true); });
+  IgnoreErrors([&] { word->Visible(true); });
+}
+
+// The result stands; what the client's handler makes of it changes nothing.
+void MailMergeRun::Tell(TextView result) {
+  IgnoreErrors([&] { context_.RaiseExportState(ExportStateValue::esStill, result); });
 }
 
 }  // namespace zorkanca

@@ -14,7 +14,7 @@ struct MakeMailDocumentArguments {
   Text rsTemplate{};
   Text rsDataSourceFile{};  ///< as `MergeDataFile` writes it
   bool MultiDocument = false;
-  WordDocumentReference roRetDoc{};  ///< receives the (last) merged document
+  WordDocumentReference roRetDoc{};  ///< receives the (last) merged document; null when a further one failed to open
   bool rbSetAppVisible = true;       ///< leave Word visible and maximised
 };
 
@@ -33,6 +33,8 @@ class MailMergeRun {
   void OpenTemplate(TextView failure);
   void MergeInto(const Text& dataFile);
   void Finish(const std::optional<Text>& failure);
+  void ShowWord();
+  void Tell(TextView result);
 
   ExportContext& context_;
   MakeMailDocumentArguments& arguments_;

@@ -1,13 +1,17 @@
 #include "export/merge_data_file.h"
 
+#include <string>
+
 #include "export/column_names.h"
 #include "export/quoting.h"
+#include "runtime/error.h"
 
 namespace zorkanca {
 
 namespace {
 
 constexpr std::int32_t kPieceSize = 64 * 1024;  // characters
+constexpr std::int32_t kRecognisedFrom = 4096;  // characters of a file that show its encoding
 
 }  // namespace
 
@@ -66,6 +70,16 @@ MergeDataFile OpenMergeDataFile(ExportSession& session, Text& rsSourceFile, bool
   return MergeDataFile(session.OpenOutput(rsSourceFile, TextFormat::kUnicode),
                        multiDocument ? MergeDataFile::LineBreaks::kPlaceholders : MergeDataFile::LineBreaks::kKept,
                        *context.platform.locale.codePage);
+}
+
+void RequireUnicode(const Platform& platform, const Text& path) {
+  const auto stream = platform.files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi);
+  if (stream->AtEndOfStream()) return;
+  std::string bytes;
+  platform.locale.codePage->AppendEncoded(bytes, stream->Read(kRecognisedFrom));
+  const std::size_t zero = bytes.find('\0');  // the upper half of a Latin letter, a separator or a line end
+  if (bytes.starts_with("\xFF\xFE") || (zero != std::string::npos && zero % 2 == 1)) return;
+  Raise(RuntimeError::kTypeMismatch, u"Soubor \"" + path + u"\" není text v kódování Unicode (UTF-16).");
 }
 
 MergeDataLines::MergeDataLines(FileSystem& files, const Text& path)

@@ -58,6 +58,10 @@ class MergeDataFile {
 /// Errors: those of files.
 MergeDataFile OpenMergeDataFile(ExportSession& session, Text& rsSourceFile, bool multiDocument);
 
+/// Errors: 13 with a description for a file that is no text in UTF-16, least byte first, which reading it as Unicode
+/// would take for a header without records; those of files.
+void RequireUnicode(const Platform& platform, const Text& path);
+
 /// Reads such a file line by line where each record is one line. The end of the header settles what ends a line: after
 /// CR LF, a lone CR or LF belongs to its value; a header that ends with a lone LF is that of another program's file.
 class MergeDataLines {

@@ -1,24 +1,25 @@
 #include "export/office_opening.h"
 
+#include "foundation/ignore_errors.h"
+
 namespace zorkanca {
 
 bool TellOfOpening(const ExportContext& context, const OpeningTexts& texts, bool showsHourglass,
                    const std::function<void()>& open) {
-  UserInterface& user = context.platform.userInterface;
-  context.RaiseExportState(ExportStateValue::esOpenApp, texts.opening);
-  if (showsHourglass) user.SetMousePointer(MousePointer::kHourglass);
-  Text message(texts.opened);
-  bool opened = true;
+  bool opened = false;
   try {
+    context.RaiseExportState(ExportStateValue::esOpenApp, texts.opening);
+    if (showsHourglass) context.platform.userInterface.SetMousePointer(MousePointer::kHourglass);
     open();
+    context.RaiseExportState(ExportStateValue::esStill, texts.opened);
+    opened = true;
   } catch (...) {
     const Error error = *ErrorBeingHandled();
     context.NoteCause(error);
-    message = Text(texts.failed).append(error.description());
-    opened = false;
+    const Text message = Text(texts.failed).append(error.description());
+    IgnoreErrors([&] { context.RaiseExportState(ExportStateValue::esStill, message); });
   }
-  context.RaiseExportState(ExportStateValue::esStill, message);
-  user.SetMousePointer(MousePointer::kDefault);
+  context.platform.userInterface.SetMousePointer(MousePointer::kDefault);
   return opened;
 }
 

@@ -29,7 +29,7 @@ AttachedApplication<Application> AttachOrStart(OfficeApplications& office,
   } catch (const Error& error) {
     if (error.number() != static_cast<std::int32_t>(RuntimeError::kCannotCreateObject)) throw;
   }
-  (office.*start)();
+  const std::shared_ptr<Application> started = (office.*start)();  // an unseen one without references would end
   return {.application = (office.*attach)(), .startedHere = true};
 }
 
@@ -63,7 +63,7 @@ struct OpeningTexts {
   TextView failed;  ///< the error's description follows
 };
 
-/// Tells the client of an opening before and after it; a failure is told, not raised.
+/// Tells the client of an opening before and after it; a failure is told, not raised, that of the client's handler too.
 /// @param showsHourglass  while it lasts; the default pointer is shown after it in any case
 /// @return                true when nothing failed
 bool TellOfOpening(const ExportContext& context, const OpeningTexts& texts, bool showsHourglass,

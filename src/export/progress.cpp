@@ -14,10 +14,7 @@ float UsableInterval(float interval) {
 }  // namespace
 
 Progress::Progress(const ExportContext& context, std::int32_t recordCount)
-    : context_(context),
-      recordCount_(recordCount),
-      interval_(UsableInterval(context.percentInterval)),
-      threshold_(interval_) {}
+    : context_(context), recordCount_(recordCount), threshold_(UsableInterval(context.percentInterval)) {}
 
 void Progress::RecordDone() {
   const auto percent = static_cast<float>(static_cast<double>(recordNumber_) / recordCount_ * 100);
@@ -32,8 +29,9 @@ void Progress::Finish() const {
 }
 
 void Progress::AdvanceThreshold(float percent) {
+  const float interval = UsableInterval(context_.percentInterval);  // the client's handler may have changed it
   while (threshold_ < percent) {
-    const float next = threshold_ + interval_;
+    const float next = threshold_ + interval;
     // A step too small for the precision of the threshold would add nothing, for ever.
     threshold_ = next > threshold_ ? next : percent;
   }

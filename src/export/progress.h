@@ -26,7 +26,6 @@ class Progress {
   const ExportContext& context_;
   std::int32_t recordCount_;
   std::int32_t recordNumber_ = 1;
-  float interval_;
   float threshold_;
 };
 

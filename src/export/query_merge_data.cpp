@@ -9,22 +9,21 @@ namespace {
 // Writes the values of the current record; the texts in between are kept for their room.
 class RecordWriter {
  public:
-  RecordWriter(std::vector<QueryColumn> columns, MergeDataFile& file, const ColumnFormats& formats,
-               const Locale& locale)
+  RecordWriter(std::vector<QueryColumn> columns, MergeDataFile& file, ColumnFormats& formats, const Locale& locale)
       : columns_(std::move(columns)), file_(file), formats_(formats), locale_(locale) {}
 
   void Write() {
     std::int32_t index = 0;
-    for (const QueryColumn& column : columns_) AppendValue(column, formats_.Of(index++));
+    for (const QueryColumn& column : columns_) AppendValue(column, index++);
   }
 
  private:
-  void AppendValue(const QueryColumn& column, const cFormat* format) {
+  void AppendValue(const QueryColumn& column, std::int32_t index) {
     const Value& value = column.field->Value();
     if (IsNull(value)) return file_.AppendValue({});
     static const Value kOne = Text(u"1");
     const Value& shown = column.isMultiplier ? kOne : value;
-    if (format) return file_.AppendValue(format->Apply(shown));
+    if (const cFormat* format = formats_.Of(index)) return file_.AppendValue(format->Apply(shown));
     if (const Text* text = std::get_if<Text>(&shown)) return file_.AppendValue(*text);
     text_.clear();
     AppendText(text_, shown, locale_);
@@ -33,7 +32,7 @@ class RecordWriter {
 
   std::vector<QueryColumn> columns_;
   MergeDataFile& file_;
-  const ColumnFormats& formats_;
+  ColumnFormats& formats_;
   const Locale& locale_;
   Text text_;
 };
@@ -56,7 +55,7 @@ void WriteQueryMergeData(ExportSession& session, QueryReader& reader, ColumnName
   file.WriteHeader(rsFieldNames);
   file.WriteBlankRecords(context.blankRecordsBefore, reader.FieldCount() + (options.barCode ? 1 : 0));
 
-  const ColumnFormats formats(options.formats, reader.FieldCount(), locale);
+  ColumnFormats formats(options.formats, reader.FieldCount(), locale);
   reader.ValidateMultiplier();
   checkpointNumber = 5;
   RecordWriter record(reader.Columns(), file, formats, locale);

@@ -41,12 +41,4 @@ void AppendQuotedValue(Text& line, TextView value) {
   }
 }
 
-void AppendQuotedIfHasQuotes(Text& line, TextView value) {
-  if (value.find(kQuote) == TextView::npos) {
-    line.append(value);
-  } else {
-    AppendEnclosedValue(line, value);
-  }
-}
-
 }  // namespace zorkanca

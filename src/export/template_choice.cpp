@@ -17,7 +17,7 @@ constexpr TextView kDefaultFolder = u"C:\\Program Files\\QRD\\Zorix\\Sablony";
 Text InSharedFolder(const ExportContext& context, TextView name) {
   const RegistryAccess access(context.platform.registry);
   const Text folder = access.ReadValue(RegistryHive::kLocalMachine, kInstallationKey, u"sablony", kDefaultFolder);
-  return BuildPath(context.platform.files, folder, name);
+  return PathInFolder(context.platform.files, folder, name);
 }
 
 // The list that a name in brackets means; a bracket that nothing closes takes the rest.

@@ -1,5 +1,10 @@
+// The rule of the blocks: each search begins at the start of the text (for closing blocks at its end), so that blocks
+// inside one another, and a marker that comes together where something was deleted, are found. Where the search before
+// has ended, no marker lies before that place; only the last three characters before it may become the beginning of
+// one. Searches therefore go on from there, and the work grows with the text, however many blocks it holds.
 #include "export/text_markup.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <set>
@@ -16,6 +21,7 @@ namespace {
 constexpr TextView kHeadingEnd = u"{h>}";
 constexpr TextView kClosingStart = u"{<p}";
 constexpr TextView kClosingEnd = u"{p>}";
+constexpr std::int32_t kMarkerOverlap = 3;  // characters of a marker that may stand before the place of a deletion
 constexpr TextView kPlaceholderPattern = u"«*»";
 
 // A found marker, in positions of the main text.
@@ -43,21 +49,24 @@ void Delete(WordDocument& document, std::int32_t start, std::int32_t end) {
   document.Range(start, end)->Delete();
 }
 
-// Before the place where a search ended nothing is left to be found, so that the next one goes on from there.
+// Deletes the block and its markers. @return where the deleted text was
+std::int32_t DeleteBlock(WordDocument& document, const Place& start, const Place& end) {
+  Delete(document, start.start, end.end);
+  return start.start;
+}
+
 void KeepFirstHeading(WordDocument& document) {
   std::optional<Place> start = FindAfter(document, 0, kHeadingStart);
   if (!start) return;
   Delete(document, start->start, start->end);
-  std::int32_t position = start->start;
-  if (const std::optional<Place> end = FindAfter(document, position, kHeadingEnd)) {
+  if (const std::optional<Place> end = FindAfter(document, start->start, kHeadingEnd)) {
     Delete(document, end->start, end->end);
-    position = end->start;
   }
-  while ((start = FindAfter(document, position, kHeadingStart))) {
+  std::int32_t changed = start->start;
+  while ((start = FindAfter(document, std::max(changed - kMarkerOverlap, 0), kHeadingStart))) {
     const std::optional<Place> end = FindAfter(document, start->end, kHeadingEnd);
     if (!end) return;
-    Delete(document, start->start, end->end);
-    position = start->start;
+    changed = DeleteBlock(document, *start, *end);
   }
 }
 
@@ -65,16 +74,16 @@ void KeepLastClosing(WordDocument& document) {
   std::optional<Place> end = FindBefore(document, document.Content()->End(), kClosingEnd);
   if (!end) return;
   Delete(document, end->start, end->end);
-  std::int32_t position = end->start;
-  if (const std::optional<Place> start = FindBefore(document, position, kClosingStart)) {
+  std::int32_t changed = end->start;
+  if (const std::optional<Place> start = FindBefore(document, changed, kClosingStart)) {
     Delete(document, start->start, start->end);
-    position = start->start;
+    changed -= start->end - start->start;
   }
-  while ((end = FindBefore(document, position, kClosingEnd))) {
+  const auto behind = [&] { return std::min(changed + kMarkerOverlap, document.Content()->End()); };
+  while ((end = FindBefore(document, behind(), kClosingEnd))) {
     const std::optional<Place> start = FindBefore(document, end->start, kClosingStart);
     if (!start) return;
-    Delete(document, start->start, end->end);
-    position = start->start;
+    changed = DeleteBlock(document, *start, *end);
   }
 }
 

@@ -48,7 +48,7 @@ void WordFileExport::WriteMergeData(Text header, const PreparedData& data) {
 }
 
 void WordFileExport::WriteRecords(MergeDataFile& file, const PreparedData& data, std::size_t columnCount) {
-  const ColumnFormats formats(arguments_.rvFormat, static_cast<std::int32_t>(columnCount), context_.platform.locale);
+  ColumnFormats formats(arguments_.rvFormat, static_cast<std::int32_t>(columnCount), context_.platform.locale);
   Progress progress(context_, static_cast<std::int32_t>(data.lines().size()));
   std::vector<Text> values;
   for (const TextView line : data.lines()) {

@@ -72,7 +72,7 @@ bool WordFormExport::Export() {
 }
 
 void WordFormExport::FillDocuments() {
-  const ColumnFormats formats(arguments_.rvFormat, reader_.FieldCount(), context_.platform.locale);
+  ColumnFormats formats(arguments_.rvFormat, reader_.FieldCount(), context_.platform.locale);
   Recordset& recordset = session_.recordset();
   Progress progress(context_, reader_.RecordCount());
   context_.withinDataProcess = true;
@@ -91,8 +91,9 @@ void WordFormExport::FillDocuments() {
 void WordFormExport::OpenDocument(bool screenUpdating, TextView failure) {
   GetOpenDocArguments opening{
       .rsTemplate = arguments_.rsTemplate, .rAppVisible = AppVisible::avFalse, .rbScreenUpdating = screenUpdating};
-  if (!OpenWordDocument(context_, opening)) StopExport(failure);
+  const bool opened = OpenWordDocument(context_, opening);
   document_ = opening.roRetDoc;
+  if (!opened) StopExport(failure);
   SetMargins();
 }
 
@@ -103,18 +104,19 @@ void WordFormExport::SetMargins() {
   IgnoreErrors([&] { document_->Protect(kFormFieldsOnly); });
 }
 
-void WordFormExport::FillDocument(const ColumnFormats& formats) {
+void WordFormExport::FillDocument(ColumnFormats& formats) {
   for (std::size_t index = 0; index < columns_.size(); ++index) {
     const QueryColumn& column = columns_[index];
-    const Text text = TextOf(column, formats.Of(static_cast<std::int32_t>(index)));
+    const Text text = TextOf(column, formats, static_cast<std::int32_t>(index));
     WriteField(column.field->Name(), text, IsOneChar(index));
   }
 }
 
-Text WordFormExport::TextOf(const QueryColumn& column, const cFormat* format) {
+Text WordFormExport::TextOf(const QueryColumn& column, ColumnFormats& formats, std::int32_t index) {
   const Value& value = column.field->Value();
   if (IsNull(value)) return Text();
   if (barCode_ && column.field->Name() == barCode_->BarCodeField()) return barCode_->EncodeRecord();
+  const cFormat* format = formats.Of(index);
   return format ? format->Apply(value) : ToText(value, context_.platform.locale);
 }
 

@@ -28,7 +28,7 @@ struct WdExportFormArguments : TemplateArguments {
   float TopMargin = kUnchangedMargin;     ///< likewise
   float LeftMarginP2 = kUnchangedMargin;  ///< of the second section, together with LeftMargin only
   float TopMarginP2 = kUnchangedMargin;   ///< likewise
-  WordDocumentReference roRetDoc{};       ///< receives the last document
+  WordDocumentReference roRetDoc{};       ///< receives the last document; null when a further one failed to open
   bool rbSetAppVisible = true;            ///< leave Word visible and maximised
 };
 
@@ -45,8 +45,8 @@ class WordFormExport {
   void OpenDocument(bool screenUpdating, TextView failure);
   void SetMargins();
   void FillDocuments();
-  void FillDocument(const ColumnFormats& formats);
-  Text TextOf(const QueryColumn& column, const cFormat* format);
+  void FillDocument(ColumnFormats& formats);
+  Text TextOf(const QueryColumn& column, ColumnFormats& formats, std::int32_t index);
   void WriteField(const Text& name, TextView text, bool oneCharacterEach);
   bool IsOneChar(std::size_t column) const {
     return column < arguments_.rvOneChar.size() && arguments_.rvOneChar[column];

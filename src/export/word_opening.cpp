@@ -34,7 +34,10 @@ bool OpenWordDocument(const ExportContext& context, GetOpenDocArguments& argumen
     const OpeningView view = {.visible = arguments.rAppVisible,
                               .visibleWithinDataProcess = context.settings.WordVisibleWithinDataProcess,
                               .screenUpdating = arguments.rbScreenUpdating};
-    OpenUnseen(attached, view, [&](WordApplication& word) { arguments.roRetDoc = OpenIn(word, arguments.rsTemplate); });
+    OpenUnseen(attached, view, [&](WordApplication& word) {
+      context.platform.userInterface.ProcessPendingEvents();
+      arguments.roRetDoc = OpenIn(word, arguments.rsTemplate);
+    });
   });
   if (!opened) arguments.roRetDoc = nullptr;
   return opened;

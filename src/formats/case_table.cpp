@@ -101,11 +101,11 @@ void CaseTable::ReadResult(Entry& entry, TextView result, const Locale& locale) 
   }
 }
 
-bool CaseTable::Matches(const Entry& entry, TextView value, const Locale& locale) {
+bool CaseTable::Matches(const Entry& entry, const FormattedValue& value, const Locale& locale) {
   // The order of value and operand; nothing when they are not of one kind, so that no comparison holds.
   const auto order = [&]() -> std::optional<int> {
-    if (entry.comparesTexts) return CompareBinary(value, entry.operand);
-    const std::optional<double> number = ReadNumber(value, locale);
+    if (entry.comparesTexts) return CompareBinary(value.text, entry.operand);
+    const std::optional<double> number = value.number ? value.number : ReadNumber(value.text, locale);
     if (!number || !entry.number) return std::nullopt;
     return *number < *entry.number ? -1 : *number > *entry.number ? 1 : 0;
   };
@@ -113,7 +113,7 @@ bool CaseTable::Matches(const Entry& entry, TextView value, const Locale& locale
     case Kind::kNull:
       return false;
     case Kind::kLike:
-      return Like(LowerCase(value), entry.operand);
+      return Like(LowerCase(value.text), entry.operand);
     case Kind::kLess:
       return order() == -1;
     case Kind::kLessOrEqual:
@@ -123,24 +123,24 @@ bool CaseTable::Matches(const Entry& entry, TextView value, const Locale& locale
     case Kind::kGreaterOrEqual:
       return order().value_or(-1) >= 0;
     case Kind::kExactly:
-      return value == entry.operand;
+      return value.text == entry.operand;
     case Kind::kTrimmed:
-      return Trim(value) == entry.operand;
+      return Trim(value.text) == entry.operand;
   }
   return false;
 }
 
-Text CaseTable::ResultOf(const Entry& entry, TextView value, const Locale& locale) {
+Text CaseTable::ResultOf(const Entry& entry, const FormattedValue& value, const Locale& locale) {
   if (entry.resultFormat) return entry.resultFormat->Apply(value, locale);
-  return entry.result == u"@" ? Text(value) : entry.result;
+  return entry.result == u"@" ? Text(value.text) : entry.result;
 }
 
 // Of the last entry, when it stands for all that no other one fits.
-Text CaseTable::ElseResult(TextView value, const Locale& locale) const {
+Text CaseTable::ElseResult(const FormattedValue& value, const Locale& locale) const {
   return entries_.back().isElse ? ResultOf(entries_.back(), value, locale) : Text();
 }
 
-Text CaseTable::Apply(TextView value, const Locale& locale) const {
+Text CaseTable::Apply(const FormattedValue& value, const Locale& locale) const {
   for (const Entry& entry : entries_) {
     if (Matches(entry, value, locale)) return ResultOf(entry, value, locale);
   }

@@ -25,8 +25,8 @@ class CaseTable {
   /// Errors: 5 for an entry without ":", 93 for a pattern that is none.
   CaseTable(TextView format, const Locale& locale);
 
-  /// The result for a value's text; empty when no entry matches and none stands for all others.
-  Text Apply(TextView value, const Locale& locale) const;
+  /// The result for a value; empty when no entry matches and none stands for all others.
+  Text Apply(const FormattedValue& value, const Locale& locale) const;
   /// The result for Null: that of the first "null" entry, else that of "else", else empty.
   Text ApplyToNull(const Locale& locale) const;
 
@@ -46,9 +46,9 @@ class CaseTable {
   static Entry ReadEntry(TextView text, const Locale& locale);
   static void ReadCondition(Entry& entry, TextView condition, const Locale& locale);
   static void ReadResult(Entry& entry, TextView result, const Locale& locale);
-  static bool Matches(const Entry& entry, TextView value, const Locale& locale);
-  static Text ResultOf(const Entry& entry, TextView value, const Locale& locale);
-  Text ElseResult(TextView value, const Locale& locale) const;
+  static bool Matches(const Entry& entry, const FormattedValue& value, const Locale& locale);
+  static Text ResultOf(const Entry& entry, const FormattedValue& value, const Locale& locale);
+  Text ElseResult(const FormattedValue& value, const Locale& locale) const;
 
   std::vector<Entry> entries_;
 };

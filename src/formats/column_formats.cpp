@@ -1,20 +1,27 @@
 #include "formats/column_formats.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zorkanca {
 
-ColumnFormats::ColumnFormats(std::span<const Text> formats, std::int32_t columnCount, const Locale& locale) {
-  const std::size_t count = std::min(formats.size(), static_cast<std::size_t>(columnCount));
-  formats_.resize(count);
-  for (std::size_t column = 0; column < count; ++column) {
-    if (!IsBlank(formats[column])) formats_[column].emplace(locale).format(Trim(formats[column]));
+ColumnFormats::ColumnFormats(std::span<const Text> formats, std::int32_t columnCount, const Locale& locale)
+    : locale_(locale) {
+  for (const Text& format : formats.first(std::min(formats.size(), static_cast<std::size_t>(columnCount)))) {
+    columns_.push_back({.text = Text(Trim(format))});
   }
 }
 
-const cFormat* ColumnFormats::Of(std::int32_t column) const {
+const cFormat* ColumnFormats::Of(std::int32_t column) {
   const auto index = static_cast<std::size_t>(column);
-  return index < formats_.size() && formats_[index] ? &*formats_[index] : nullptr;
+  if (index >= columns_.size() || columns_[index].text.empty()) return nullptr;
+  std::optional<cFormat>& format = columns_[index].format;
+  if (!format) {
+    cFormat parsed(locale_);
+    parsed.format(columns_[index].text);
+    format.emplace(std::move(parsed));
+  }
+  return &*format;
 }
 
 }  // namespace zorkanca

@@ -14,15 +14,21 @@ namespace zorkanca {
 
 class ColumnFormats {
  public:
-  /// Parses each format once. Columns beyond the formats, and those with a blank one, keep their values as they are.
-  /// Errors: those of `cFormat::format`.
+  /// Columns beyond the formats, and those with a blank one, keep their values as they are.
   ColumnFormats(std::span<const Text> formats, std::int32_t columnCount, const Locale& locale);
 
-  /// The format of a column (from 0); null when its values stay as they are.
-  const cFormat* Of(std::int32_t column) const;
+  /// The format of a column (from 0); null when its values stay as they are. It is parsed when it is first asked for,
+  /// so that a malformed one of a column without values hurts nobody. Errors: those of `cFormat::format`.
+  const cFormat* Of(std::int32_t column);
 
  private:
-  std::vector<std::optional<cFormat>> formats_;
+  struct Column {
+    Text text;
+    std::optional<cFormat> format{};  // once it was parsed
+  };
+
+  const Locale& locale_;
+  std::vector<Column> columns_;
 };
 
 }  // namespace zorkanca

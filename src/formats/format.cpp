@@ -20,10 +20,12 @@ void cFormat::format(TextView format) {
 Text cFormat::Apply(const Value& value) const {
   const auto* cases = std::get_if<CaseTable>(&rules_);
   if (IsNull(value)) return cases ? cases->ApplyToNull(locale_) : Text();
-  const Text text = ToText(value, locale_);
-  if (cases) return cases->Apply(text, locale_);
+  Text text = ToText(value, locale_);
+  FormattedValue formatted{.text = text};
+  if (const bool* truth = std::get_if<bool>(&value)) formatted.number = *truth ? -1 : 0;
+  if (cases) return cases->Apply(formatted, locale_);
   const auto* named = std::get_if<NamedFormat>(&rules_);
-  return named ? named->Apply(text, locale_) : text;
+  return named ? named->Apply(formatted, locale_) : text;
 }
 
 }  // namespace zorkanca

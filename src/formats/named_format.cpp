@@ -85,8 +85,9 @@ Text WithoutInnerBlanks(TextView value, char16_t grouping) {
   return result;
 }
 
-bool IsZero(TextView value, const Locale& locale) {
-  return ParseNumber(value, locale).value_or(Val(value)) == 0;
+double NumberOf(TextView value, const Locale& locale) {
+  const std::optional<double> number = ParseNumber(value, locale);
+  return number ? *number : Val(value);  // databases write "1.5", which no comma locale reads
 }
 
 Text Agreement(TextView value) {
@@ -154,7 +155,8 @@ NamedFormat::Step NamedFormat::Compile(const Text& format) {
           .pattern = FormatPattern(format)};
 }
 
-Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& locale) const {
+Text NamedFormat::Convert(const Step& step, const Text& value, std::optional<double> number,
+                          const Locale& locale) const {
   switch (step.conversion) {
     case Conversion::kUnchanged:
       return value;
@@ -185,7 +187,7 @@ Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& loc
     case Conversion::kRegister:
       return Text(TextOfCode(kRegisters, UpperCase(value), kLongTermAssets));
     case Conversion::kYesNo:
-      return IsZero(value, locale) ? u"N" : u"A";
+      return (number ? *number : NumberOf(value, locale)) == 0 ? u"N" : u"A";
     case Conversion::kMovementKind:
       return Text(TextOfCode(kMovementKinds, value, {}));
     case Conversion::kRepairedLongDate:
@@ -200,9 +202,12 @@ Text NamedFormat::Convert(const Step& step, const Text& value, const Locale& loc
   return step.pattern->Apply(pointNumber ? Value(Val(value)) : Value(value), locale);
 }
 
-Text NamedFormat::Apply(TextView value, const Locale& locale) const {
-  Text result(value);
-  for (const Step& step : steps_) result = Convert(step, result, locale);
+Text NamedFormat::Apply(const FormattedValue& value, const Locale& locale) const {
+  Text result(value.text);
+  for (const Step& step : steps_) {
+    const bool isUnchanged = value.number && result == value.text;
+    result = Convert(step, result, isUnchanged ? value.number : std::nullopt, locale);
+  }
   if (result.empty()) result = u" ";
   return result;
 }

@@ -18,6 +18,12 @@
 
 namespace zorkanca {
 
+/// A value as the formats take it.
+struct FormattedValue {
+  TextView text{};
+  std::optional<double> number{};  ///< of a Boolean, whose text tells none: -1 or 0
+};
+
 class NamedFormat {
  public:
   /// @param locale  of the values to be formatted
@@ -26,7 +32,7 @@ class NamedFormat {
 
   /// The value, formatted by each format in turn. A format that leaves nothing gives a single space: the line of a
   /// document that holds the value is then not suppressed as blank.
-  Text Apply(TextView value, const Locale& locale) const;
+  Text Apply(const FormattedValue& value, const Locale& locale) const;
 
  private:
   enum class Conversion {
@@ -57,7 +63,7 @@ class NamedFormat {
   };
 
   static Step Compile(const Text& format);
-  Text Convert(const Step& step, const Text& value, const Locale& locale) const;
+  Text Convert(const Step& step, const Text& value, std::optional<double> number, const Locale& locale) const;
 
   std::vector<Step> steps_;
   char16_t grouping_;  // separator that people type into numbers

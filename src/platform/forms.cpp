@@ -235,8 +235,11 @@ void Form::RemoveResizeListener(int number) {
 
 bool Form::PressKey(const KeyStroke& key) {
   if (!visible_) return false;
+  const Control* const focused = activeControl_;
   OnKeyDown(key);
   if (!visible_) return true;
+  // Enter that has moved the focus must not press the button where it went.
+  if (key.code == KeyCode::kEnter && activeControl_ != focused) return true;
   // Enter on a button presses that button, which the window does by itself.
   const bool onButton = key.code == KeyCode::kEnter && dynamic_cast<Button*>(activeControl_) != nullptr;
   if (key.withModifiers || onButton) return false;

@@ -92,7 +92,8 @@ class Form {
   /// What a person does; the view calls these. Keys count only while the form is visible: the release of the key that
   /// closed it finds nobody.
   void Activate() { OnActivate(); }
-  /// A key was pressed, or released; the form sees it before its controls.
+  /// A key was pressed, or released; the form sees it before its controls. Enter by which the form moves the focus does
+  /// nothing else.
   /// @return true when the key was used up and the focused control must not get it
   bool PressKey(const KeyStroke& key);
   void ReleaseKey(const KeyStroke& key);

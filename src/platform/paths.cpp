@@ -51,10 +51,14 @@ TextView GetExtensionName(TextView path) {
   return dot == TextView::npos ? TextView() : name.substr(dot + 1);
 }
 
-Text BuildPath(const FileSystem& files, TextView folder, TextView name) {
+Text PathInFolder(const FileSystem& files, TextView folder, TextView name) {
   Text path(folder);
-  if (!path.empty() && !IsPathSeparator(path.back())) path.push_back(files.PathSeparator());
+  if (path.empty() || !IsPathSeparator(path.back())) path.push_back(files.PathSeparator());
   return path.append(name);
+}
+
+Text BuildPath(const FileSystem& files, TextView folder, TextView name) {
+  return folder.empty() ? Text(name) : PathInFolder(files, folder, name);
 }
 
 }  // namespace zorkanca

@@ -21,7 +21,9 @@ TextView GetBaseName(TextView path);
 /// What follows the last "." of the last component; empty when there is none.
 TextView GetExtensionName(TextView path);
 
-/// Folder and name joined by exactly one separator of the file system; an empty folder gives the name.
+/// Folder and name joined by exactly one separator of the file system, which an empty folder, the root, gets as well.
+Text PathInFolder(const FileSystem& files, TextView folder, TextView name);
+/// The same, but an empty folder gives the name.
 Text BuildPath(const FileSystem& files, TextView folder, TextView name);
 
 }  // namespace zorkanca

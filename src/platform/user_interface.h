@@ -46,6 +46,8 @@ class UserInterface {
   virtual MessageAnswer Show(const Message& message) = 0;
   virtual void SetMousePointer(MousePointer pointer) = 0;
   virtual void Beep() = 0;
+  /// Lets the system do what waits for this program, for example draw its windows, before a long step begins.
+  virtual void ProcessPendingEvents() = 0;
   /// @return the full path of the chosen file; empty when the person cancelled
   virtual Text ChooseFile(const FileDialog& dialog) = 0;
   /// @param startFolder  need not exist

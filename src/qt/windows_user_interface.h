@@ -22,6 +22,8 @@ class WindowsUserInterface final : public UserInterface {
   MessageAnswer Show(const Message& message) override;
   void SetMousePointer(MousePointer pointer) override;
   void Beep() override;
+  /// Nothing is done: windows that are open while an export works wait for its end.
+  void ProcessPendingEvents() override {}
   Text ChooseFile(const FileDialog& dialog) override;
   Text ChooseFolder(TextView title, TextView startFolder) override;
   WorkingArea GetWorkingArea() override;

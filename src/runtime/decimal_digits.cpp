@@ -1,3 +1,11 @@
+// From a Double to digits and back. Invariants of a number: no zero at either end of the digits, no digit and no sign
+// for zero; so equal numbers look alike, and "rounds to nothing" is seen at once.
+//
+// The digits of a Double are those of its exact binary value, rounded once, halves away from zero. Nearly always the
+// shortest digits that lead back to it serve: they need no rounding, or they round as the exact value does. Rounded
+// from the exact value are only shortest digits that end in a half which the value merely approaches, found by an exact
+// comparison, and numbers next to zero, of whose bits few are left. Amounts, which are most of what passes, are tried
+// first by one multiplication. A conversion takes the same short time whatever the number.
 #include "runtime/decimal_digits.h"
 
 #include <algorithm>

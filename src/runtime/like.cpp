@@ -1,3 +1,7 @@
+// The pattern is compiled into elements first; then one walk over the text. When an element does not match, the walk
+// goes back to the last "*" and lets it take one unit more. Earlier ones need never be tried again: what stands between
+// two of them has matched as early as it can, and a later place leaves less for the rest. That bounds the time by the
+// product of the lengths, where trying all ways would take exponential time.
 #include "runtime/like.h"
 
 #include <algorithm>

@@ -1,3 +1,12 @@
+// Two readers of numbers, each one pass from left to right.
+//
+// `NumberReader` reads all of a text in the manner of a locale:
+//   text  = {blank} ( bits | {affix} digits [exponent] {affix} )
+//   affix = blank | "+" | "-" | "(" | ")" | currency symbol      each once; behind the digits a sign only when none
+//                                                                came before; "(" asks for ")" and means minus
+//   bits  = "&H" hexadecimal digits | "&O" octal digits
+// `ValReader` reads as far as there is a number with a decimal point, whatever the locale, and drops blanks everywhere.
+// Digits are gathered, not added up: the nearest Double is found once, from all of them.
 #include "runtime/parse_number.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The walk of `Like` without sets: only the last "*" ever takes one unit more.
 #include "runtime/wildcards.h"
 
 namespace zorkanca {

@@ -194,7 +194,7 @@ void frmSP_SablOffice::Choose() {
   const int row = lst_Sablony_.selectedRow();
   const c_SablonaOffice& chosen = *list_->Item(row + 1);
   Hide();
-  fileName_ = BuildPath(platform().files, Trim(chosen.Path()), Trim(chosen.name()));
+  fileName_ = PathInFolder(platform().files, Trim(chosen.Path()), Trim(chosen.name()));
   std::int16_t index = ToInteger(row + 1, platform().locale);
   list_->SetActive(index);
 }

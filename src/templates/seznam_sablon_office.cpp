@@ -123,7 +123,8 @@ void c_SeznamSablonOffice::LoadTemplate(RegistryKeyCursor& cursor, TextView name
   templates_.push_back(loaded);
 }
 
-// Of several active templates the first one stays so. Where none is, the first one counts as active unwritten.
+// Of several active templates the first one stays so, and all others are written as inactive. Where none is, the first
+// one counts as active unwritten.
 void c_SeznamSablonOffice::KeepOneActive() {
   if (templates_.empty()) return;
   const auto isActive = [](const Template& each) { return each->Active(); };
@@ -132,8 +133,14 @@ void c_SeznamSablonOffice::KeepOneActive() {
     templates_.front()->Active(true);
     return;
   }
-  auto position = static_cast<std::int64_t>(first - templates_.begin()) + 1;
-  MakeOnlyActive(position);
+  if (std::none_of(first + 1, templates_.end(), isActive)) return;
+  platform_.registry.Change([&] {
+    for (const Template& each : templates_) {
+      if (each == *first) continue;
+      each->Active(false);
+      each->SaveActive();
+    }
+  });
 }
 
 const c_SeznamSablonOffice::Template& c_SeznamSablonOffice::At(std::int64_t position) const {
@@ -222,15 +229,11 @@ std::int16_t c_SeznamSablonOffice::IndexOfActive() const {
 void c_SeznamSablonOffice::SetActive(std::int16_t& Index) {
   if (templates_.empty()) return;
   if (Index < 1 || Index > Count()) Index = 1;
-  MakeOnlyActive(Index);
-}
-
-void c_SeznamSablonOffice::MakeOnlyActive(std::int64_t position) {
   std::vector<c_SablonaOffice*> changed;
   for (std::int64_t each = 1; each <= Count(); ++each) {
     c_SablonaOffice& candidate = *At(each);
-    if (candidate.Active() == (each == position)) continue;
-    candidate.Active(each == position);
+    if (candidate.Active() == (each == Index)) continue;
+    candidate.Active(each == Index);
     changed.push_back(&candidate);
   }
   if (changed.empty()) return;

@@ -99,7 +99,6 @@ class c_SeznamSablonOffice {
   void Load(const TemplateListFill& arguments);
   void LoadTemplate(RegistryKeyCursor& cursor, TextView name);
   void KeepOneActive();
-  void MakeOnlyActive(std::int64_t position);
   bool Supply();
   void RegisterAll(const std::vector<SuppliedTemplate>& supplied);
   void Register(const SuppliedTemplate& supplied);

@@ -1,3 +1,8 @@
+// The grids of the sign are taken from the first one on, until no begin with an end behind it is left: a grid that lay
+// in the body of another one is met again in each of its copies. A copy is numbered by replacing the open index in the
+// first prototype that its body still holds; the first copy is changed where it stands, the others are written as one
+// text. Of grids within grids the part up to `searched_` is known to hold no prototype, and is not read again. The size
+// of all copies is checked before anything is written; the work grows with the text that comes of it.
 #include "xmltemplate/grid_expansion.h"
 
 #include "runtime/error.h"

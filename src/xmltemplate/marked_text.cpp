@@ -1,3 +1,13 @@
+// The text is a list of pieces that look into texts which never move: the one that was read, and one for each
+// replacement. A piece is a whole marker, a stretch that begins with a token, or what lies between.
+//
+// Invariant: the markers and tokens are those that reading the whole text anew would find. `Replace` keeps it by
+// reading more than it puts in. It starts where something begins that the change may touch: a marker that is cut into,
+// a "<?" or the name of a tag that ends at the place, a marker that never ended and may now be closed. It goes on,
+// piece by piece, until the scanner stands in the midst of nothing: what follows is then read as it was before.
+//
+// Cost: a replacement reads what it puts in and a few pieces around it, and moves pointers within a block of the list.
+// What was replaced stays in memory until the end; it grows with the work that is done.
 #include "xmltemplate/marked_text.h"
 
 #include <algorithm>

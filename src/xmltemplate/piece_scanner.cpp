@@ -1,3 +1,8 @@
+// One pass from "<" to "<". At each one the next few characters tell whether a tag that operations ask for or a marker
+// begins; all else belongs to the piece that is being read. A text that ends before that is told is pending: the caller
+// appends what follows, and reading goes on where it stopped, so that no character is read twice however often that
+// happens. Once a marker has been found that never ends, none that begins behind it can end either, and they are only
+// noted: otherwise each of them would read to the end of the text.
 #include "xmltemplate/piece_scanner.h"
 
 #include <algorithm>

@@ -1,3 +1,8 @@
+// A list of blocks with up to 128 pieces. Invariants: no block is empty, `index` and `block` of a piece tell its place,
+// blocks are numbered in their order, and a block's tokens are at least those of its pieces. A change costs as much as
+// it puts in or takes out and one block; only when a block overflows or becomes empty are the blocks behind it
+// renumbered, which happens once in some dozens of insertions. A search looks at one set of tokens for each block that
+// it passes over, and at pieces in the blocks where it begins and ends.
 #include "xmltemplate/text_pieces.h"
 
 #include <algorithm>

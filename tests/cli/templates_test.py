@@ -31,9 +31,12 @@ class TemplatesTest(CommandLineCase):
         self.assertIn("Soubor \"dopis.dot\"", self.templates("add", "dopis.dot", status=1)[1])
         self.assertIn("má identifikátor -7", self.templates("add", "chybí.dot", "--id", -7, status=1)[1])
         self.assertIn("Šablona pro MS Word", self.templates("add", "cenik.xlt", status=1)[1])
+        self.run_program("--yes", "--home", "tpl", "templates", "add", "--application", "A1", "--type", "word", "cenik.xlt",
+                         status=1)  # a workbook becomes no .dot
         self.assertEqual(self.listed(), [["1", "*", "-7", "dopis.dot"], ["2", "", "12", "faktura.dot"]])
         self.templates("activate", 2)
         self.templates("edit", 2, "--file", "nový.dot", "--id", 0)
+        self.assertEqual(self.listed(), [["1", "*", "-7", "dopis.dot"], ["2", "", "0", "nový.dot"]])
         self.templates("up", 2)
         self.assertEqual(self.listed(), [["1", "*", "0", "nový.dot"], ["2", "", "-7", "dopis.dot"]])
         self.templates("down", 1)

@@ -18,6 +18,8 @@ TEST(ColumnNames, CaptionsFollowTheSelectList) {
       // Literals hold no commas, an apostrophe without a partner does.
       {u"select 'a,b' , 'c''d,e' as x, y from t", u"X;x;y"},
       {u"select 'a,b from t", u"'a;b"},
+      {u"select a  'x' , b  'y' as c, d from t", u"aX;c;d"},  // blanks before a literal go with it
+      {u"select a as b  'x' 'y', ' c' from t", u"bXX;X"},
       // The text after the first " as " is the name; brackets do not hold a list together.
       {u"select cast(x as int) as y from t", u"int) as y"},
       {u"select round(a, 2) as b, c.d.e from t", u"round(a;b;d.e"},

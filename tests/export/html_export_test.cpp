@@ -208,6 +208,13 @@ TEST_F(HtmlExportTest, FailuresShowTheirMessageAndLeaveNothingBehind) {
   database.failsToOpen = true;
   expect("Chyba při přístupu k datům !", Run());
   database.failsToOpen = false;
+  const std::function<void()> failures[] = {[] { throw std::runtime_error("lost"); }, [] { throw 1; },
+                                            [] { throw Error(-1, Text(), u"own number"); }};
+  for (const auto& fail : failures) {
+    database.onOpen = fail;
+    expect("Chyba při přístupu k datům !", Run());
+  }
+  database.onOpen = nullptr;
   database.forwardOnly = true;
   expect("Chyba při přístupu k datům !", Run());
   database.forwardOnly = false;

@@ -36,6 +36,7 @@ TEST_F(MailMergeTest, OneDocument) {
                                        "pointer 11",
                                        "word start",
                                        "word updating off",
+                                       "pending events",
                                        "word add C:\\Temp\\t.dotx",
                                        "state 0 Dokončeno otvírání nového dokumentu aplikaci MS Word",
                                        "pointer 0",
@@ -153,6 +154,101 @@ TEST_F(MailMergeTest, FailuresAreToldByStates) {
   EXPECT_EQ(lastState(), "state 0 Nepodařilo se otevřít aplikaci MS Word !");
   EXPECT_EQ(arguments.roRetDoc, nullptr) << "the document of an earlier merge is no result of this one";
   EXPECT_TRUE(computer.word.application->Visible() && computer.word.application->ScreenUpdating());
+}
+
+TEST_F(MailMergeTest, EachStepOfTheEndingIsTakenForItself) {
+  const auto steps = [&] {
+    const auto merged = std::find(computer.journal.begin(), computer.journal.end(), "word execute");
+    std::string lines;
+    for (auto line = merged; line != computer.journal.end(); ++line) {
+      if (line->ends_with(" on") || *line == "word maximised") lines += line->substr(5) + "|";
+    }
+    computer.journal.clear();
+    computer.word.application.reset();
+    computer.word.running = false;
+    return lines;
+  };
+  const struct {
+    const char* refused;
+    const char* steps;
+  } kRows[] = {
+      {"", "updating on|visible on|maximised|checks on|"},
+      {"updating on", "visible on|maximised|checks on|"},
+      {"visible on", "updating on|maximised|checks on|"},
+      {"maximised", "updating on|visible on|checks on|"},
+  };
+  for (const auto& row : kRows) {
+    for (const bool fails : {false, true}) {
+      computer.word.merge = [&](const Text& text) {
+        computer.word.refusedLine = row.refused;
+        if (fails) throw Error(5631, Text(), u"no records");
+        return text;
+      };
+      EXPECT_EQ(office.MakeMailDocument(arguments), !fails);
+      EXPECT_EQ(steps(), row.steps) << row.refused << fails;
+      computer.word.refusedLine.clear();
+    }
+  }
+}
+
+TEST_F(MailMergeTest, WhatAHandlerMakesOfTheLastStateLeavesNothingBehind) {
+  arguments.MultiDocument = true;
+  for (const bool fails : {false, true}) {
+    computer.word.refusesToOpen = fails;
+    events.failsAt = fails ? "Nepodařilo" : "Dokončeno zpracování";
+    EXPECT_EQ(office.MakeMailDocument(arguments), !fails);
+    EXPECT_EQ(computer.journal.back(), "pointer 0");
+    computer.word.refusesToOpen = false;
+    events.failsAt = "Dokončeno otvírání";
+    computer.journal.clear();
+    GetOpenDocArguments opening{.rsTemplate = u"a.doc"};
+    EXPECT_FALSE(office.GetOpenDoc(opening));
+    EXPECT_EQ(opening.roRetDoc, nullptr);
+    EXPECT_THAT(computer.journal, ::testing::IsSupersetOf({"pointer 11",
+                                                           "state 0 Chyba při otvírání dokumentu v aplikaci "
+                                                           "MS Word: Invalid procedure call or argument"}));
+    EXPECT_EQ(computer.journal.back(), "pointer 0");
+  }
+}
+
+TEST_F(MailMergeTest, AFurtherTemplateThatDoesNotOpenLeavesNoDocument) {
+  arguments.MultiDocument = true;
+  office.WhenDocumentIsFinished([&](const WordDocumentReference&) { computer.word.refusesToOpen = true; });
+  EXPECT_FALSE(office.MakeMailDocument(arguments));
+  EXPECT_EQ(arguments.roRetDoc, nullptr);
+  EXPECT_EQ(computer.word.documents.size(), 1u) << "what is merged stays open";
+  EXPECT_THAT(computer.journal, ::testing::Contains("state 0 Nepodařilo se otevřít dokument v aplikaci MS Word !"));
+}
+
+TEST_F(MailMergeTest, AStartedWordIsHeldUntilItIsAttachedTo) {
+  computer.word.ends = true;
+  EXPECT_TRUE(office.MakeMailDocument(arguments));
+}
+
+TEST_F(MailMergeTest, OneDocumentForEachRecordNeedsUnicode) {
+  arguments.MultiDocument = true;
+  const struct {
+    std::string bytes;
+    bool isUnicode;
+  } kRows[] = {
+      {"kod;text\r\n1;a\r\n", false},
+      {"\xEF\xBB\xBFkod\r\n1\r\n", false},
+      {std::string("\xFE\xFF\0k\0\r\0\n\0001\0\r\0\n", 14), false},
+      {std::string("k\0\r\0\n\0001\0\r\0\n\0", 12), true},  // without a mark
+      {std::string("\xFF\xFEk\0\r\0\n\0001\0\r\0\n\0", 14), true},
+      {"", true},
+  };
+  for (const auto& row : kRows) {
+    computer.journal.clear();
+    computer.files.Put(arguments.rsDataSourceFile, row.bytes);
+    EXPECT_EQ(office.MakeMailDocument(arguments), row.isUnicode) << row.bytes;
+    EXPECT_EQ(arguments.roRetDoc != nullptr, row.isUnicode && !row.bytes.empty()) << row.bytes;
+    if (row.isUnicode) continue;
+    EXPECT_THAT(computer.journal,
+                ::testing::Contains("state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: "
+                                    "Soubor \"C:\\Temp\\data.txt\" není text v kódování Unicode "
+                                    "(UTF-16)."));
+  }
 }
 
 TEST_F(MailMergeTest, NoRecordsGiveNoDocuments) {

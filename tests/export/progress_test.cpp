@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 
@@ -12,11 +14,13 @@ class RecordingEvents final : public ZorOfficeEvents {
  public:
   std::vector<float> percents;
   int cancelAt = -1;  // index of the event that cancels
+  std::function<void()> onPercent;
 
   void ExportState(ExportStateValue, TextView) override {}
   void PercentDone(float Percent, bool& Cancel) override {
     Cancel = cancelAt == static_cast<int>(percents.size());
     percents.push_back(Percent);
+    if (onPercent) onPercent();
   }
 };
 
@@ -50,6 +54,16 @@ TEST(Progress, StepsThatCannotCatchUpEndAllTheSame) {
   EXPECT_EQ(Reported(10, 0), byOne);
   EXPECT_EQ(Reported(10, -5), byOne);
   EXPECT_EQ(Reported(10, 1e-30f).back(), 100);
+}
+
+TEST(Progress, AStepThatTheHandlerSetsHoldsAtOnce) {
+  MemoryPlatform computer;
+  RecordingEvents events;
+  ExportContext context{.platform = computer.platform, .events = &events, .percentInterval = 10};
+  events.onPercent = [&] { context.percentInterval = 45; };
+  Progress progress(context, 10);
+  for (int record = 0; record < 10; ++record) progress.RecordDone();
+  EXPECT_EQ(events.percents, (std::vector<float>{10, 10, 55, 100}));
 }
 
 TEST(Progress, CancelStopsBeforeTheNextRecordButNotAfterTheLast) {

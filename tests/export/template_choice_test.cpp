@@ -49,6 +49,11 @@ TEST_F(TemplateChoiceTest, PathsAndBareNames) {
     computer.registry.Write(RegistryHive::kLocalMachine, u"SOFTWARE\\QRD\\Zorix\\Instalace", u"sablony", Text(folder));
     EXPECT_EQ(Chosen(u"f.dot"), "C:\\Sablony\\f.dot");
   }
+  computer.registry.Write(RegistryHive::kLocalMachine, u"SOFTWARE\\QRD\\Zorix\\Instalace", u"sablony", Text());
+  computer.files.Put(u"g.dot", "");  // in the current folder
+  EXPECT_EQ(Chosen(u"g.dot"), "Neplatný název šablony !");
+  computer.files.Put(u"\\g.dot", "");
+  EXPECT_EQ(Chosen(u"g.dot"), "\\g.dot");
   EXPECT_TRUE(lists.empty());
 }
 

@@ -150,7 +150,14 @@ TEST_F(WordExportTest, FailuresShowMessagesAndCheckpoints) {
   arguments.rsSourceFile = u"C:\\No\\x.txt";
   expect({kUnexpected + "76 - Path not found.", stoppedAt(3)});
   arguments.rvFormat = {u"case like [a: b"};
-  expect({kUnexpected + "93 - Invalid pattern string.", stoppedAt(4)});
+  expect({kUnexpected + "93 - Invalid pattern string.", stoppedAt(5)});
+  std::swap(database.rows[0], database.rows[1]);
+  database.rows[0][0] = Null();  // a format is needed by values only
+  expect({kUnexpected + "93 - Invalid pattern string.", stoppedAt(6)});
+  database.rows[1][0] = Null();
+  EXPECT_TRUE(Run());
+  computer.files.DeleteFile(arguments.rsSourceFile, false);
+  arguments.rsSourceFile.clear();
   arguments.rvFormat.clear();
   database.rows[0][1] = Binary(1);
   expect({kUnexpected + "13 - Type mismatch.", stoppedAt(5)});

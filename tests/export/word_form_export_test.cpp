@@ -135,6 +135,7 @@ TEST_F(WordFormExportTest, FailuresKeepTheFinishedDocuments) {
   events.cancelAt = -1;
   office.WhenDocumentIsFinished([&](const WordDocumentReference&) { computer.word.refusesToOpen = true; });
   expect("Nepodařilo se otevřít dokument v aplikaci MS Word !", 1);
+  EXPECT_FALSE(arguments.roRetDoc) << "the further document is none";
   computer.word.refusesToOpen = false;
   office.WhenDocumentIsFinished([](const WordDocumentReference&) { Raise(RuntimeError::kDiskFull); });
   expect("Neočekávaná chyba: \r\n61 - Disk full.", 1);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "files/linux_file_system.h"
 #include "files/native_path.h"
@@ -128,11 +129,26 @@ TEST_F(Files, TemporaryFolderIsOursAlone) {
   for (const char* name : {"link", "open", "file"}) {
     EXPECT_EQ(ErrorOf([&] { RequirePrivateFolder(folder_.Path(name)); }).number(), 70) << name;
   }
-  EXPECT_EQ(ExitOf(StartChild([&] {
-              setenv("TMPDIR", (folder_.path() + "//").c_str(), 1);
-              return files_.TemporaryFolder() == FromUtf8(folder_.path()) ? 0 : 1;
-            })),
-            0);
+  // $TMPDIR itself where nobody else may enter it, a folder of ours in one that all users share.
+  const char* const before = std::getenv("TMPDIR");
+  const std::string restored = before ? before : "";
+  const std::string ours = "/zorkanca-" + std::to_string(geteuid());
+  const std::tuple<std::string, unsigned, std::string> rows[] = {{"fresh//", 0700, "fresh"},
+                                                                 {"open", 0750, "open" + ours},
+                                                                 {"open", 01777, "open" + ours},
+                                                                 {"link", 0700, "link" + ours}};
+  for (const auto& [name, mode, used] : rows) {
+    chmod(folder_.Path(name).c_str(), mode);
+    setenv("TMPDIR", folder_.Path(name).c_str(), 1);
+    EXPECT_EQ(ToUtf8(files_.TemporaryFolder()), folder_.Path(used)) << name << mode;
+    EXPECT_EQ(folder_.Mode(used), 0700u);
+  }
+  chmod(folder_.Path("open" + ours).c_str(), 0755);
+  setenv("TMPDIR", folder_.Path("open").c_str(), 1);
+  EXPECT_EQ(ErrorOf([&] { files_.TemporaryFolder(); }).number(), 70) << "somebody else may read there";
+  setenv("TMPDIR", folder_.Path("missing").c_str(), 1);
+  EXPECT_EQ(ErrorOf([&] { files_.TemporaryFolder(); }).number(), 76);
+  before ? setenv("TMPDIR", restored.c_str(), 1) : unsetenv("TMPDIR");
   EXPECT_THAT(ToUtf8(files_.GetTempName()), ::testing::MatchesRegex("rad[0-9A-F]{5}\\.tmp"));
   EXPECT_NE(files_.GetTempName(), files_.GetTempName());
 }

@@ -57,6 +57,8 @@ TEST(Format, NamedConversions) {
       {u"a/n", u"0,00", u"N"},
       {u"a/n", u"-1", u"A"},
       {u"a/n", u"0,5", u"A"},
+      {u"a/n", u"1.5", u"A"},  // no number of the locale
+      {u"a/n", u"0.0", u"N"},
       {u"katpoh", u"17", u"převod"},
       {u"katpoh", u"93", u"vyřazení (manko, škoda)"},
       {u"katpoh", u"18", u" "},
@@ -131,6 +133,27 @@ TEST(Format, CaseTables) {
       {u"case else: x case 1: y", u"2", u""},
   };
   ExpectRows(rows);
+}
+
+TEST(Format, BooleansCountAsMinusOneAndZero) {
+  const struct {
+    TextView format;
+    TextView ofTrue, ofFalse;
+  } kRows[] = {
+      {u"a/n", u"A", u"N"},
+      {u"text;trim;a/n", u"A", u"N"},
+      {u"case <0: a case >=0: b", u"a", u"b"},
+      {u"case >-1: @;a/n case <='0': t case else: @;a/n", u"A", u"N"},
+      {u"case -1: a case True: b case else: @", u"b", u"False"},  // texts are compared as texts
+      {u"", u"True", u"False"},
+      {u"katpoh;a/n", u"N", u"N"},  // what a conversion has left is a text
+  };
+  for (const auto& row : kRows) {
+    cFormat format(*FindLocale(u"cs-CZ"));
+    format.format(row.format);
+    EXPECT_EQ(Shown(format.Apply(true)), Shown(row.ofTrue)) << Shown(row.format);
+    EXPECT_EQ(Shown(format.Apply(false)), Shown(row.ofFalse)) << Shown(row.format);
+  }
 }
 
 TEST(Format, Null) {

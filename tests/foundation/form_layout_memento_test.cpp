@@ -111,6 +111,7 @@ class ScreenlessUserInterface final : public UserInterface {
   MessageAnswer Show(const Message&) override { return MessageAnswer::kOk; }
   void SetMousePointer(MousePointer) override {}
   void Beep() override {}
+  void ProcessPendingEvents() override {}
   Text ChooseFile(const FileDialog&) override { return {}; }
   Text ChooseFolder(TextView, TextView) override { return {}; }
   WorkingArea GetWorkingArea() override { throw Error(1461, {}, u"no monitor"); }

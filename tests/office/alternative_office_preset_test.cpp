@@ -186,7 +186,7 @@ TEST_F(Preset, KeysMoveAndReload) {
   Show(TableEditor, [](Controls& dialog) {
     std::string order;
     dialog.program.SetFocus();
-    dialog.form.PressKey({.code = KeyCode::kEnter});
+    EXPECT_TRUE(dialog.form.PressKey({.code = KeyCode::kEnter})) << "used up: it must not press the button";
     EXPECT_EQ(dialog.form.activeControl(), &dialog.browseProgram);
     dialog.folder.SetFocus();
     dialog.form.PressKey({.code = KeyCode::kEnter});

@@ -73,6 +73,15 @@ TEST_F(FormWindow, EnterAndEscReachTheFormBeforeItsControls) {
     form_.up.SetFocus();
     Press(Qt::Key_Return);
     EXPECT_EQ(form_.Heard(), "down 13; up; up 13");
+    form_.enterGoesTo = &form_.browse;
+    form_.note.SetFocus();
+    QTest::keyPress(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(form_.Heard(), "down 13; up 13") << "neither the button that got the focus nor the default one";
+    EXPECT_EQ(Focused(), "cmdBrowse");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form_.Heard(), "down 13; browse; up 13");
+    form_.enterGoesTo = nullptr;
     form_.refusesToClose = true;
     Press(Qt::Key_Escape);
     EXPECT_EQ(form_.Heard(), "down 27; cancel; close?; up 27");

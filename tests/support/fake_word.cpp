@@ -12,7 +12,8 @@ namespace {
 
 class FakeRange final : public WordRange {
  public:
-  FakeRange(zorkanca::Text& story, std::int32_t start, std::int32_t end) : story_(story), start_(start), end_(end) {}
+  FakeRange(zorkanca::Text& story, std::int32_t start, std::int32_t end, std::size_t& searched)
+      : story_(story), start_(start), end_(end), searched_(searched) {}
 
   std::int32_t Start() const override { return start_; }
   std::int32_t End() const override { return end_; }
@@ -31,7 +32,9 @@ class FakeRange final : public WordRange {
     const std::size_t from = arguments.Wrap == 1 ? 0 : At(start_);
     if (arguments.MatchWildcards) return FindPlaceholder(At(end_)) || (arguments.Wrap == 1 && FindPlaceholder(0));
     std::size_t hit = arguments.Forward ? within.find(arguments.FindText, from) : within.rfind(arguments.FindText);
-    if (hit == zorkanca::Text::npos || hit < from) return false;
+    const bool isFound = hit != zorkanca::Text::npos && hit >= from;
+    Pass(!isFound ? within.size() - from : arguments.Forward ? hit - from : within.size() - hit);
+    if (!isFound) return false;
     SetRange(static_cast<std::int32_t>(hit), static_cast<std::int32_t>(hit + arguments.FindText.size()));
     return true;
   }
@@ -39,6 +42,10 @@ class FakeRange final : public WordRange {
  private:
   static std::size_t At(std::int32_t position) { return static_cast<std::size_t>(position); }
 
+  void Pass(std::size_t units) {
+    searched_ += units;
+    if (searched_ > 10'000'000) Raise(RuntimeError::kUserInterrupt);
+  }
   bool ReplaceAll(TextView from, TextView to) {
     const zorkanca::Text wanted = LowerCase(from);
     std::size_t at = 0;
@@ -51,6 +58,7 @@ class FakeRange final : public WordRange {
   bool FindPlaceholder(std::size_t from) {
     const std::size_t open = story_.find(u'«', from);
     const std::size_t close = story_.find(u'»', open);
+    Pass(std::min(close, story_.size()) - from + 1);
     if (close == TextView::npos) return false;
     SetRange(static_cast<std::int32_t>(open), static_cast<std::int32_t>(close + 1));
     return true;
@@ -59,6 +67,7 @@ class FakeRange final : public WordRange {
   zorkanca::Text& story_;
   std::int32_t start_;
   std::int32_t end_;
+  std::size_t& searched_;
 };
 
 class FakePageSetup final : public WordPageSetup {
@@ -89,14 +98,14 @@ class FakeDocument final : public WordDocument, public WordMailMerge {
   std::shared_ptr<WordApplication> Application() override { return word_.application; }
   Text FullName() const override { return name_; }
   std::unique_ptr<WordRange> Range(std::int32_t start, std::int32_t end) override {
-    return std::make_unique<FakeRange>(text, start, end);
+    return std::make_unique<FakeRange>(text, start, end, word_.unitsSearched);
   }
   std::unique_ptr<WordRange> Content() override { return Range(0, static_cast<std::int32_t>(text.size())); }
   std::unique_ptr<WordRange> PrimaryHeader(std::int32_t) override {
-    return std::make_unique<FakeRange>(word_.headerText, 0, 0);
+    return std::make_unique<FakeRange>(word_.headerText, 0, 0, word_.unitsSearched);
   }
   std::unique_ptr<WordRange> PrimaryFooter(std::int32_t) override {
-    return std::make_unique<FakeRange>(word_.footerText, 0, 0);
+    return std::make_unique<FakeRange>(word_.footerText, 0, 0, word_.unitsSearched);
   }
   WordMailMerge& MailMerge() override { return *this; }
 
@@ -187,6 +196,7 @@ class FakeApplication final : public WordApplication {
   void CheckLanguage(bool check) override { Set("checks ", checks_, check); }
   WordWindowState WindowState() const override { return word_.windowState; }
   void WindowState(WordWindowState state) override {
+    if (word_.refusedLine == "maximised") throw Error(5, Text(), u"refused");
     word_.windowState = state;
     if (state == WordWindowState::kMaximize) word_.journal.push_back("word maximised");
   }
@@ -203,7 +213,9 @@ class FakeApplication final : public WordApplication {
   }
   // Only changes are of interest.
   void Set(const char* what, bool& property, bool value) {
-    if (property != value) word_.journal.push_back("word " + std::string(what) + (value ? "on" : "off"));
+    const std::string line = std::string(what) + (value ? "on" : "off");
+    if (word_.refusedLine == line) throw Error(5, Text(), u"refused");
+    if (property != value) word_.journal.push_back("word " + line);
     property = value;
   }
 
@@ -216,6 +228,7 @@ class FakeApplication final : public WordApplication {
 }  // namespace
 
 WordApplicationReference FakeWord::AttachWord() {
+  if (ends && application.use_count() == 1) running = false;
   if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
   return application;
 }

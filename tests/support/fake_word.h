@@ -25,16 +25,19 @@ class FakeWord final {
   bool running = false;
   std::int32_t attachError = 0;  ///< raised instead of 429 when Word does not run
   Text version = u"16.0";
-  Text templateText;                                ///< main text of every document that is opened
-  Text headerText, footerText;                      ///< of every merged document
-  std::function<Text(const Text&)> merge;           ///< text of the merged document from the main document's; may raise
-  bool refusesKind = false;                         ///< setting the kind of the main document raises 4605
-  bool refusesToOpen = false;                       ///< opening raises 5174
-  bool refusesToExport = false;                     ///< ExportAsFixedFormat raises 5
-  std::set<Text> formFields;                        ///< of every document; others raise 5941
-  std::int32_t sections = 1;                        ///< of every document; others raise 5941
+  Text templateText;                       ///< main text of every document that is opened
+  Text headerText, footerText;             ///< of every merged document
+  std::function<Text(const Text&)> merge;  ///< text of the merged document from the main document's; may raise
+  bool refusesKind = false;                ///< setting the kind of the main document raises 4605
+  bool refusesToOpen = false;              ///< opening raises 5174
+  std::string refusedLine;                 ///< the change that would write this line raises 5
+  bool ends = false;                       ///< unseen and without references, Word ends before it is attached to
+  bool refusesToExport = false;            ///< ExportAsFixedFormat raises 5
+  std::set<Text> formFields;               ///< of every document; others raise 5941
+  std::int32_t sections = 1;               ///< of every document; others raise 5941
   std::optional<ExportDocumentArguments> exported;  ///< those of the last export
   std::int32_t windowCount = 1;                     ///< of every document
+  std::size_t unitsSearched = 0;                    ///< by all searches; error 18 ends one without end
   WordWindowState windowState = WordWindowState::kNormal;
   WordWindowState documentState = WordWindowState::kNormal;  ///< of every document's window
   Journal& journal;

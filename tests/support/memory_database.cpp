@@ -82,6 +82,7 @@ const zorkanca::Value& MemoryField::Value() {
 
 std::unique_ptr<Recordset> MemoryDatabase::OpenRecordset(TextView name, RecordsetType, std::int16_t options) {
   if (failsToOpen) throw Error(3078, Text(), u"The input table or query was not found.");
+  if (onOpen) onOpen();
   lastSelect = name;
   lastOptions = options;
   return std::make_unique<MemoryRecordset>(*this, name.starts_with(u"SELECT SUM(") ? sums : rows);

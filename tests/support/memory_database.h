@@ -1,6 +1,7 @@
 // A database of one prepared result, for tests of the product's logic.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "platform/database.h"
@@ -28,6 +29,8 @@ class MemoryDatabase final : public Database {
 
   /// Opening raises error 3078, as for an unknown table.
   bool failsToOpen = false;
+  /// Called when a recordset is opened; may throw anything.
+  std::function<void()> onOpen;
   /// Going back to the first record raises error 3219, as for a forward-only recordset.
   bool forwardOnly = false;
 

@@ -33,6 +33,7 @@ class JournalUserInterface final : public UserInterface {
     journal_.push_back("pointer " + std::to_string(static_cast<int>(pointer)));
   }
   void Beep() override { journal_.push_back("beep"); }
+  void ProcessPendingEvents() override { journal_.push_back("pending events"); }
 
   /// What the person chooses in the next file or folder dialog.
   Text chosen;

@@ -73,6 +73,7 @@ class SampleForm final : public Form {
   Button cancel{*this, u"cmdCancel"};
 
   bool refusesToClose = false;
+  Control* enterGoesTo = nullptr;  ///< the focus, when Enter is pressed; null: it stays
 
   /// What was heard since the last call, a blank between.
   std::string Heard() {
@@ -85,7 +86,10 @@ class SampleForm final : public Form {
 
  private:
   void OnActivate() override { Hear("activate"); }
-  void OnKeyDown(const KeyStroke& key) override { Hear("down " + std::to_string(static_cast<int>(key.code))); }
+  void OnKeyDown(const KeyStroke& key) override {
+    Hear("down " + std::to_string(static_cast<int>(key.code)));
+    if (key.code == KeyCode::kEnter && enterGoesTo != nullptr) enterGoesTo->SetFocus();
+  }
   void OnKeyUp(const KeyStroke& key) override { Hear("up " + std::to_string(static_cast<int>(key.code))); }
   bool OnQueryUnload() override {
     Hear("close?");

@@ -51,6 +51,18 @@ TEST_F(ListDialog, ChoosesATemplateAndMakesItTheActiveOne) {
   EXPECT_EQ(Messages(), "");
 }
 
+TEST_F(ListDialog, AnEmptyFolderIsTheRoot) {
+  Register(u"a.dot");
+  computer.registry.Write(RegistryHive::kCurrentUser, TemplatePlatform::KeyOf(u"a.dot"), u"path", Text());
+  computer.files.Put(u"a.dot", "");  // in the current folder
+  const auto press = [](const FormPerson& person) { person.Press(u"cmd_OK"); };
+  Expect(press);
+  EXPECT_EQ(Choose(), "") << "not found there";
+  computer.files.Put(u"\\a.dot", "");
+  Expect(press);
+  EXPECT_EQ(Choose(), "\\a.dot");
+}
+
 TEST_F(ListDialog, EnterAndDoubleClickChooseWhereOkWould) {
   Register(u"a.dot");
   Register(u"b.dot");

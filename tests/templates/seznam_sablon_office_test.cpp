@@ -48,6 +48,7 @@ TEST_F(Seznam, KeepsOneTemplateActive) {
   computer_.Store(u"c.dot", 3);
   EXPECT_EQ(Filled(), "1 *b.dot, 2 a.dot, 3 c.dot");
   EXPECT_EQ(computer_.Stored(u"a.dot", u"active") + computer_.Stored(u"b.dot", u"active"), "0-1");
+  EXPECT_EQ(computer_.Stored(u"c.dot", u"active"), "0") << "written for all but the first";
   std::int16_t index = 3;
   list_.SetActive(index);
   EXPECT_EQ(Names(list_), "1 b.dot, 2 a.dot, 3 *c.dot");
@@ -108,6 +109,16 @@ TEST_F(Seznam, SuppliesEmptyListsAndOthersOnRequest) {
   EXPECT_FALSE(list_.Failure().has_value());
   EXPECT_THAT(computer_.journal, ElementsAre("message 48 [Chyba] Nebyl nalezen soubor \"ZorSabl.txt\" obsahující "
                                              "seznam šablon k registraci !"));
+}
+
+TEST_F(Seznam, ALineThatCannotBeRegisteredLeavesNothing) {
+  for (const TextView file : {u"a.dot", u"x\\y.dot", u"b.dot"}) {
+    computer_.files.Put(Text(u"C:\\Suite\\Sablony\\A1\\").append(file), "");
+  }
+  PutSupply("A1||a|A|1|\r\nA1||x\\y|X|2|\r\nA1||b|B|2|\r\n");
+  EXPECT_EQ(Filled(ApplOffice::MSWord), "1 a.dot, 2 b.dot") << "no key can be named x\\y.dot";
+  EXPECT_EQ(computer_.registry.SubkeyNames(kUser, TemplatePlatform::KeyOf(u"")),
+            (std::vector<Text>{u"a.dot", u"b.dot"}));
 }
 
 TEST_F(Seznam, SupplyTemplateListRegistersWithoutADialog) {

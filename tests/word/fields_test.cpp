@@ -72,6 +72,8 @@ TEST(WordFields, GiveWhatTheirCodesSay) {
       {"= {Jméno}", "!Undefined Bookmark, ANNA"},
       {"= {Plat} / 0", "!Zero Divide"},
       {"=", "!Syntax Error"},
+      {"=SUM({Plat};1)\\# 0,00", "1235,50"},
+      {"MERGEFIELD Jméno\\* Upper", "ANNA NOVÁKOVÁ"},
       {"= 1 \\#", "Error! Switch argument not specified."},
       {"QUOTE \"dne {Datum}\" \\* Upper", "DNE 7.3.2024"},
       {"QUOTE {Datum} \\@ yyyy", "2024"},

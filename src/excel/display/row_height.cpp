@@ -45,6 +45,9 @@ RowHeights::RowHeights(const SheetModel& sheet, const SharedStrings& texts, cons
       remembered_(kRememberedTexts) {
   std::sort(merges_.begin(), merges_.end(), [](const CellArea& a, const CellArea& b) { return a.top < b.top; });
   ReadDefaults();
+  for (std::uint32_t style = 0; style < sheet.styles().size() && !someWrap_; ++style) {
+    someWrap_ = sheet.styles().LineBreakingOf(style).wraps;
+  }
 }
 
 void RowHeights::ReadDefaults() {
@@ -69,16 +72,18 @@ const RowHeights::Format& RowHeights::FormatOf(std::uint32_t style) {
   return *formats_[style];
 }
 
-bool RowHeights::MayBreak(const CellView& cell) {
-  if (cell.style >= wraps_.size()) wraps_.resize(cell.style + 1, Wraps::kUnknown);
-  Wraps& wraps = wraps_[cell.style];
-  if (wraps == Wraps::kUnknown) wraps = FormatOf(cell.style).breaking.wraps ? Wraps::kYes : Wraps::kNo;
-  return cell.hasLines || (wraps == Wraps::kYes && cell.kind != CellKind::kBlank);
+bool RowHeights::Wraps(const CellView& cell) {
+  if (cell.style >= wraps_.size()) wraps_.resize(cell.style + 1, Known::kUnknown);
+  Known& wraps = wraps_[cell.style];
+  if (wraps == Known::kUnknown) wraps = FormatOf(cell.style).breaking.wraps ? Known::kYes : Known::kNo;
+  return wraps == Known::kYes && cell.kind != CellKind::kBlank;
 }
 
 double RowHeights::Of(const RowView& row) {
   if (allSet_) return 0;
-  if (std::none_of(row.cells.begin(), row.cells.end(), [&](const CellView& cell) { return MayBreak(cell); })) return 0;
+  bool mayBreak = false;
+  for (const CellView& cell : row.cells) mayBreak = mayBreak || MayBreak(cell);
+  if (!mayBreak) return 0;
   const std::string_view known = FindAttribute(row.attributes, "ht");
   if (IsTrue(FindAttribute(row.attributes, "customHeight")) || IsTrue(FindAttribute(row.attributes, "hidden")))
     return 0;

@@ -33,7 +33,7 @@ class RowHeights {
     int linePixels = 0;
     LineBreaking breaking;
   };
-  enum class Wraps : std::uint8_t { kUnknown, kNo, kYes };
+  enum class Known : std::uint8_t { kUnknown, kNo, kYes };
   /// Lines of a text of the file, which copies of its row have again and again.
   struct Remembered {
     const char* text = nullptr;
@@ -41,7 +41,9 @@ class RowHeights {
     std::int64_t lines = 0;
   };
 
-  bool MayBreak(const CellView& cell);
+  // Formats that are made while rows are composed wrap only what has line breaks, or what wrapped before.
+  bool MayBreak(const CellView& cell) { return cell.hasLines || (someWrap_ && Wraps(cell)); }
+  bool Wraps(const CellView& cell);
   const Format& FormatOf(std::uint32_t style);
   std::int64_t LinesOf(const CellView& cell, std::int32_t row);
   std::int64_t LinesIn(std::string_view utf8, const CellView& cell, std::int32_t row);
@@ -59,7 +61,8 @@ class RowHeights {
   double defaultWidth_ = 0;                       // in digits with margins
   int defaultPixels_ = 0;                         // of a row
   bool allSet_ = false;                           // every row has a height
-  std::vector<Wraps> wraps_;                      // by cell format
+  bool someWrap_ = false;                         // some cell format wraps
+  std::vector<Known> wraps_;                      // by cell format
   std::vector<std::unique_ptr<Format>> formats_;  // the same, for those that were needed
   std::vector<int> columnPixels_;                 // by column; -1 while unknown
   std::vector<Remembered> remembered_;

@@ -107,7 +107,7 @@ class ImportedText::TextCursor final : public Cursor {
       : block_(std::move(block)), records_(block_->text_), utf8_(*block_->locale_.codePage) {}
 
   const std::vector<Content>& Row(std::int32_t row) override {
-    if (row == current_) return contents_;
+    if (row == current_ || block_->marks_.empty()) return contents_;
     if (row < next_ || row - next_ > kMarkDistance) {
       const std::int32_t mark = row / kMarkDistance;
       records_.Seek(block_->marks_[static_cast<std::size_t>(mark)]);
@@ -180,7 +180,7 @@ class ImportedText::TextCursor final : public Cursor {
   char* out_ = nullptr;
   std::vector<Content> contents_;
   std::int32_t current_ = -1;
-  std::int32_t next_ = 0;
+  std::int32_t next_ = kLastRow;  // behind every row: the first one is looked for
 };
 
 std::shared_ptr<const ImportedText> ImportedText::Open(const std::string& path, const OpenTextArguments& arguments,

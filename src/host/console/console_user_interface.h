@@ -20,6 +20,8 @@ class ConsoleUserInterface final : public UserInterface {
   MessageAnswer Show(const Message& message) override;
   /// Has no effect: the pointer belongs to the terminal, which shows none for a waiting program.
   void SetMousePointer(MousePointer) override {}
+  /// Nothing waits: a console draws by itself.
+  void ProcessPendingEvents() override {}
   /// Sounds a terminal's bell; a file gets no bell character.
   void Beep() override;
   /// Errors of the rest: 5, for a console has no windows and no screen.

@@ -31,6 +31,8 @@ class DesktopUserInterface final : public UserInterface {
   MessageAnswer Show(const Message& message) override;
   void SetMousePointer(MousePointer pointer) override;
   void Beep() override;
+  /// Nothing waits: while an export works, no window of ours is open.
+  void ProcessPendingEvents() override {}
   /// Errors of the dialogs: 5 when there is neither a screen nor a terminal; the description names what to use instead.
   Text ChooseFile(const FileDialog& dialog) override;
   Text ChooseFolder(TextView title, TextView startFolder) override;

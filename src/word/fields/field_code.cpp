@@ -78,6 +78,12 @@ class Scanner {
   // Paragraph ends outside of quotes are blanks.
   bool IsStructure(std::size_t i) const { return units_[i] == kNode && !Is(sources_[i], "zk:field"); }
 
+  // A formatting switch may touch the word before it.
+  bool IsFormatSwitch(std::size_t i) const {
+    const char16_t letter = i + 1 < units_.size() ? units_[i + 1] : u'\0';
+    return units_[i] == u'\\' && (letter == u'#' || letter == u'@' || letter == u'*');
+  }
+
   // Passes a unit, or an escaped one with its backslash.
   void Advance() {
     if (units_[at_] == u'\\' && at_ + 1 < units_.size()) ++at_;
@@ -99,7 +105,7 @@ class Scanner {
     const std::size_t start = at_;
     const auto ends = [&](std::size_t i) {
       const char16_t unit = units_[i];
-      return IsBlank(unit) || IsQuote(unit) || IsStructure(i) || (comparison_ && IsOperator(unit));
+      return IsBlank(unit) || IsQuote(unit) || IsStructure(i) || IsFormatSwitch(i) || (comparison_ && IsOperator(unit));
     };
     while (at_ < units_.size() && !ends(at_)) Advance();
     return Cut(CodeToken::Kind::kArgument, start, at_);

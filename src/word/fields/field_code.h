@@ -2,7 +2,7 @@
 //
 //   code      type argument argument ... switch argument ...
 //   argument  "quoted, may hold blanks", also in typographic quotes; or a word; a field inside is one by itself
-//   switch    \ and one character; its argument may touch it
+//   switch    \ and one character; its argument may touch it, and one for formatting (\# \@ \*) what stands before it
 //   escapes   \" a quote, \\ a backslash, inside arguments
 //   operator  = <> < <= > >= ; separate from what touches it, in the codes of comparisons
 #pragma once

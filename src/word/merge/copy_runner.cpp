@@ -158,10 +158,7 @@ class StepVisitor {
     const std::int64_t copy = static_cast<std::int64_t>(runner_.start_.copy);
     output_.Number(copy == 0 ? step.original : step.first + (copy - 1) * step.stride);
   }
-  void operator()(const NameStep& step) {
-    if (runner_.start_.copy == 0) return output_.Name(step.name);
-    output_.Name(step.stem + '_' + std::to_string(runner_.start_.copy + 1));
-  }
+  void operator()(const NameStep& step) { output_.Name(NameInCopy(step, runner_.start_.copy)); }
   void operator()(const HeaderStep& step) {
     if (runner_.input_.headers) output_.Name(runner_.input_.headers->IdOf(step.header, runner_.start_.copy));
   }

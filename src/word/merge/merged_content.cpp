@@ -65,7 +65,7 @@ MergedContent::MergedContent(WordPackage& main, const MergeOrder& order, const L
   if (separate_) SeparateCopies(body, IsLetter(order.type));
   const MergedStory::Features features{HasFloating(body), HasTable(body)};
   CompileBody(body, input, order, locale);
-  story_ = std::make_unique<MergedStory>(*copies_, features);
+  story_ = std::make_unique<MergedStory>(*copies_, features, numbers.AllNames(), order.warn);
 
   body.remove_children();
   body.append_child(pugi::node_pcdata).set_value(std::string(kPlaceOfCopies).c_str());

@@ -172,7 +172,7 @@ pugi::xml_document MergedStory::CurrentTree(std::size_t copy) const {
   std::string xml;
   copies_.AppendXml(copy, xml);
   LeftOver leftOver;  // of a last paragraph without mark: still text of this copy
-  xml = EditedXml(copy, leftOver, xml);
+  xml = EditedXml(copy, leftOver, xml, nullptr);
   if (!leftOver.empty()) xml += "<w:p>" + leftOver + "</w:p>";
   return ParseCopy(xml);
 }
@@ -181,12 +181,29 @@ void MergedStory::ReplaceAll(const std::vector<Interval>&, TextView) {
   RaiseUnsupportedWordMember(u"Find.Replace in the main text of a merged document");
 }
 
-std::string MergedStory::EditedXml(std::size_t copy, LeftOver& leftOver, const std::string& xml) const {
+std::set<std::string> MergedStory::LostIn(std::size_t copy) const {
+  if (gone_.empty() || gone_[copy].empty()) return {};
+  std::string xml;
+  copies_.AppendXml(copy, xml);
+  const pugi::xml_document document = ParseCopy(xml);
+  const pugi::xml_node body = document.child("w:body");
+  return LostBookmarks(body, StoryMap(body), gone_[copy]);
+}
+
+// @param keepers  null where nobody will read the references
+std::string MergedStory::EditedXml(std::size_t copy, LeftOver& leftOver, const std::string& xml,
+                                   BookmarkKeepers* keepers) const {
   pugi::xml_document document = ParseCopy(xml);
   pugi::xml_node body = document.child("w:body");
   const LeftOver carried = std::move(leftOver);
   leftOver.clear();
-  if (!gone_.empty() && !gone_[copy].empty()) RemovePositions(StoryMap(body), gone_[copy], &leftOver);
+  if (!gone_.empty() && !gone_[copy].empty()) {
+    const StoryMap map(body);
+    if (keepers && !bookmarks_.empty()) {
+      RenameReferences(body, keepers->NamesFor(copy, RemoveLostBookmarks(body, map, gone_[copy])));
+    }
+    RemovePositions(map, gone_[copy], &leftOver);
+  }
   if (!body.first_child()) {
     leftOver = carried + leftOver;
     return {};
@@ -201,12 +218,14 @@ bool MergedStory::WriteXml(PartSink& sink) const {
   bool written = false;
   std::string xml;
   LeftOver leftOver;
+  BookmarkKeepers keepers(
+      bookmarks_, copies_.count(), [this](std::size_t copy) { return LostIn(copy); }, warn_);
   for (std::size_t copy = 0; copy < copies_.count(); ++copy) {
     const bool edited = !leftOver.empty() || (!gone_.empty() && !gone_[copy].empty());
     if (edited && lengths_->LengthOf(copy) == 0) continue;
     xml.clear();
     copies_.AppendXml(copy, xml);
-    if (edited) xml = EditedXml(copy, leftOver, xml);
+    if (edited) xml = EditedXml(copy, leftOver, xml, &keepers);
     written = written || !xml.empty();
     sink.Append(xml);
   }

@@ -5,6 +5,7 @@
 
 #include "opc/part_sink.h"
 #include "word/merge/copy_lengths.h"
+#include "word/merge/lost_bookmarks.h"
 #include "word/merge/merged_copies.h"
 #include "word/text/story_edit.h"
 #include "word/text/story_text.h"
@@ -18,7 +19,11 @@ class MergedStory final : public StoryText {
     bool anchors = false;  ///< floating pictures
     bool tables = false;
   };
-  MergedStory(const MergedCopies& copies, const Features& features) : copies_(copies), features_(features) {}
+  /// @param bookmarks  of the template
+  /// @param warn       told in English of references that lost their bookmarks; may be empty
+  MergedStory(const MergedCopies& copies, const Features& features, std::vector<NameStep> bookmarks,
+              std::function<void(TextView)> warn)
+      : copies_(copies), features_(features), bookmarks_(std::move(bookmarks)), warn_(std::move(warn)) {}
 
   Position Length() override { return Lengths().Total(); }
   TextChunk ChunkAt(Position position) override;
@@ -38,10 +43,13 @@ class MergedStory final : public StoryText {
   PositionSet Plan(std::size_t copy, Interval range, const DeletionSurroundings& around);
   bool BeginsWithTable(std::size_t copy);
   pugi::xml_document CurrentTree(std::size_t copy) const;
-  std::string EditedXml(std::size_t copy, LeftOver& leftOver, const std::string& xml) const;
+  std::set<std::string> LostIn(std::size_t copy) const;
+  std::string EditedXml(std::size_t copy, LeftOver& leftOver, const std::string& xml, BookmarkKeepers* keepers) const;
 
   const MergedCopies& copies_;
   Features features_;
+  std::vector<NameStep> bookmarks_;
+  std::function<void(TextView)> warn_;
   std::optional<CopyLengths> lengths_;
   std::vector<PositionSet> gone_;  // by copy, in positions of the copy as merged; empty before the first deletion
   std::size_t cachedCopy_ = static_cast<std::size_t>(-1);

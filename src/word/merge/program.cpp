@@ -1,5 +1,7 @@
 #include "word/merge/program.h"
 
+#include <string>
+
 namespace zorkanca::word {
 
 namespace {
@@ -42,6 +44,10 @@ ProgramTraits TraitsOf(const Program& program) {
   ProgramTraits traits;
   TraitsVisitor{traits}.Add(program);
   return traits;
+}
+
+std::string NameInCopy(const NameStep& bookmark, std::size_t copy) {
+  return copy == 0 ? bookmark.name : bookmark.stem + '_' + std::to_string(copy + 1);
 }
 
 Operand PlainOperand(TextView text) {

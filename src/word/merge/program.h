@@ -98,6 +98,8 @@ struct NameStep {
   std::string name;
   std::string stem;
 };
+/// The name in a copy, from 0.
+std::string NameInCopy(const NameStep& bookmark, std::size_t copy);
 
 /// The relationship of a header or footer whose text differs from copy to copy.
 struct HeaderStep {

@@ -59,7 +59,7 @@ void UniqueNumbers::Gather(const pugi::xml_node& tree) {
   }
   if (Is(tree, "w:bookmarkStart")) {
     const std::string name = tree.attribute("w:name").value();
-    stems_.emplace(LowerCase(FromUtf8(name)), name);
+    names_.emplace(LowerCase(FromUtf8(name)), NameStep{name, name});
   }
   for (const pugi::xml_node child : tree.children()) Gather(child);
 }
@@ -67,23 +67,29 @@ void UniqueNumbers::Gather(const pugi::xml_node& tree) {
 // Copies have the stem and their number. Stems differ from each other, and none makes a name that the template has.
 void UniqueNumbers::NameBookmarks() {
   std::set<Text> taken;
-  for (const auto& [name, stem] : stems_) taken.insert(StemOfNumbered(name));
+  for (const auto& [key, bookmark] : names_) taken.insert(StemOfNumbered(key));
   std::map<Text, std::size_t> tries;  // by shortened name, so that many alike cost no more than their number
-  for (auto& [name, stem] : stems_) {
-    const Text whole = CutTo(FromUtf8(stem), kLongestStem);
+  for (auto& [key, bookmark] : names_) {
+    const Text whole = CutTo(FromUtf8(bookmark.name), kLongestStem);
     Text candidate = whole;
     while (!taken.insert(LowerCase(candidate)).second) {
       const Text letters = Letters(tries[LowerCase(whole)]++);
       candidate = CutTo(whole, kLongestStem - letters.size()) + letters;
     }
-    stem = ToUtf8(candidate);
+    bookmark.stem = ToUtf8(candidate);
   }
 }
 
 std::optional<NameStep> UniqueNumbers::StepForName(std::string_view name) const {
-  const auto found = stems_.find(LowerCase(FromUtf8(name)));
-  if (found == stems_.end()) return std::nullopt;
-  return NameStep{std::string(name), found->second};
+  const auto found = names_.find(LowerCase(FromUtf8(name)));
+  if (found == names_.end()) return std::nullopt;
+  return NameStep{std::string(name), found->second.stem};
+}
+
+std::vector<NameStep> UniqueNumbers::AllNames() const {
+  std::vector<NameStep> all;
+  for (const auto& [key, bookmark] : names_) all.push_back(bookmark);
+  return all;
 }
 
 void UniqueNumbers::Use(NumberKind kind, std::int64_t number) {

@@ -8,6 +8,7 @@
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "word/merge/program.h"
 
@@ -34,6 +35,8 @@ class UniqueNumbers {
   NumberStep StepFor(NumberKind kind, std::int64_t number) const;
   /// The step that writes the name of a bookmark, case ignored; nothing for what names none.
   std::optional<NameStep> StepForName(std::string_view name) const;
+  /// The steps of all bookmarks.
+  std::vector<NameStep> AllNames() const;
 
  private:
   struct Kind {
@@ -44,7 +47,7 @@ class UniqueNumbers {
   Kind& KindOf(NumberKind kind) { return kinds_[static_cast<std::size_t>(kind)]; }
 
   std::array<Kind, kNumberKinds> kinds_;
-  std::map<Text, std::string> stems_;  // of the copies' bookmarks, by lower-case name
+  std::map<Text, NameStep> names_;  // of bookmarks, by lower-case name
 };
 
 /// The kind of number that an attribute of an element is, by their names; nothing for any other attribute.
