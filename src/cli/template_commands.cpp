@@ -51,6 +51,7 @@ class QuietWhileLoading final : public UserInterface {
   }
   void SetMousePointer(MousePointer pointer) override { user_.SetMousePointer(pointer); }
   void Beep() override { user_.Beep(); }
+  void ProcessPendingEvents() override { user_.ProcessPendingEvents(); }
   Text ChooseFile(const FileDialog& dialog) override { return user_.ChooseFile(dialog); }
   Text ChooseFolder(TextView title, TextView startFolder) override { return user_.ChooseFolder(title, startFolder); }
   WorkingArea GetWorkingArea() override { return user_.GetWorkingArea(); }
