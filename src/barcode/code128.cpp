@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
@@ -65,8 +66,7 @@ char16_t Code128FontCharacter(float value, const CodePage& codePage) {
 }
 
 bool IsCode128Digits(TextView content) {
-  return !content.empty() &&
-         std::all_of(content.begin(), content.end(), [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
+  return !content.empty() && std::all_of(content.begin(), content.end(), [](char16_t unit) { return IsDigit(unit); });
 }
 
 std::vector<std::uint8_t> Code128PairValues(TextView digits) {

@@ -71,8 +71,6 @@ void AddFillCommands(CLI::App& app, Command& chosen);
 void AddFieldsCommand(CLI::App& app, Command& chosen);
 void AddManualCommands(CLI::App& app, Command& chosen);
 
-/// All bytes that are left in a file. Errors: 57 when it cannot be read.
-std::string ReadToEnd(std::FILE* file);
 /// All bytes of a file that the user named. Errors: 53 when it cannot be opened, 57 when it cannot be read.
 std::string BytesOf(const std::string& path);
 

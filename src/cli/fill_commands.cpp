@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/fill_steps.h"
 #include "cli/output_check.h"
+#include "files/file_bytes.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "xmltemplate/template_factory.h"
@@ -117,7 +118,8 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
     throw UsageError("-o names a folder, not a file: " + options.output);
   }
   RequireWritable(files, output);
-  const std::vector<FillStep> steps = ReadFillSteps(options.steps == "-" ? ReadToEnd(stdin) : BytesOf(options.steps));
+  const std::vector<FillStep> steps =
+      ReadFillSteps(options.steps == "-" ? ReadToEnd(STDIN_FILENO, "-") : BytesOf(options.steps));
 
   cExcel2003XmlTemplateFactory factory(context.platform);
   if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;

@@ -1,10 +1,10 @@
 // zorkanca: the library's face on a computer without a COM client.
+#include <fcntl.h>
 #include <malloc.h>
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,26 +17,16 @@
 #include "cli/help.h"
 #include "cli/host_platform.h"
 #include "cli/interrupt.h"
+#include "files/file_bytes.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
 
-std::string ReadToEnd(std::FILE* file) {
-  std::string bytes;
-  char block[16384];
-  for (std::size_t count = 1; count > 0;) {
-    count = std::fread(block, 1, sizeof block, file);
-    bytes.append(block, count);
-  }
-  if (std::ferror(file)) Raise(RuntimeError::kDeviceIo);
-  return bytes;
-}
-
 std::string BytesOf(const std::string& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+  const FileDescriptor file(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
   if (!file) Raise(RuntimeError::kFileNotFound, u"The file cannot be opened: " + FromUtf8(path));
-  return ReadToEnd(file.get());
+  return ReadToEnd(file.get(), path);
 }
 
 namespace {

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "cli/command_line.h"
+#include "files/file_bytes.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -128,7 +129,9 @@ SqliteColumnTypes TypesOf(const QueryOptions& query) {
 
 Text Statement(const QueryOptions& query) {
   const bool fromFile = !query.sqlFile.empty();
-  std::string statement = fromFile ? BytesOf(query.sqlFile) : query.select == "-" ? ReadToEnd(stdin) : query.select;
+  std::string statement = fromFile              ? BytesOf(query.sqlFile)
+                          : query.select == "-" ? ReadToEnd(STDIN_FILENO, "-")
+                                                : query.select;
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   if (statement.starts_with(kMark)) statement.erase(0, kMark.size());
   if (statement.find_first_not_of(" \t\r\n;") == std::string::npos) throw UsageError(EmptyStatement(query));

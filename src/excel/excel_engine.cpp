@@ -10,12 +10,22 @@
 #include "excel/tables/blank_package.h"
 #include "excel/tables/local_names.h"
 #include "files/native_path.h"
+#include "opc/core_properties.h"
 #include "opc/document_kind.h"
 #include "opc/temporary_package.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
+
+namespace {
+
+Package OfToday(Package package) {
+  SetDayOfOrigin(package, Today());
+  return package;
+}
+
+}  // namespace
 
 struct ExcelEngine::Environment {
   const Locale& locale;
@@ -125,7 +135,7 @@ Text EngineExcel::FreshName(const Text& stem) {
 ExcelWorkbookReference EngineExcel::AddWorkbook(TextView Template) {
   if (Template.empty()) return Add(excel::BlankWorkbook(locale()), FreshName(excel::NewWorkbookName(locale())));
   const std::string path = AbsolutePath(ToNativePath(Template));
-  return Add(Read(path), FreshName(Text(GetBaseName(FromNativePath(path)))));
+  return Add(OfToday(Read(path)), FreshName(Text(GetBaseName(FromNativePath(path)))));
 }
 
 ExcelWorkbookReference EngineExcel::OpenFile(TextView path) {

@@ -7,6 +7,7 @@
 #include "export/export_failure.h"
 #include "export/prepared_file.h"
 #include "export/quoting.h"
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
@@ -78,7 +79,7 @@ void Qualify(SelectItem& first, SelectItem& second) {
 void Number(SelectItem& first, SelectItem& second) {
   const Text& name = first.name;
   const std::size_t length = name.size();
-  const bool numbered = length >= 2 && name[length - 2] == u'_' && name[length - 1] >= u'0' && name[length - 1] <= u'9';
+  const bool numbered = length >= 2 && name[length - 2] == u'_' && IsDigit(name[length - 1]);
   if (!numbered) return TellApart(first, second);
   const int next = name[length - 1] - u'0' + 1;
   second.name.pop_back();

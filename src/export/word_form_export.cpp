@@ -8,6 +8,7 @@
 #include "export/word_opening.h"
 #include "foundation/ignore_errors.h"
 #include "runtime/convert.h"
+#include "runtime/utf8.h"
 
 namespace zorkanca {
 
@@ -32,7 +33,7 @@ void SetMargin(WordDocument& document, void (WordPageSetup::*set)(float), float 
 
 // Units of the character at that place: two of one beyond the basic plane.
 std::size_t CharacterLength(TextView text, std::size_t at) {
-  const bool high = text[at] >= 0xD800 && text[at] < 0xDC00;
+  const bool high = IsHighSurrogate(text[at]);
   return high && at + 1 < text.size() ? 2 : 1;
 }
 

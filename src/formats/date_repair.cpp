@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/date.h"
 #include "runtime/format.h"
@@ -11,10 +12,6 @@ namespace zorkanca {
 
 namespace {
 
-bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
-}
-
 int TwoDigits(TextView text) {
   return (text[0] - u'0') * 10 + (text[1] - u'0');
 }
@@ -22,7 +19,7 @@ int TwoDigits(TextView text) {
 // DDMMYYYY gets its dots.
 void SeparateDigits(Text& date) {
   if (date.size() != 8 || date.find(u'.') != Text::npos) return;
-  if (!std::all_of(date.begin(), date.begin() + 4, IsDigit)) return;
+  if (!std::all_of(date.begin(), date.begin() + 4, [](char16_t unit) { return IsDigit(unit); })) return;
   const int day = TwoDigits(date);
   const int month = TwoDigits(TextView(date).substr(2));
   if (day < 1 || day > 31 || month < 1 || month > 12) return;

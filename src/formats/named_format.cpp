@@ -6,6 +6,7 @@
 
 #include "formats/date_repair.h"
 #include "foundation/number_separators.h"
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -99,7 +100,7 @@ Text Agreement(TextView value) {
 bool BeginsLikeANumber(TextView value) {
   value = TrimLeft(value);
   const TextView digits = value.substr(std::min(value.find_first_not_of(u"+-."), value.size()));
-  return !digits.empty() && digits.front() >= u'0' && digits.front() <= u'9';
+  return !digits.empty() && IsDigit(digits.front());
 }
 
 }  // namespace

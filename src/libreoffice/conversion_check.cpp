@@ -6,11 +6,12 @@
 #include <fstream>
 #include <string_view>
 
-#include "opc/ascii_case.h"
+#include "files/file_bytes.h"
 #include "opc/document_kind.h"
 #include "opc/office_error.h"
 #include "opc/package.h"
 #include "opc/xml_document.h"
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
@@ -46,14 +47,6 @@ ConvertibleDocument CheckPackage(const std::string& path) {
   return {.family = sheet ? DocumentFamily::kSheet : DocumentFamily::kText, .size = InflatedSize(ZipReader(path))};
 }
 
-std::string FirstBytes(const std::string& path, std::size_t count) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes(count, '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(count));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return bytes;
-}
-
 // Documents of the office as one XML file, flat OpenDocument, web pages.
 bool LooksLikeMarkup(std::string_view start) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -64,7 +57,7 @@ bool LooksLikeMarkup(std::string_view start) {
 
 ConvertibleDocument CheckMarkup(const std::string& path, ConvertibleDocument document) {
   constexpr std::string_view kSheetOf2003 = "urn:schemas-microsoft-com:office:spreadsheet";
-  const std::string start = FirstBytes(path, kBlock);
+  const std::string start = ReadStart(path, kBlock);
   if (!LooksLikeMarkup(start)) RaiseNotOfficeDocument(path, "it is in none of the formats that are converted");
   if (start.find(kSheetOf2003) != start.npos) document.family = DocumentFamily::kSheet;
   return document;

@@ -19,7 +19,7 @@
 #include "libreoffice/fields/field_keeping.h"
 #include "libreoffice/fields/field_return.h"
 #include "libreoffice/office_profile.h"
-#include "opc/ascii_case.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca {
 
@@ -37,9 +37,9 @@ constexpr const char* kUnshare = "/usr/bin/unshare";
 // The extension by which the program chooses among formats that begin alike; nothing that could be misread.
 std::string SafeExtension(const std::string& path) {
   const std::string extension = AsciiLower(std::filesystem::path(path).extension().native());
-  const bool safe = extension.size() > 1 && extension.size() <= 6 &&
-                    std::all_of(extension.begin() + 1, extension.end(),
-                                [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); });
+  const bool safe =
+      extension.size() > 1 && extension.size() <= 6 &&
+      std::all_of(extension.begin() + 1, extension.end(), [](char c) { return (c >= 'a' && c <= 'z') || IsDigit(c); });
   return safe ? extension : std::string();
 }
 

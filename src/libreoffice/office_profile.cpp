@@ -11,6 +11,7 @@
 #include "files/native_path.h"
 #include "files/system_error.h"
 #include "files/temporary_folder.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca {
 
@@ -64,8 +65,7 @@ std::string OfficeProfile::Url() const {
   constexpr std::string_view kPlainMarks = "-._~/";
   std::string url = "file://";
   for (const char c : path_) {
-    const bool plain = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    if (plain || kPlainMarks.find(c) != kPlainMarks.npos) {
+    if (IsAlphanumeric(c) || kPlainMarks.find(c) != kPlainMarks.npos) {
       url += c;
     } else {
       const auto byte = static_cast<unsigned char>(c);

@@ -8,9 +8,11 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "opc/document_kind.h"
 #include "opc/package.h"
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -18,15 +20,6 @@ namespace zorkanca {
 namespace {
 
 using Destinations = std::unordered_map<std::string_view, std::string_view>;
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)), '\0');
-  file.seekg(0);
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file) RaiseSystemError(EIO);
-  return bytes;
-}
 
 void AppendHex(std::string& text, unsigned byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -106,14 +99,12 @@ std::string DestinationName(std::string_view bookmark) {
   constexpr std::string_view kPlainInLinks = "-_.!~*'()";
   std::string name;
   for (const char character : bookmark) {
-    const auto byte = static_cast<unsigned char>(character);
-    const bool isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9');
-    if (isLetter) {
+    if (IsAlphanumeric(character)) {
       name += character;
       continue;
     }
     if (kPlainInLinks.find(character) == kPlainInLinks.npos) name += "25";
-    AppendHex(name, byte);
+    AppendHex(name, static_cast<unsigned char>(character));
   }
   return name;
 }

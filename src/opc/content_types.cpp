@@ -1,10 +1,10 @@
 #include "opc/content_types.h"
 
-#include "opc/ascii_case.h"
 #include "opc/office_error.h"
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "opc/xml_names.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca {
 

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "files/unnamed_file.h"
 #include "opc/inflater.h"
@@ -56,11 +57,10 @@ void DeflatedPart::Store::Read(const Take& take) const {
   for (const std::string& chunk : chunks_) take(chunk);
   std::string block(file_ ? kBlock : 0, '\0');
   for (std::uint64_t offset = 0; offset < fileSize_;) {
-    const ssize_t count =
-        Uninterrupted([&] { return pread(file_.get(), block.data(), block.size(), static_cast<off_t>(offset)); });
-    if (count <= 0) RaiseSystemError(count < 0 ? errno : EIO);
-    take({block.data(), static_cast<std::size_t>(count)});
-    offset += static_cast<std::uint64_t>(count);
+    const std::size_t count = ReadAt(file_, offset, block.data(), block.size());
+    if (count == 0) RaiseSystemError(EIO);
+    take({block.data(), count});
+    offset += count;
   }
 }
 

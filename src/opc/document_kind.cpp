@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <string_view>
 
+#include "files/file_bytes.h"
 #include "files/file_descriptor.h"
 #include "files/system_error.h"
 
@@ -33,9 +34,7 @@ DocumentKind DocumentKindOf(const std::string& path) {
   if (!S_ISREG(status.st_mode)) return DocumentKind::kOther;
 
   std::array<char, 128> buffer{};
-  const ssize_t count = Uninterrupted([&] { return pread(file.get(), buffer.data(), buffer.size(), 0); });
-  if (count < 0) RaiseSystemError(errno, path);
-  const std::string_view start(buffer.data(), static_cast<std::size_t>(count));
+  const std::string_view start(buffer.data(), ReadAt(file, 0, buffer.data(), buffer.size(), path));
   if (start.starts_with(kZip)) {
     const bool openDocument = start.size() > kZipHeaderLength && start.substr(kZipHeaderLength).starts_with(kMimeType);
     return openDocument ? DocumentKind::kOpenDocument : DocumentKind::kPackage;

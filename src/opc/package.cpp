@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "files/atomic_file.h"
-#include "opc/ascii_case.h"
 #include "opc/document_kind.h"
 #include "opc/office_error.h"
 #include "opc/strict_names.h"
 #include "opc/zip_writer.h"
+#include "runtime/ascii.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 
@@ -32,10 +32,8 @@ std::string PartName(std::string_view entryName) {
 // Letters, digits and the marks that stand unescaped in a part name; "%" begins an escape.
 bool IsPartName(std::string_view part) {
   constexpr std::string_view kMarks = "-._~!$&'()*+,;=:@%/";
-  const bool plain = std::all_of(part.begin(), part.end(), [&](char c) {
-    const bool alphanumeric = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    return alphanumeric || kMarks.find(c) != kMarks.npos;
-  });
+  const bool plain =
+      std::all_of(part.begin(), part.end(), [&](char c) { return IsAlphanumeric(c) || kMarks.find(c) != kMarks.npos; });
   return plain && part.size() > 1 && ResolveTarget(Package::kRoot, part) == part && !part.ends_with('.');
 }
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "opc/ascii_case.h"
 #include "opc/office_error.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca {
 

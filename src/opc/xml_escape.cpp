@@ -1,106 +1,32 @@
 #include "opc/xml_escape.h"
 
-#include <array>
-#include <cstdint>
-
 #include "runtime/utf8.h"
 
 namespace zorkanca {
 
 namespace {
 
-enum class Place { kText, kAttribute, kPlain };
-
-// What becomes of an ASCII character: nothing, itself, or an escape. A null view stands for itself.
-constexpr std::string_view EscapeOf(char c, Place place) {
-  if (c < ' ' && c != '\t' && c != '\n' && c != '\r') return "";
-  if (place == Place::kPlain) return {};
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '\r':
-      return "&#13;";
-    default:
-      break;
-  }
-  if (place == Place::kText) return {};
-  switch (c) {
-    case '"':
-      return "&quot;";
-    case '\t':
-      return "&#9;";
-    case '\n':
-      return "&#10;";
-    default:
-      return {};
-  }
-}
-
-constexpr std::size_t kAscii = 128;
-
-template <Place place>
-constexpr std::array<std::string_view, kAscii> EscapeTable() {
-  std::array<std::string_view, kAscii> table{};
-  for (std::size_t i = 0; i < kAscii; ++i) table[i] = EscapeOf(static_cast<char>(i), place);
-  return table;
-}
-
-void AppendCodePoint(std::string& xml, char32_t code) {
-  const auto tail = [&](int shift) { xml.push_back(static_cast<char>(0x80 | (code >> shift & 0x3F))); };
-  if (code < 0x800) {
-    xml.push_back(static_cast<char>(0xC0 | code >> 6));
-  } else if (code < 0x10000) {
-    xml.push_back(static_cast<char>(0xE0 | code >> 12));
-    tail(6);
-  } else {
-    xml.push_back(static_cast<char>(0xF0 | code >> 18));
-    tail(12);
-    tail(6);
-  }
-  tail(0);
-}
-
-constexpr bool IsHighSurrogate(char16_t unit) {
-  return unit >= 0xD800 && unit < 0xDC00;
-}
-constexpr bool IsLowSurrogate(char16_t unit) {
-  return unit >= 0xDC00 && unit < 0xE000;
-}
-
-template <Place place>
-void AppendEscaped(std::string& xml, TextView text) {
-  static constexpr std::array<std::string_view, kAscii> kEscapes = EscapeTable<place>();
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char16_t unit = text[i];
-    if (unit < kAscii) {
-      const std::string_view escape = kEscapes[unit];
-      if (escape.data() == nullptr) {
-        xml.push_back(static_cast<char>(unit));
-      } else {
-        xml += escape;
-      }
-    } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      AppendCodePoint(xml, 0x10000 + ((unit - 0xD800U) << 10) + (text[i + 1] - 0xDC00U));
-      ++i;
-    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-      AppendCodePoint(xml, 0xFFFD);
-    } else if (unit < 0xFFFE) {
-      AppendCodePoint(xml, unit);
-    }
-  }
+// "&#9;", "&#10;" or "&#13;".
+void AppendReference(std::string& xml, char control) {
+  xml.append("&#").append(std::to_string(static_cast<int>(control))).append(";");
 }
 
 }  // namespace
 
 void AppendXmlText(std::string& xml, TextView text) {
-  AppendEscaped<Place::kText>(xml, text);
+  EscapeXmlText(XmlCharacters(text), "&#13;", [&](std::string_view piece) { xml += piece; });
 }
+
 void AppendXmlAttribute(std::string& xml, TextView text) {
-  AppendEscaped<Place::kAttribute>(xml, text);
+  const std::string utf8 = XmlCharacters(text);
+  const auto put = [&](std::string_view piece) {
+    for (std::size_t quote = piece.find('"'); quote != piece.npos; quote = piece.find('"')) {
+      xml.append(piece, 0, quote).append("&quot;");
+      piece.remove_prefix(quote + 1);
+    }
+    xml += piece;
+  };
+  EscapeXml(utf8, put, [&](std::size_t at) { AppendReference(xml, utf8[at]); });
 }
 
 void AppendXmlText(std::string& xml, std::string_view utf8) {
@@ -111,9 +37,22 @@ void AppendXmlAttribute(std::string& xml, std::string_view utf8) {
 }
 
 std::string XmlCharacters(TextView text) {
-  std::string characters;
-  characters.reserve(text.size());
-  AppendEscaped<Place::kPlain>(characters, text);
+  std::string characters(3 * text.size(), '\0');  // no unit gives more bytes; every value passes here
+  char* out = characters.data();
+  const auto put = [&](char byte) { *out++ = byte; };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    if (unit < 0x80) {
+      if (unit >= u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r') put(static_cast<char>(unit));
+    } else if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      EncodeUtf8(CharacterOf(unit, text[++i]), put);
+    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+      EncodeUtf8(0xFFFD, put);
+    } else if (unit < 0xFFFE) {
+      EncodeUtf8(unit, put);
+    }
+  }
+  characters.resize(static_cast<std::size_t>(out - characters.data()));
   return characters;
 }
 

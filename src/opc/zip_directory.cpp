@@ -1,11 +1,23 @@
+// The directory at the end of a ZIP archive, read as untrusted input.
+//
+// The end record is looked for from behind: its signature may stand in the archive's comment too, so that a record
+// counts only when the comment that it tells fits into what follows. Its numbers, or those of the Zip64 record before
+// it, give the directory; each entry's header is then read and must say the same as the directory, because whoever
+// checks one of them must not be shown the other. No two entries may share bytes, no name may leave the package or
+// occur twice in any case of letters, and the sizes told are held against the limits before a byte is inflated; what
+// inflates to more than was told is cut off later (inflater.h).
+//
+// Every offset and length is compared before it is used, by subtraction from what is left, so that no sum overflows.
+// Read are the last 64 KB, the directory, whose size is bounded, and one header for each entry; the checks sort the
+// entries.
 #include "opc/zip_directory.h"
 
 #include <algorithm>
 #include <unordered_set>
 
-#include "opc/ascii_case.h"
 #include "opc/office_error.h"
 #include "opc/zip_format.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca::zip {
 

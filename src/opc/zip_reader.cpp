@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "opc/inflater.h"
 #include "opc/office_error.h"
@@ -19,19 +20,6 @@ namespace zorkanca {
 namespace {
 
 constexpr std::size_t kBlock = 64 * 1024;
-
-// As many bytes as the file has from there on.
-std::size_t ReadFileAt(int file, std::uint64_t offset, char* bytes, std::size_t length) {
-  std::size_t done = 0;
-  while (done < length) {
-    const ssize_t count =
-        Uninterrupted([&] { return pread(file, bytes + done, length - done, static_cast<off_t>(offset + done)); });
-    if (count < 0) RaiseSystemError(errno);
-    if (count == 0) break;
-    done += static_cast<std::size_t>(count);
-  }
-  return done;
-}
 
 }  // namespace
 
@@ -46,7 +34,7 @@ ZipReader::ZipReader(std::string path, const ZipLimits& limits) : path_(std::mov
   if (status.st_size == 0) RaiseNotOfficeDocument(path_, "it is empty");
   const zip::ReadAt readAt = [&](std::uint64_t offset, std::size_t length) {
     std::string bytes(length, '\0');
-    if (ReadFileAt(file_.get(), offset, bytes.data(), length) != length) {
+    if (ReadAt(file_, offset, bytes.data(), length, path_) != length) {
       RaiseNotOfficeDocument(path_, "it changed while it was read");
     }
     return bytes;
@@ -59,7 +47,7 @@ void ZipReader::ReadCompressed(const ZipEntry& entry, const Take& take) const {
   for (std::uint64_t done = 0; done < entry.compressedSize;) {
     const std::size_t length =
         static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), entry.compressedSize - done));
-    if (ReadFileAt(file_.get(), entry.dataOffset + done, block.data(), length) != length) {
+    if (ReadAt(file_, entry.dataOffset + done, block.data(), length, path_) != length) {
       RaiseBadPart(path_, '/' + entry.name, "its data end early");
     }
     take({block.data(), length});

@@ -32,8 +32,6 @@ struct ZipEntry {
   std::uint64_t size = 0;
   std::uint64_t headerOffset = 0;  ///< of the local header
   std::uint64_t dataOffset = 0;    ///< of the compressed bytes
-
-  bool IsFolder() const { return name.ends_with('/'); }
 };
 
 class ZipReader {

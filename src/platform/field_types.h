@@ -1,4 +1,4 @@
-// Which DAO field types are texts, integers and numbers with decimals.
+// Which DAO field types are texts, numbers and dates.
 #pragma once
 
 #include "platform/database.h"
@@ -8,12 +8,6 @@ namespace zorkanca {
 /// Text, memo, fixed-length text.
 constexpr bool IsTextType(FieldType type) {
   return type == FieldType::kText || type == FieldType::kMemo || type == FieldType::kChar;
-}
-
-/// Byte, integer, long, big integer.
-constexpr bool IsIntegerType(FieldType type) {
-  return type == FieldType::kByte || type == FieldType::kInteger || type == FieldType::kLong ||
-         type == FieldType::kBigInteger;
 }
 
 /// Currency and the numbers with decimals.
@@ -33,7 +27,8 @@ constexpr bool IsDecimalType(FieldType type) {
 
 /// Integers and numbers with decimals.
 constexpr bool IsNumericType(FieldType type) {
-  return IsIntegerType(type) || IsDecimalType(type);
+  return type == FieldType::kByte || type == FieldType::kInteger || type == FieldType::kLong ||
+         type == FieldType::kBigInteger || IsDecimalType(type);
 }
 
 /// Date, time, time stamp.

@@ -1,5 +1,6 @@
 // Decimal numbers of plain texts.
 #include <algorithm>
+#include <cmath>
 
 #include "runtime/convert.h"
 #include "runtime/decimal_digits.h"
@@ -26,14 +27,33 @@ bool Assemble(DecimalDigits digits, std::int64_t scale, Decimal& number) {
   RoundToDecimals(digits, scale, RoundingMode::kHalfToEven);
   number = Decimal{.scale = static_cast<std::uint8_t>(scale), .negative = digits.negative};
   const std::int64_t length = digits.IsZero() ? 0 : digits.point + scale;
-  for (std::int64_t index = 0; index < length; ++index) {
-    const std::uint32_t digit = index < digits.count ? static_cast<std::uint32_t>(digits.digits[index] - '0') : 0;
-    if (!AddDigit(number, digit)) return false;
+  const auto digit = [&](std::int64_t index) {
+    return index < digits.count ? static_cast<std::uint32_t>(digits.digits[index] - '0') : 0;
+  };
+  std::int64_t index = 0;
+  for (constexpr std::int64_t kOf64Bits = 19; index < std::min(length, kOf64Bits); ++index) {
+    number.low = number.low * 10 + digit(index);
+  }
+  for (; index < length; ++index) {
+    if (!AddDigit(number, digit(index))) return false;
   }
   return true;
 }
 
 }  // namespace
+
+std::optional<Decimal> ToDecimal(double value) {
+  if (std::uint64_t amount = TenThousandthsOf(std::fabs(value)); amount != 0) {
+    std::uint8_t scale = 4;
+    for (; scale > 0 && amount % 10 == 0; --scale) amount /= 10;
+    return Decimal{.low = amount, .scale = scale, .negative = value < 0};
+  }
+  DecimalDigits rounded = DigitsOf(value);
+  RoundToDecimals(rounded, kLargestScale, RoundingMode::kHalfToEven);
+  Decimal decimal;
+  if (!Assemble(rounded, std::max<std::int64_t>(rounded.count - rounded.point, 0), decimal)) return std::nullopt;
+  return decimal;
+}
 
 Decimal ToDecimal(TextView plainText) {
   const bool negative = plainText.starts_with(u'-');

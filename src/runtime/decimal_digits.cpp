@@ -29,15 +29,10 @@ void SetInteger(DecimalDigits& number, std::uint64_t value, int scale) {
   StripTrailingZeros(number);
 }
 
-// Amounts and counts are most of what passes here. When n / 10^4 rounds to this very Double and n has at most 15
-// digits, then n / 10^4 is its only decimal of 15 digits, found without the general search.
 bool SetAmount(DecimalDigits& number, double magnitude) {
-  const double scaled = magnitude * 1e4;
-  if (!(scaled < 1e15)) return false;
-  const auto whole = static_cast<std::uint64_t>(scaled + 0.5);
-  if (whole == 0 || static_cast<double>(whole) / 1e4 != magnitude) return false;
-  SetInteger(number, whole, 4);
-  return true;
+  const std::uint64_t tenThousandths = TenThousandthsOf(magnitude);
+  SetInteger(number, tenThousandths, 4);
+  return tenThousandths != 0;
 }
 
 // Takes over digits and exponent of the form d.ddde+nn.

@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 
+#include "runtime/ascii.h"
 #include "runtime/text.h"
 #include "runtime/value.h"
 
@@ -30,6 +31,16 @@ struct DecimalDigits {
 /// What happens to a number that lies exactly between two candidates.
 enum class RoundingMode { kHalfAwayFromZero, kHalfToEven };
 
+/// Ten-thousandths that are this very Double, above zero and with at most 15 digits; 0 when there are none. Amounts and
+/// counts are most numbers, and n / 10^4 that rounds to the Double is its only decimal of 15 digits, found without the
+/// general search.
+inline std::uint64_t TenThousandthsOf(double magnitude) {
+  const double scaled = magnitude * 1e4;
+  if (!(scaled < 1e15)) return 0;
+  const auto whole = static_cast<std::uint64_t>(scaled + 0.5);
+  return static_cast<double>(whole) / 1e4 == magnitude ? whole : 0;
+}
+
 /// The digits of the exact binary value rounded to `limit` significant digits, halves away from zero.
 /// The value must be finite.
 DecimalDigits DigitsOf(double value, int limit = kDoubleDigits);
@@ -45,6 +56,10 @@ double NearestDouble(const DecimalDigits& number);
 /// The number times 10 to the power `decimals`, rounded to a whole number, halves to even.
 /// @return nothing when that does not fit
 std::optional<std::int64_t> WholeNumber(DecimalDigits number, int decimals = 0);
+
+/// The 15 significant digits of a number as a Decimal with as many decimals as they have, rounded to 28, halves to
+/// even; nothing when the integer part does not fit. The value must be finite.
+std::optional<Decimal> ToDecimal(double value);
 
 /// Appends sign, integer part (at least "0"), separator and fraction; `limit` digits on either side of the separator,
 /// beyond that d,dddE+nn.
@@ -67,9 +82,5 @@ class DigitCollector {
   bool afterPoint_ = false;
   bool more_ = false;
 };
-
-constexpr bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
-}
 
 }  // namespace zorkanca

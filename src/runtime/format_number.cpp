@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "runtime/digit_writer.h"
 #include "runtime/format_pattern.h"
 #include "runtime/text_sink.h"
 
@@ -9,16 +10,18 @@ namespace zorkanca {
 
 namespace {
 
-constexpr std::int64_t kGroup = 3;
-
 // Writes one number, rounded for its section before, step by step.
 class NumberWriter {
  public:
   NumberWriter(TextSink& sink, const DecimalDigits& number, std::int64_t exponent, const NumberSection& section,
                const Locale& locale)
-      : sink_(sink), number_(number), section_(section), locale_(locale), exponent_(exponent) {
+      : sink_(sink),
+        digits_(sink, number, section.grouped ? TextView(locale.groupSeparator) : TextView()),
+        section_(section),
+        locale_(locale),
+        exponent_(exponent) {
     highest_ = std::max({number.point, section.leastInteger, std::int64_t{0}}) - 1;
-    fraction_ = std::max<std::int64_t>(number.count - number.point, section.leastFraction);
+    fraction_ = std::max(digits_.Decimals(), section.leastFraction);
   }
 
   void Write() {
@@ -29,7 +32,7 @@ class NumberWriter {
           WriteIntegerPlaces(size);
           break;
         case NumberStep::Kind::kPoint:
-          if (section_.integerPlaces == 0) WriteIntegerDigits(highest_, 0);
+          if (section_.integerPlaces == 0) digits_.PutInteger(highest_, 0);
           sink_.Put(locale_.decimalSeparator);
           break;
         case NumberStep::Kind::kFraction:
@@ -47,31 +50,16 @@ class NumberWriter {
   }
 
  private:
-  char16_t Digit(std::int64_t index) const {
-    return index >= 0 && index < number_.count ? static_cast<char16_t>(number_.digits[index]) : u'0';
-  }
-
-  // The digits at places `first` down to `last`, counted from 0 at the units.
-  void WriteIntegerDigits(std::int64_t first, std::int64_t last) {
-    for (std::int64_t place = first; place >= last; --place) {
-      sink_.Put(Digit(number_.point - 1 - place));
-      if (section_.grouped && place % kGroup == 0 && place > 0) sink_.Put(locale_.groupSeparator);
-    }
-  }
-
   // The first placeholder also takes the digits for which there is none.
   void WriteIntegerPlaces(std::int64_t size) {
     const std::int64_t left = section_.integerPlaces - integerWritten_ - 1;  // place of the step's first placeholder
     const std::int64_t first = integerWritten_ == 0 ? highest_ : std::min(highest_, left);
     integerWritten_ += size;
-    WriteIntegerDigits(first, section_.integerPlaces - integerWritten_);
+    digits_.PutInteger(first, section_.integerPlaces - integerWritten_);
   }
 
   void WriteFractionPlaces(std::int64_t size) {
-    const std::int64_t end = std::min(fractionWritten_ + size, fraction_);
-    for (std::int64_t decimal = fractionWritten_; decimal < end; ++decimal) {
-      sink_.Put(Digit(number_.point + decimal));
-    }
+    digits_.PutFraction(fractionWritten_, std::min(fractionWritten_ + size, fraction_));
     fractionWritten_ += size;
   }
 
@@ -90,7 +78,7 @@ class NumberWriter {
   }
 
   TextSink& sink_;
-  const DecimalDigits& number_;
+  DigitWriter digits_;
   const NumberSection& section_;
   const Locale& locale_;
   std::int64_t exponent_;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "runtime/ascii.h"
 #include "runtime/date.h"
 
 namespace zorkanca {
@@ -26,7 +27,7 @@ class Reader {
     if (end_ - next_ < digits) return false;
     number = 0;
     for (const char* const stop = next_ + digits; next_ != stop; ++next_) {
-      if (!IsDigit()) return false;
+      if (!IsDigit(*next_)) return false;
       number = number * 10 + (*next_ - '0');
     }
     return true;
@@ -34,13 +35,11 @@ class Reader {
 
   bool SkipDigits() {
     const char* const first = next_;
-    while (!AtEnd() && IsDigit()) ++next_;
+    while (!AtEnd() && IsDigit(*next_)) ++next_;
     return next_ != first;
   }
 
  private:
-  bool IsDigit() const { return *next_ >= '0' && *next_ <= '9'; }
-
   const char* next_;
   const char* end_;
 };

@@ -4,12 +4,13 @@
 // product of the lengths, where trying all ways would take exponential time.
 #include "runtime/like.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "runtime/ascii.h"
 #include "runtime/error.h"
+#include "runtime/run_match.h"
 
 namespace zorkanca {
 
@@ -86,7 +87,7 @@ bool Matches(const Element& element, char16_t unit) {
     case Kind::kUnit:
       return unit == element.unit;
     case Kind::kDigit:
-      return unit >= u'0' && unit <= u'9';
+      return IsDigit(unit);
     case Kind::kSet: {
       const bool found =
           AnyRange(element.list, [unit](char16_t first, char16_t last) { return first <= unit && unit <= last; });
@@ -103,28 +104,9 @@ bool Matches(const Element& element, char16_t unit) {
 
 bool Like(TextView text, TextView pattern) {
   const std::vector<Element> elements = Compile(pattern);
-  constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-  std::size_t element = 0;
-  std::size_t position = 0;
-  // After a failure only the last "*" need take one unit more: what stands before it has matched as early as it can.
-  std::size_t lastRun = kNone;
-  std::size_t runEnd = 0;
-  while (position < text.size()) {
-    if (element < elements.size() && elements[element].kind == Kind::kAnyRun) {
-      lastRun = element++;
-      runEnd = position;
-    } else if (element < elements.size() && Matches(elements[element], text[position])) {
-      ++element;
-      ++position;
-    } else if (lastRun != kNone) {
-      element = lastRun + 1;
-      position = ++runEnd;
-    } else {
-      return false;
-    }
-  }
-  return std::all_of(elements.begin() + static_cast<std::ptrdiff_t>(element), elements.end(),
-                     [](const Element& rest) { return rest.kind == Kind::kAnyRun; });
+  return MatchesWhole(
+      text, elements.size(), [&](std::size_t index) { return elements[index].kind == Kind::kAnyRun; },
+      [&](std::size_t index, char16_t unit) { return Matches(elements[index], unit); });
 }
 
 }  // namespace zorkanca

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "runtime/ascii.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -22,11 +23,6 @@ inline bool TakeLiteral(TextView& pattern, TextView& literal) {
   pattern.remove_prefix(literal.size());
   if (!pattern.empty()) pattern.remove_prefix(1);
   return true;
-}
-
-/// The lower-case form of an ASCII letter; any other unit stays.
-constexpr char16_t AsciiLower(char16_t unit) {
-  return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
 /// How often the first unit repeats at the front, case ignored, at most `limit`.

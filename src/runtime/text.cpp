@@ -70,6 +70,13 @@ void AppendDecimal(Text& text, std::int64_t number) {
   text.append(first, static_cast<std::size_t>(end - first));
 }
 
+void AppendPadded(Text& text, std::int64_t number, std::size_t width) {
+  const std::size_t start = text.size();
+  AppendDecimal(text, number);
+  const std::size_t length = text.size() - start;
+  if (length < width) text.insert(start, width - length, u'0');
+}
+
 Text DecimalText(std::int64_t number) {
   Text text;
   AppendDecimal(text, number);

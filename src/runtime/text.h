@@ -47,5 +47,7 @@ Text Join(const std::vector<Text>& pieces, TextView separator);
 Text DecimalText(std::int64_t number);
 /// Appends the plain decimal form.
 void AppendDecimal(Text& text, std::int64_t number);
+/// Appends the plain decimal form of a number, not below zero, with zeros before it up to a width.
+void AppendPadded(Text& text, std::int64_t number, std::size_t width);
 
 }  // namespace zorkanca

@@ -10,13 +10,6 @@ namespace {
 
 constexpr char16_t kEscapeBase = 0xDC00;  // invalid byte B travels as the lone low surrogate U+DC00 + B
 
-constexpr bool IsHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool IsLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xDC00;
-}
-
 struct Sequence {
   std::ptrdiff_t length = 0;  // 0: the first byte starts no valid sequence
   char32_t character = 0;
@@ -68,25 +61,6 @@ char16_t* PutUtf16(char16_t* units, char32_t character) {
   return units;
 }
 
-void AppendCharacter(std::string& bytes, char32_t character) {
-  const auto put = [&](char32_t value) { bytes.push_back(static_cast<char>(value)); };
-  if (character < 0x80) {
-    put(character);
-  } else if (character < 0x800) {
-    put(0xC0 | character >> 6);
-    put(0x80 | (character & 0x3F));
-  } else if (character < 0x10000) {
-    put(0xE0 | character >> 12);
-    put(0x80 | (character >> 6 & 0x3F));
-    put(0x80 | (character & 0x3F));
-  } else {
-    put(0xF0 | character >> 18);
-    put(0x80 | (character >> 12 & 0x3F));
-    put(0x80 | (character >> 6 & 0x3F));
-    put(0x80 | (character & 0x3F));
-  }
-}
-
 }  // namespace
 
 bool AppendUtf8(Text& text, std::string_view bytes) {
@@ -131,15 +105,13 @@ void AppendAsUtf8(std::string& bytes, TextView text) {
   for (std::size_t index = 0; index < text.size(); ++index) {
     const char16_t unit = text[index];
     if (IsHighSurrogate(unit) && index + 1 < text.size() && IsLowSurrogate(text[index + 1])) {
-      const char32_t high = unit - 0xD800u;
-      const char32_t low = text[++index] - 0xDC00u;
-      AppendCharacter(bytes, 0x10000 + (high << 10 | low));
+      AppendCharacterAsUtf8(bytes, CharacterOf(unit, text[++index]));
     } else if (unit >= kEscapeBase + 0x80 && unit <= kEscapeBase + 0xFF) {
       bytes.push_back(static_cast<char>(unit - kEscapeBase));
     } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
-      AppendCharacter(bytes, 0xFFFD);
+      AppendCharacterAsUtf8(bytes, 0xFFFD);
     } else {
-      AppendCharacter(bytes, unit);
+      AppendCharacterAsUtf8(bytes, unit);
     }
   }
 }

@@ -6,6 +6,7 @@
 #include <list>
 
 #include "files/native_path.h"
+#include "opc/core_properties.h"
 #include "opc/document_kind.h"
 #include "opc/temporary_package.h"
 #include "runtime/error.h"
@@ -68,6 +69,11 @@ class EngineWord final : public WordApplication, public std::enable_shared_from_
 
 namespace {
 
+word::WordPackage OfToday(word::WordPackage package) {
+  SetDayOfOrigin(package.package(), Today());
+  return package;
+}
+
 void RequireFile(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) return;
@@ -92,7 +98,8 @@ WordDocumentReference EngineWord::AddDocument(TextView Template, bool NewTemplat
   if (NewTemplate) RaiseUnsupportedWordMember(u"Documents.Add with NewTemplate");
   if (Template.empty()) return Add(std::make_unique<word::TreeContent>(word::WordPackage::Blank()), FreshName());
   const std::string path = AbsolutePath(ToNativePath(Template));
-  return Add(std::make_unique<word::TreeContent>(lastTemplate_.Open(path, [&] { return Read(path); })), FreshName());
+  const auto read = [&] { return OfToday(Read(path)); };
+  return Add(std::make_unique<word::TreeContent>(lastTemplate_.Open(path, read)), FreshName());
 }
 
 WordDocumentReference EngineWord::OpenDocument(const OpenDocumentArguments& arguments) {

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "runtime/ascii.h"
+#include "runtime/utf8.h"
+
 namespace zorkanca {
 
 bool EqualsIgnoringAsciiCase(TextView left, TextView right) {
@@ -138,20 +141,8 @@ Text RemoveBlankLines(Text text) {
 Text Utf8Encode(TextView text, const CodePage& codePage) {
   Text encoded;
   encoded.reserve(text.size());
-  const auto put = [&](unsigned byte) { encoded.push_back(codePage.Decode(static_cast<std::uint8_t>(byte))); };
-  for (const char16_t unit : text) {
-    const unsigned code = unit;
-    if (code < 0x80) {
-      encoded.push_back(unit);
-    } else if (code < 0x800) {
-      put(0xC0 + code / 64);
-      put(0x80 + code % 64);
-    } else {
-      put(0xE0 + code / 4096);
-      put(0x80 + code / 64 % 64);
-      put(0x80 + code % 64);
-    }
-  }
+  const auto put = [&](char byte) { encoded.push_back(codePage.Decode(static_cast<std::uint8_t>(byte))); };
+  for (const char16_t unit : text) EncodeUtf8(unit, put);
   return encoded;
 }
 

@@ -17,11 +17,6 @@ constexpr bool IsTemplateBlank(char16_t unit) {
   return unit == u' ' || unit == u'\t' || unit == u'\u00A0';
 }
 
-/// The unit with an ASCII capital made small.
-constexpr char16_t AsciiLower(char16_t unit) {
-  return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
-}
-
 bool EqualsIgnoringAsciiCase(TextView left, TextView right);
 bool StartsIgnoringCase(TextView text, TextView start);
 /// Position of the first such unit at or after `from`; `npos` when there is none.

@@ -124,6 +124,63 @@ TEST(ExcelMembersTest, ContentsAsTheEnglishProgramTakesThem) {
   }
 }
 
+// What cells show: values of every kind by formats of every kind.
+TEST(ExcelMembersTest, TextsOfCells) {
+  const std::string formats =
+      "<xf/><xf numFmtId=\"4\"/><xf numFmtId=\"14\"/><xf numFmtId=\"10\"/><xf numFmtId=\"11\"/><xf numFmtId=\"49\"/>"
+      "<xf numFmtId=\"164\"/><xf numFmtId=\"22\"/><xf numFmtId=\"12\"/>";
+  struct Row {
+    int format;
+    const char* cell;  // attributes and inside
+    const char* text;
+  };
+  const Row rows[] = {
+      {0, "><v>1234.5</v>", "1234,5"},
+      {0, "><v>1E+20</v>", "1E+20"},
+      {1, "><v>-1234.5</v>", "-1~234,50"},
+      {2, "><v>45356</v>", "5.3.2024"},
+      {2, " t=\"d\"><v>2024-03-05</v>", "5.3.2024"},
+      {3, "><v>0.125</v>", "12,50%"},
+      {4, "><v>9996</v>", "1,00E+04"},
+      {5, "><v>5</v>", "5"},
+      {5, " t=\"str\"><v>05</v>", "05"},
+      {6, "><v>3</v>", "3 ks"},
+      {6, "><v>0</v>", "nic"},
+      {6, " t=\"str\"><f>A9</f><v>text</v>", "text"},
+      {7, "><v>45356.75</v>", "5.3.2024 18:00"},
+      {8, "><v>1.5</v>", "1,5"},
+      {1, " t=\"b\"><v>true</v>", "PRAVDA"},
+      {1, " t=\"b\"><v>0</v>", "NEPRAVDA"},
+      {1, " t=\"e\"><v>#REF!</v>", "#REF!"},
+      {1, "><f>B1</f>", ""},  // no result yet
+      {1, "><v/>", ""},
+      {0, " t=\"inlineStr\"><is><r><t>a</t></r><r><t xml:space=\"preserve\"> b</t></r></is>", "a b"},
+  };
+  for (const Row& row : rows) {
+    ExcelFixture fixture;
+    const ExcelWorkbookReference workbook = fixture.Add(
+        {.rows = "<row r=\"1\"><c r=\"A1\" s=\"" + std::to_string(row.format) + "\"" + row.cell + "</c></row>",
+         .formats = formats,
+         .styles = "<numFmts><numFmt numFmtId=\"164\" formatCode=\"0&quot; ks&quot;;;&quot;nic&quot;\"/></numFmts>"});
+    const Text text = workbook->ActiveSheet()->Range(u"A1")->Text();
+    EXPECT_EQ(Shown(Replace(text, u"\u00A0", u"~")), row.text) << row.cell;
+  }
+}
+
+// Imported dates count from where the workbook's do.
+TEST(ExcelMembersTest, ImportsIntoWorkbooksOf1904) {
+  ExcelFixture fixture;
+  Package package = ExcelPackage({});
+  std::string xml = package.ReadPart("/xl/workbook.xml");
+  xml.insert(xml.find("<sheets>"), "<workbookPr date1904=\"true\"/>");
+  package.ReplacePart("/xl/workbook.xml", xml);
+  package.SaveAs(fixture.folder.Path("t.xltx"));
+  const ExcelWorkbookReference workbook = fixture.Application()->AddWorkbook(fixture.folder.TextPath("t.xltx"));
+  ExcelSteps(fixture, *workbook->ActiveSheet()).Run("import gggg 5.3.2024;5.3.2024 6:00;6:00;45356");
+  EXPECT_EQ(ShownValues(*workbook->ActiveSheet()->Range(u"A1:D1")), "43894|43894.25|0.25|45356");
+  EXPECT_EQ(Shown(workbook->ActiveSheet()->Range(u"B1")->Text()), "5.3.2024 6:00");
+}
+
 TEST(ExcelMembersTest, ImportsBeginWhereTheyAreTold) {
   struct Row {
     OpenTextArguments arguments;

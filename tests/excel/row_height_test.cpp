@@ -20,11 +20,12 @@ std::string HeightsOf(const std::string& rows) {
   return heights;
 }
 
-// Formats: 0 plain, 1 wrapped, 2 wrapped in Arial 20, 3 justified, 4 wrapped and turned, 5 wrapped with indent.
+// Formats: 0 plain, 1 wrapped, 2 wrapped in Arial 20, 3 justified, 4 wrapped and turned, 5 wrapped with indent, 6 in
+// Arial 20.
 const std::string kFormats =
     "<xf fontId=\"0\"/><xf fontId=\"0\"><alignment wrapText=\"1\"/></xf><xf fontId=\"1\"><alignment wrapText=\"true\"/>"
     "</xf><xf fontId=\"0\"><alignment horizontal=\"justify\"/></xf><xf fontId=\"0\"><alignment wrapText=\"1\" "
-    "textRotation=\"90\"/></xf><xf fontId=\"0\"><alignment wrapText=\"1\" indent=\"9\"/></xf>";
+    "textRotation=\"90\"/></xf><xf fontId=\"0\"><alignment wrapText=\"1\" indent=\"9\"/></xf><xf fontId=\"1\"/>";
 const std::string kFonts =
     "<fonts><font><sz val=\"11\"/><name val=\"Calibri\"/></font><font><sz val=\"20\"/><name val=\"Arial\"/></font>"
     "</fonts>";
@@ -57,6 +58,11 @@ TEST(RowHeightTest, RowsAreAsHighAsTheirTexts) {
        "repeat 1 4 | fill tt jedna dvě tři čtyři;x/x;\"a\nb\nc\nd\"/x;y/;", "30 60 - -"},
       {"<row r=\"1\">" + Cell("A1", 2) + "</row>", "fill t 12345678", "48"},
       {"<row r=\"1\">" + Cell("A1", 1) + Cell("B1", 2) + "</row>", "fill tt \"a\nb\nc\";x", "45"},
+      // A font that is higher than a usual row, in copies too; not where nothing is written in it.
+      {"<row r=\"1\">" + Cell("A1", 6) + "</row>", "fill t x", "24"},
+      {"<row r=\"1\">" + Cell("A1", 6) + "</row>", "repeat 1 2 | fill t x/", "24 -"},
+      {"<row r=\"1\" ht=\"26.25\">" + Cell("A1", 6) + "</row>", "repeat 1 2 | fill t x/y", "26.25 26.25"},
+      {"<row r=\"1\">" + Cell("A1", 6) + Cell("B1", 1) + "</row>", "fill tt x;\"a\nb\"", "30"},
       // What does not wrap shows its line breaks in some programs.
       {"<row r=\"1\">" + Cell("A1", 0) + "</row>", "fill t \"a\nb\"", "30"},
       {"<row r=\"1\">" + Cell("A1", 0) + "</row>", "fill t jedna dvě tři čtyři pět šest", "-"},
@@ -123,6 +129,22 @@ TEST(RowHeightTest, WidthsComeFromMergedCellsAndTheSheet) {
         .Run("repeat 1 2 | fill t abcd efgh ijkl mnop qrst uvwx yz/abcd efgh ijkl mnop qrst uvwx yz");
     EXPECT_EQ(HeightsOf(fixture.SavedRows(*workbook)), one.heights) << one.before << one.behind;
   }
+}
+
+// Arrays keep in mind which of their texts have line breaks; numbers and formulas have none.
+TEST(RowHeightTest, AssignedTextsCountAsTheyAre) {
+  ExcelFixture fixture;
+  const ExcelWorkbookReference workbook =
+      fixture.Add({.rows = "<row r=\"1\"/><row r=\"2\" ht=\"33\"/>", .formats = kFormats, .styles = kFonts});
+  CellGrid grid(6, 2);
+  grid.At(0, 0) = Text(u"'1\n2\n3");
+  grid.At(1, 1) = Text(u"jeden řádek");
+  grid.At(2, 0) = Text(u"=\"a\nb\"");
+  grid.At(2, 1) = 5.0;
+  grid.At(3, 1) = Text(u"a\nb");
+  grid.At(4, 0) = Text(u"\n");
+  workbook->ActiveSheet()->Range(u"A1:B6")->FormulaR1C1(grid);
+  EXPECT_EQ(HeightsOf(fixture.SavedRows(*workbook)), "45 33 - 30 30");
 }
 
 // What is merged downwards has the room of several rows.

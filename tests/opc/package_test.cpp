@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "opc/core_properties.h"
 #include "support/raw_zip.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
@@ -113,6 +114,37 @@ TEST_F(PackageTest, AFailedSaveLeavesTheOldFile) {
   EXPECT_EQ(ErrorOf([&] { package.SaveAs(folder_.Path("a.docx")); }).number(), 6);
   EXPECT_EQ(folder_.Read("a.docx"), before);
   EXPECT_EQ(folder_.Count(), 1);
+}
+
+TEST_F(PackageTest, CoreProperties) {
+  constexpr const char* kPart = "/docProps/core.xml";
+  constexpr std::string_view kRoot = "<c:coreProperties xmlns:c=\"cp\" xmlns:d=\"http://purl.org/dc/terms/\">";
+  constexpr std::string_view kDates =
+      "<dcterms:created xmlns:dcterms=\"http://purl.org/dc/terms/\" "
+      "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+      "xsi:type=\"dcterms:W3CDTF\">2026-02-03T00:00:00Z</dcterms:created><dcterms:modified "
+      "xmlns:dcterms=\"http://purl.org/dc/terms/\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+      "xsi:type=\"dcterms:W3CDTF\">2026-02-03T00:00:00Z</dcterms:modified>";
+  const auto changed = [&](std::string_view properties) { return std::string(kRoot).append(properties); };
+  const std::pair<std::string, std::string> rows[] = {
+      {changed("<title>T</title><c:lastModifiedBy>x</c:lastModifiedBy><d:created>1999</d:created><d:modified/>"
+               "<creator>A</creator></c:coreProperties>"),
+       "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n" +
+           changed("<title>T</title><creator>A</creator>").append(kDates).append("</c:coreProperties>")},
+      {changed("<title>"), changed("<title>")},  // no XML: nothing is made worse
+  };
+  for (const auto& [before, after] : rows) {
+    Package package = Open(SmallDocument("x"));
+    SetDayOfOrigin(package, "2026-02-03");
+    EXPECT_FALSE(package.HasPart(kPart));
+    package.AddPart(kPart, "application/vnd.openxmlformats-package.core-properties+xml", before);
+    Relationships relationships = package.RelationshipsOf(Package::kRoot);
+    relationships.Add("http://schemas.openxmlformats.org/package/2006/relationships/metadata/core-properties", kPart);
+    package.SetRelationships(relationships);
+    SetDayOfOrigin(package, "2026-02-03");
+    EXPECT_EQ(SavedAndOpened(package).ReadPart(kPart), after);
+  }
+  EXPECT_THAT(Today(), ::testing::MatchesRegex("20[0-9]{2}-[01][0-9]-[0-3][0-9]"));
 }
 
 TEST_F(PackageTest, WhatIsNoPackageIsCalledByItsName) {

@@ -2,9 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "opc/xml_names.h"
+#include "opc/xml_tree.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
@@ -153,6 +156,40 @@ TEST(OpcXml, EveryUnitSurvivesEscapingOrIsLeftOut) {
   xml.clear();
   AppendXmlAttribute(xml, std::string_view("\"\t\r\n\xFF"));
   EXPECT_EQ(xml, "&quot;&#9;&#13;&#10;\xEF\xBF\xBD");
+}
+
+TEST(OpcXml, ANewChildComesToItsPlaceOfTheSchema) {
+  constexpr std::array<std::string_view, 4> kOrder = {"a", "b", "c", "d"};
+  constexpr std::string_view kDeclared = R"(<w xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main")"
+                                         R"( xmlns:o="urn:other">)";
+  struct Row {
+    const char* before;
+    const char* wanted;
+    const char* after;            ///< names as they are written; unknown ones come last
+    const char* afterVocabulary;  ///< local names of the vocabulary; others have no place
+  };
+  const Row rows[] = {
+      {"<a/><d/>", "c", "<a/><c/><d/>", "<a/><c/><d/>"},
+      {"<a/><c/>", "c", "<a/><c/>", "<a/><c/>"},
+      {"<c/><d/>", "b", "<b/><c/><d/>", "<b/><c/><d/>"},
+      {"<a/>", "d", "<a/><d/>", "<a/><d/>"},
+      {"<a/><z/>", "d", "<a/><d/><z/>", "<a/><d/><z/>"},
+      {"<!--1--><a/><o:x/><c/>", "b", "<!--1--><a/><b/><o:x/><c/>", "<!--1--><a/><o:x/><b/><c/>"},
+  };
+  const auto inside = [](const pugi::xml_document& document) {
+    std::string xml;
+    for (const pugi::xml_node child : document.document_element().children()) xml += XmlBytes(child);
+    return xml;
+  };
+  for (const Row& row : rows) {
+    const std::string xml = std::string(kDeclared) + row.before + "</w>";
+    pugi::xml_document document = ParseXml(xml, kSource);
+    RequireChild(document.document_element(), row.wanted, kOrder);
+    EXPECT_EQ(inside(document), row.after) << row.before;
+    document = ParseXml(xml, kSource);
+    RequireChild(document.document_element(), XmlNames(document), XmlSpace::kSheet, row.wanted, kOrder);
+    EXPECT_EQ(inside(document), row.afterVocabulary) << row.before;
+  }
 }
 
 }  // namespace

@@ -82,6 +82,34 @@ TEST_F(Zip, HostileArchivesAreRefusedWithTheirReason) {
   EXPECT_EQ(ErrorOf([&] { ZipReader{folder_.path()}; }).number(), 75);
 }
 
+TEST_F(Zip, TheEndIsFoundBeforeAnyComment) {
+  const std::string signature = "PK\5\6";
+  const std::string zip = RawZip({{"a", "12345"}});
+  const auto numbers = [](std::uint16_t comment) {
+    return LittleEndian(0, 4) + LittleEndian(1, 2) + LittleEndian(1, 2) + LittleEndian(50, 4) + LittleEndian(0, 4) +
+           LittleEndian(comment, 2);
+  };
+  const std::string comments[] = {
+      "",
+      "plain",
+      signature,
+      "x" + signature + "y",
+      signature + "less than a record",
+      signature + signature,
+      // what would be a record whose own comment is longer than the file
+      signature + numbers(500),
+      signature + numbers(500) + "and more",
+      std::string(0xFFFF, 'x'),
+  };
+  for (const std::string& comment : comments) {
+    const std::string bytes = zip.substr(0, zip.size() - 2) + LittleEndian(comment.size(), 2) + comment;
+    const ZipReader opened = Open(bytes);
+    ASSERT_EQ(opened.entries().size(), 1u) << comment.size();
+    EXPECT_EQ(opened.Read(opened.entries()[0]), "12345") << comment.size();
+  }
+  EXPECT_THAT(Refusal(zip + std::string(0x10000, 'x')), HasSubstr("its end is missing"));
+}
+
 TEST_F(Zip, LimitsHoldForWhatTheDirectoryTells) {
   const std::string two = RawZip({{"a", "12345"}, {"b", "12345"}});
   EXPECT_THAT(Refusal(two, {.entries = 1}), HasSubstr("more than 1 parts"));

@@ -59,7 +59,9 @@ TEST(WordDataSource, ReadsWhatTheExportsWrite) {
       {"A;B;C\r\n;;\r\n;;\r\n1\r\n1;2;3;4\r\n", "A|B|C|/|||/|||/1|||/1|2|3|/"},  // blank, short and long records
       {"A\r\n\r\nx\r\n", "A|/|/x|/"},
       {"A;B\r\n\"a;b\";\"12\"\" sign\"\r\n\"\"\"q\"\"\";\"\"\r\n", "A|B|/a;b|12\" sign|/\"q\"||/"},
-      {"A;B\r\n\"a\r\nb\";a\nb\rc\r\n", "A|B|/a\\r\\nb|a\\nb\\rc|/"},    // quoted CR LF, lone CR and LF
+      {"A;B\r\n\"a\r\nb\";a\nb\rc\r\n", "A|B|/a\\r\\nb|a\\nb\\rc|/"},  // quoted CR LF, lone CR and LF
+      {"A;B\r\n\"a\rb\";\"c\"\rd\";\"e\"\r\nf\r\n",
+       "A|B|/a\\rb|c\"\\rd|/f||/"},  // CR in quotes, behind a lone quote, at the end
       {"A;B\r\na\"\"b;c\"d\r\n\"\"x;y\r\n", "A|B|/a\"b|c\"d|/\"x|y|/"},  // doubled quotes in plain text
       {"A;B\r\n\"a\"b\"\"c;d\";2\r\n", "A|B|/a\"b\"c;d|2|/"},            // a lone quote inside a quoted value
       {"A;B\n1;2\n\"x\ny\";3\n", "A|B|/1|2|/x\\ny|3|/"},                 // lines of another system

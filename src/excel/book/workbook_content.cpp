@@ -8,6 +8,7 @@
 #include "opc/office_error.h"
 #include "opc/xml_document.h"
 #include "opc/xml_names.h"
+#include "opc/xml_tree.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::excel {
@@ -18,10 +19,6 @@ constexpr std::string_view kWorkbook = "application/vnd.openxmlformats-officedoc
 constexpr std::string_view kTemplate = "application/vnd.openxmlformats-officedocument.spreadsheetml.template.main+xml";
 constexpr std::string_view kMacroWorkbook = "application/vnd.ms-excel.sheet.macroEnabled.main+xml";
 constexpr std::string_view kMacroTemplate = "application/vnd.ms-excel.template.macroEnabled.main+xml";
-
-bool IsTrue(std::string_view value) {
-  return value == "1" || value == "true" || value == "on";
-}
 
 }  // namespace
 

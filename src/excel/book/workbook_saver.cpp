@@ -18,34 +18,23 @@
 #include "excel/tables/cell_reader.h"
 #include "opc/deflated_part.h"
 #include "opc/xml_names.h"
+#include "opc/xml_tree.h"
 
 namespace zorkanca::excel {
 
 namespace {
 
-// Children of a workbook in the order of the schema, from where something may have to be put.
-constexpr std::array<std::string_view, 14> kBehindViews = {
-    "sheets",        "functionGroups",      "externalReferences", "definedNames", "calcPr",
-    "oleSize",       "customWorkbookViews", "pivotCaches",        "smartTagPr",   "smartTagTypes",
-    "webPublishing", "fileRecoveryPr",      "webPublishObjects",  "extLst"};
-
-pugi::xml_node RequireChild(const XmlNames& names, pugi::xml_node root, std::string_view name) {
-  if (pugi::xml_node child = names.Child(root, XmlSpace::kSheet, name)) return child;
-  const auto place = std::find(kBehindViews.begin(), kBehindViews.end(), name);
-  pugi::xml_node before;
-  for (auto later = place == kBehindViews.end() ? kBehindViews.begin() : place + 1;
-       later < kBehindViews.end() && !before; ++later) {
-    before = names.Child(root, XmlSpace::kSheet, *later);
-  }
-  const std::string qualified = names.Qualified(XmlSpace::kSheet, name);
-  return before ? root.insert_child_before(qualified.c_str(), before) : root.append_child(qualified.c_str());
-}
-
-void SetAttribute(pugi::xml_node node, const char* name, const std::string& value) {
-  pugi::xml_attribute attribute = node.attribute(name);
-  if (!attribute) attribute = node.append_attribute(name);
-  attribute.set_value(value.c_str());
-}
+// Children of a workbook in the order of the schema.
+constexpr std::array<std::string_view, 19> kWorkbookOrder = {"fileVersion",    "fileSharing",
+                                                             "workbookPr",     "workbookProtection",
+                                                             "bookViews",      "sheets",
+                                                             "functionGroups", "externalReferences",
+                                                             "definedNames",   "calcPr",
+                                                             "oleSize",        "customWorkbookViews",
+                                                             "pivotCaches",    "smartTagPr",
+                                                             "smartTagTypes",  "webPublishing",
+                                                             "fileRecoveryPr", "webPublishObjects",
+                                                             "extLst"};
 
 // Cells of a sheet that nobody changed that refer to a shared text.
 std::uint64_t CountReferences(std::string_view xml) {
@@ -53,7 +42,7 @@ std::uint64_t CountReferences(std::string_view xml) {
   XmlScanner scanner(xml);
   for (auto token = scanner.Next(); token != XmlScanner::Token::kDone; token = scanner.Next()) {
     if (token == XmlScanner::Token::kStart && LocalName(scanner.name()) == "c" &&
-        FindAttribute(scanner.attributes(), "t") == "s") {
+        AttributeText(scanner.attributes(), "t") == "s") {
       ++count;
     }
   }
@@ -109,10 +98,9 @@ void WorkbookSaver::WriteSheet(const SheetEntry& entry) {
   WatchedWork work(workbook_.watch_, ExcelWork::kSaving, static_cast<std::uint64_t>(sheet.Extent().bottom));
   while (composer.Next()) {
     work.Reach(static_cast<std::uint64_t>(composer.number()));
-    const std::string_view raw = composer.Untouched();
-    if (raw.data()) {
-      untouched += CountReferences(raw);
-      writer.WriteRaw(raw);
+    if (const std::optional<std::string_view> raw = composer.Untouched()) {
+      untouched += CountReferences(*raw);
+      writer.WriteRaw(*raw);
       continue;
     }
     const RowView& row = composer.Compose();
@@ -172,14 +160,15 @@ void WorkbookSaver::WriteWorkbook() {
   document.reset(workbook_.workbook_);
   const XmlNames names(document);
   const pugi::xml_node root = document.document_element();
-  if (changed_) SetAttribute(RequireChild(names, root, "calcPr"), "fullCalcOnLoad", "1");
+  if (changed_)
+    SetAttribute(RequireChild(root, names, XmlSpace::kSheet, "calcPr", kWorkbookOrder), "fullCalcOnLoad", "1");
   if (!renames_.empty()) {
     for (pugi::xml_node name : names.Child(root, XmlSpace::kSheet, "definedNames").children()) {
       if (name.text()) name.text().set(renames_.Renamed(name.text().get()).c_str());
     }
   }
   if (workbook_.activeChanged_) {
-    pugi::xml_node views = RequireChild(names, root, "bookViews");
+    pugi::xml_node views = RequireChild(root, names, XmlSpace::kSheet, "bookViews", kWorkbookOrder);
     pugi::xml_node view = names.Child(views, XmlSpace::kSheet, "workbookView");
     if (!view) view = views.append_child(names.Qualified(XmlSpace::kSheet, "workbookView").c_str());
     SetAttribute(view, "activeTab", std::to_string(workbook_.activeSheet_));

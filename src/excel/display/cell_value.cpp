@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "excel/grid/serial_date.h"
 #include "excel/tables/cell_reader.h"
 #include "excel/tables/string_item.h"
 #include "runtime/iso_date.h"
@@ -10,8 +11,6 @@ namespace zorkanca::excel {
 
 namespace {
 
-constexpr double kDaysTo1904 = 1462;
-
 CellValue NumberOf(std::string_view text) {
   double number = 0;
   const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -19,11 +18,10 @@ CellValue NumberOf(std::string_view text) {
   return number;
 }
 
-// Serial numbers believe in 29.2.1900, which dates do not know.
-CellValue SerialOf(std::string_view isoText, bool is1904) {
+CellValue SerialOfIsoText(std::string_view isoText, bool is1904) {
   const std::optional<Date> date = ParseIsoDate(isoText);
   if (!date) return {};
-  const double serial = date->serial < 61 ? date->serial - 1 : date->serial;
+  const double serial = SerialOf(*date);
   return serial >= 1 ? serial - (is1904 ? kDaysTo1904 : 0) : date->serial;
 }
 
@@ -62,7 +60,7 @@ CellValue ValueOf(const CellView& cell, const SharedStrings& texts, std::string_
   if (result.empty()) return {};
   if (cell.type == "b") return result == "1" || result == "true";
   if (cell.type == "e") return ErrorValue{result};
-  if (cell.type == "d") return SerialOf(result, is1904);
+  if (cell.type == "d") return SerialOfIsoText(result, is1904);
   return NumberOf(result);
 }
 

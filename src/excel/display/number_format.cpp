@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "excel/display/number_format_reader.h"
+#include "excel/grid/serial_date.h"
 #include "runtime/date.h"
 #include "runtime/decimal_digits.h"
 #include "runtime/utf8.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::int32_t kShortDate = 14;
 constexpr std::int32_t kShortDateAndTime = 22;
-constexpr double kDaysTo1904 = 1462;
 constexpr double kSecondsOfDay = 86400;
 
 Text PatternOf(const NumberFormatCode& code, const Locale& locale) {
@@ -31,12 +31,6 @@ std::int64_t TakeExponent(DecimalDigits& number, std::int64_t places) {
   const std::int64_t exponent = (above >= 0 ? above / places : (above + 1) / places - 1) * places;
   number.point -= exponent;
   return exponent;
-}
-
-void AppendPadded(Text& text, std::int64_t number, std::size_t width) {
-  const Text digits = DecimalText(number);
-  if (digits.size() < width) text.append(width - digits.size(), u'0');
-  text += digits;
 }
 
 }  // namespace
@@ -235,9 +229,9 @@ void NumberFormat::ShowNumber(Text& text, double value, const Section& section) 
 }
 
 void NumberFormat::ShowDate(Text& text, double value, const Section& section) const {
-  double serial = value + (is1904_ ? kDaysTo1904 : 0);
-  const bool falseDay = serial >= 60 && serial < 61;  // the 29.2.1900 that never was
-  if (serial < 61) serial += falseDay ? 0 : 1;
+  const double ownSerial = value + (is1904_ ? kDaysTo1904 : 0);
+  const bool falseDay = IsFalseDay(ownSerial);
+  double serial = DateOfSerial(ownSerial).serial;
   if (value < 0 || !IsDateSerial(serial)) {
     text += u"#";
     return;

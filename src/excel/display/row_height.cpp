@@ -1,10 +1,11 @@
 // Heights of rows.
 //
-// A row is measured only when one of its cells has a format that wraps or a text with line breaks; for all others the
-// test costs a look into a table. Measured rows are as high as their highest cell: lines by the height of a line in the
-// cell's font, where the lines are those that the text breaks into by words at the width of its column (of all its
-// columns, for cells merged sideways) and at its line breaks. A height that somebody set stays; one that the program
-// found for other contents ("ht" without "customHeight") is found anew.
+// A row is measured only when one of its cells has a format that wraps, a text with line breaks, or a font that is
+// higher than rows usually are; for all others the test costs a look into a table, or none where no cell format does
+// any of it. Measured rows are as high as their highest cell: lines by the height of a line in the cell's font, where
+// the lines are those that the text breaks into by words at the width of its column (of all its columns, for cells
+// merged sideways) and at its line breaks. A height that somebody set stays; one that the program found for other
+// contents ("ht" without "customHeight") is found anew.
 //
 // The widths of letters are those of two fonts, so that this is an estimate; the program finds its own as soon as
 // somebody edits the row, because the height is not marked as set. The cost grows with the texts of the measured rows.
@@ -15,6 +16,7 @@
 
 #include "excel/display/cell_value.h"
 #include "excel/grid/xml_scanner.h"
+#include "opc/xml_tree.h"
 
 namespace zorkanca::excel {
 
@@ -23,10 +25,6 @@ namespace {
 constexpr double kPointsPerPixel = 0.75;
 constexpr double kHighest = 409.5;  // points
 constexpr std::size_t kRememberedTexts = 256;
-
-bool IsTrue(std::string_view value) {
-  return value == "1" || value == "true" || value == "on";
-}
 
 bool IsText(const CellView& cell) {
   if (cell.kind == CellKind::kText) return true;
@@ -45,8 +43,8 @@ RowHeights::RowHeights(const SheetModel& sheet, const SharedStrings& texts, cons
       remembered_(kRememberedTexts) {
   std::sort(merges_.begin(), merges_.end(), [](const CellArea& a, const CellArea& b) { return a.top < b.top; });
   ReadDefaults();
-  for (std::uint32_t style = 0; style < sheet.styles().size() && !someWrap_; ++style) {
-    someWrap_ = sheet.styles().LineBreakingOf(style).wraps;
+  for (std::uint32_t style = 0; style < sheet.styles().size() && !someCount_; ++style) {
+    someCount_ = FindKind(style) != Kind::kPlain;
   }
 }
 
@@ -72,32 +70,41 @@ const RowHeights::Format& RowHeights::FormatOf(std::uint32_t style) {
   return *formats_[style];
 }
 
-bool RowHeights::Wraps(const CellView& cell) {
-  if (cell.style >= wraps_.size()) wraps_.resize(cell.style + 1, Known::kUnknown);
-  Known& wraps = wraps_[cell.style];
-  if (wraps == Known::kUnknown) wraps = FormatOf(cell.style).breaking.wraps ? Known::kYes : Known::kNo;
-  return wraps == Known::kYes && cell.kind != CellKind::kBlank;
+RowHeights::Kind RowHeights::FindKind(std::uint32_t style) const {
+  if (sheet_.styles().LineBreakingOf(style).wraps) return Kind::kWraps;
+  constexpr int kRounding = 1;  // heights of the usual fonts are known that closely
+  const bool tall = TextWidths(sheet_.styles().FontOf(style)).LinePixels() > defaultPixels_ + kRounding;
+  return tall ? Kind::kTall : Kind::kPlain;
+}
+
+RowHeights::Kind RowHeights::KindOf(const CellView& cell) {
+  if (!someCount_ || cell.kind == CellKind::kBlank) return cell.hasLines ? Kind::kWraps : Kind::kPlain;
+  if (cell.style >= kinds_.size()) kinds_.resize(cell.style + 1, Kind::kUnknown);
+  Kind& kind = kinds_[cell.style];
+  if (kind == Kind::kUnknown) kind = FindKind(cell.style);
+  return cell.hasLines ? Kind::kWraps : kind;
 }
 
 double RowHeights::Of(const RowView& row) {
   if (allSet_) return 0;
-  bool mayBreak = false;
-  for (const CellView& cell : row.cells) mayBreak = mayBreak || MayBreak(cell);
-  if (!mayBreak) return 0;
-  const std::string_view known = FindAttribute(row.attributes, "ht");
-  if (IsTrue(FindAttribute(row.attributes, "customHeight")) || IsTrue(FindAttribute(row.attributes, "hidden")))
+  Kind kind = Kind::kPlain;
+  for (const CellView& cell : row.cells) kind = std::max(kind, KindOf(cell));
+  if (kind == Kind::kPlain) return 0;
+  const bool isKnown = FindAttribute(row.attributes, "ht").has_value();
+  if (kind == Kind::kTall && isKnown) return 0;  // found for the same font
+  if (IsTrue(AttributeText(row.attributes, "customHeight")) || IsTrue(AttributeText(row.attributes, "hidden")))
     return 0;
   std::int64_t pixels = defaultPixels_;
   for (const CellView& cell : row.cells) {
     if (cell.kind == CellKind::kBlank) continue;
     pixels = std::max(pixels, LinesOf(cell, row.row) * FormatOf(cell.style).linePixels);
   }
-  if (pixels == defaultPixels_ && !known.data()) return 0;
+  if (pixels == defaultPixels_ && !isKnown) return 0;
   return std::min(static_cast<double>(pixels) * kPointsPerPixel, kHighest);
 }
 
 std::int64_t RowHeights::LinesOf(const CellView& cell, std::int32_t row) {
-  if (!MayBreak(cell) || !IsText(cell) || FormatOf(cell.style).breaking.rotated) return 1;
+  if (KindOf(cell) != Kind::kWraps || !IsText(cell) || FormatOf(cell.style).breaking.rotated) return 1;
   if (cell.kind == CellKind::kText) return LinesIn(cell.content, cell, row);
   Remembered& place = remembered_[(reinterpret_cast<std::uintptr_t>(cell.content.data()) >> 3) % kRememberedTexts];
   if (place.text != cell.content.data() || place.style != cell.style) {

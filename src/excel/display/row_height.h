@@ -1,4 +1,4 @@
-// How high rows are whose texts may take several lines, for readers that do not find it out themselves.
+// How high rows are whose texts may take several lines or a large font, for readers that do not find it out themselves.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ class RowHeights {
              std::vector<CellArea> merges);
 
   /// The height in points that a row is to be written with; 0 for one that stays as it is, because nothing of it can
-  /// take more than a line or because its height is set.
+  /// need more than a usual row or because its height is set.
   double Of(const RowView& row);
 
  private:
@@ -33,7 +33,8 @@ class RowHeights {
     int linePixels = 0;
     LineBreaking breaking;
   };
-  enum class Known : std::uint8_t { kUnknown, kNo, kYes };
+  /// What a cell may do to the height of its row, the more the later.
+  enum class Kind : std::uint8_t { kUnknown, kPlain, kTall, kWraps };
   /// Lines of a text of the file, which copies of its row have again and again.
   struct Remembered {
     const char* text = nullptr;
@@ -41,9 +42,9 @@ class RowHeights {
     std::int64_t lines = 0;
   };
 
-  // Formats that are made while rows are composed wrap only what has line breaks, or what wrapped before.
-  bool MayBreak(const CellView& cell) { return cell.hasLines || (someWrap_ && Wraps(cell)); }
-  bool Wraps(const CellView& cell);
+  // Formats that are made while rows are composed do only what others did before, or have texts with line breaks.
+  Kind KindOf(const CellView& cell);
+  Kind FindKind(std::uint32_t style) const;
   const Format& FormatOf(std::uint32_t style);
   std::int64_t LinesOf(const CellView& cell, std::int32_t row);
   std::int64_t LinesIn(std::string_view utf8, const CellView& cell, std::int32_t row);
@@ -61,8 +62,8 @@ class RowHeights {
   double defaultWidth_ = 0;                       // in digits with margins
   int defaultPixels_ = 0;                         // of a row
   bool allSet_ = false;                           // every row has a height
-  bool someWrap_ = false;                         // some cell format wraps
-  std::vector<Known> wraps_;                      // by cell format
+  bool someCount_ = false;                        // some cell format may need more than a usual row
+  std::vector<Kind> kinds_;                       // by cell format
   std::vector<std::unique_ptr<Format>> formats_;  // the same, for those that were needed
   std::vector<int> columnPixels_;                 // by column; -1 while unknown
   std::vector<Remembered> remembered_;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "opc/ascii_case.h"
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::excel {

@@ -12,6 +12,7 @@
 #include "excel/tables/cell_reader.h"
 #include "opc/office_error.h"
 #include "opc/xml_names.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca::excel {
 
@@ -24,7 +25,7 @@ bool IsAnchor(std::string_view local) {
 }
 
 std::string_view WithoutNumber(std::string_view name) {
-  while (!name.empty() && name.back() >= '0' && name.back() <= '9') name.remove_suffix(1);
+  while (!name.empty() && IsDigit(name.back())) name.remove_suffix(1);
   while (!name.empty() && name.back() == ' ') name.remove_suffix(1);
   return name;
 }
@@ -39,7 +40,7 @@ class AnchorReader {
   // The scanner has just passed the start tag of the anchor.
   DrawingPart::Anchor Read() {
     mayRepeat_ =
-        LocalName(scanner_.name()) != "absoluteAnchor" && FindAttribute(scanner_.attributes(), "editAs") != "absolute";
+        LocalName(scanner_.name()) != "absoluteAnchor" && AttributeText(scanner_.attributes(), "editAs") != "absolute";
     copied_ = scanner_.begin();
     std::vector<std::string_view> open{LocalName(scanner_.name())};
     while (!open.empty()) {
@@ -105,7 +106,7 @@ class AnchorReader {
         if (isObject && name == "name" && index >= 0) NameHole(value, index);
       }
     } else if (local == "creationId") {
-      const std::string_view id = FindAttribute(scanner_.attributes(), "id");
+      const std::string_view id = AttributeText(scanner_.attributes(), "id");
       constexpr std::size_t kDigits = 8;
       if (id.size() > kDigits + 1 && id.front() == '{') {
         Hole(OffsetOf(id) + 1, OffsetOf(id) + 1 + kDigits, Kind::kUnique, 0);

@@ -17,8 +17,8 @@ FileFormula ReadFileFormula(std::string_view element) {
   XmlScanner scanner(element);
   FileFormula formula;
   const XmlScanner::Token token = scanner.Next();
-  const std::string_view type = FindAttribute(scanner.attributes(), "t");
-  formula.area = type == "array" ? ParseArea(FindAttribute(scanner.attributes(), "ref")) : std::nullopt;
+  const std::string_view type = AttributeText(scanner.attributes(), "t");
+  formula.area = type == "array" ? ParseArea(AttributeText(scanner.attributes(), "ref")) : std::nullopt;
   formula.movable = type != "dataTable" && token == XmlScanner::Token::kStart;
   if (formula.movable) formula.text = scanner.ReadCharacters();
   return formula;

@@ -1,5 +1,7 @@
 #include "excel/grid/formula_scanner.h"
 
+#include "runtime/ascii.h"
+
 namespace zorkanca::excel {
 
 namespace {
@@ -42,10 +44,6 @@ std::size_t ErrorLength(std::string_view formula) {
   return length;
 }
 
-constexpr bool IsAsciiDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 }  // namespace
 
 std::size_t OpaqueLength(std::string_view formula) {
@@ -65,10 +63,10 @@ std::size_t OpaqueLength(std::string_view formula) {
 std::size_t NumberLength(std::string_view formula) {
   std::size_t at = 0;
   const auto digits = [&] {
-    while (at < formula.size() && IsAsciiDigit(formula[at])) ++at;
+    while (at < formula.size() && IsDigit(formula[at])) ++at;
   };
   digits();
-  if (at == 0 && !(formula.size() > 1 && formula[0] == '.' && IsAsciiDigit(formula[1]))) return 0;
+  if (at == 0 && !(formula.size() > 1 && formula[0] == '.' && IsDigit(formula[1]))) return 0;
   if (at < formula.size() && formula[at] == '.') {
     ++at;
     digits();
@@ -76,7 +74,7 @@ std::size_t NumberLength(std::string_view formula) {
   if (at < formula.size() && (formula[at] == 'E' || formula[at] == 'e')) {
     std::size_t exponent = at + 1;
     if (exponent < formula.size() && (formula[exponent] == '+' || formula[exponent] == '-')) ++exponent;
-    if (exponent < formula.size() && IsAsciiDigit(formula[exponent])) {
+    if (exponent < formula.size() && IsDigit(formula[exponent])) {
       at = exponent;
       digits();
     }

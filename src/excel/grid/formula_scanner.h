@@ -3,11 +3,13 @@
 
 #include <string_view>
 
+#include "runtime/ascii.h"
+
 namespace zorkanca::excel {
 
 /// True for what names of functions, sheets and ranges are made of, "$" too.
 constexpr bool IsNameCharacter(char c) {
-  const bool alphanumeric = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  const bool alphanumeric = IsAlphanumeric(c);
   return alphanumeric || c == '_' || c == '.' || c == '$' || c == '\\' || c == '?' ||
          static_cast<unsigned char>(c) > 127;
 }

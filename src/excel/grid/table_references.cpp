@@ -90,7 +90,7 @@ std::string TableRenames::RenamedElement(std::string_view element) const {
   const std::string_view name = scanner.name();
   std::string result(element.substr(0, scanner.end()));
   const std::string formula = scanner.ReadCharacters();
-  EscapeText(Renamed(formula), [&](std::string_view piece) { result += piece; });
+  EscapeXmlText(Renamed(formula), kCarriageReturn, [&](std::string_view piece) { result += piece; });
   return result.append("</").append(name).append(">");
 }
 

@@ -9,27 +9,12 @@
 #include <string_view>
 
 #include "opc/part_sink.h"
+#include "opc/xml_escape.h"
 
 namespace zorkanca::excel {
 
-/// Gives out character data piece by piece: & < > escaped, what XML 1.0 forbids left out. The text is valid UTF-8.
-/// @param put  called with std::string_view
-template <typename Put>
-void EscapeText(std::string_view utf8, Put put) {
-  const auto isPlain = [](char c) { return static_cast<unsigned char>(c) >= 0x20 && c != '&' && c != '<' && c != '>'; };
-  std::size_t start = 0;
-  for (std::size_t at = 0; at < utf8.size(); ++at) {
-    if (isPlain(utf8[at])) continue;
-    put(utf8.substr(start, at - start));
-    start = at + 1;
-    if (utf8[at] == '&') put("&amp;");
-    if (utf8[at] == '<') put("&lt;");
-    if (utf8[at] == '>') put("&gt;");
-    if (utf8[at] == '\t' || utf8[at] == '\n') put(utf8.substr(at, 1));
-    if (utf8[at] == '\r') put("_x000D_");  // a reader would make a line feed of it
-  }
-  put(utf8.substr(start));
-}
+/// What stands for a carriage return in the texts of cells.
+inline constexpr std::string_view kCarriageReturn = "_x000D_";
 
 class XmlBuffer {
  public:
@@ -55,7 +40,7 @@ class XmlBuffer {
     size_ = static_cast<std::size_t>(end - bytes_.get());
   }
   void PutText(std::string_view utf8) {
-    EscapeText(utf8, [this](std::string_view piece) { Put(piece); });
+    EscapeXmlText(utf8, kCarriageReturn, [this](std::string_view piece) { Put(piece); });
   }
 
   void Flush() {

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "runtime/utf8.h"
+
 namespace zorkanca::excel {
 
 namespace {
@@ -12,29 +14,13 @@ constexpr bool IsXmlBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-void AppendUtf8Character(std::string& text, std::uint32_t code) {
-  const auto put = [&](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
-  if (code < 0x80) return put(code);
-  if (code < 0x800) {
-    put(0xC0 | code >> 6);
-  } else if (code < 0x10000) {
-    put(0xE0 | code >> 12);
-    put(0x80 | (code >> 6 & 0x3F));
-  } else {
-    put(0xF0 | code >> 18);
-    put(0x80 | (code >> 12 & 0x3F));
-    put(0x80 | (code >> 6 & 0x3F));
-  }
-  put(0x80 | (code & 0x3F));
-}
-
 void AppendReference(std::string& text, std::string_view name) {
   if (name.starts_with('#')) {
     const bool hexadecimal = name.starts_with("#x");
     std::uint32_t code = 0;
     const char* const first = name.data() + (hexadecimal ? 2 : 1);
     std::from_chars(first, name.data() + name.size(), code, hexadecimal ? 16 : 10);
-    AppendUtf8Character(text, code);
+    AppendCharacterAsUtf8(text, code);
   } else if (name == "amp") {
     text.push_back('&');
   } else if (name == "lt") {
@@ -148,13 +134,13 @@ bool TakeAttribute(std::string_view& attributes, std::string_view& name, std::st
   return true;
 }
 
-std::string_view FindAttribute(std::string_view attributes, std::string_view name) {
+std::optional<std::string_view> FindAttribute(std::string_view attributes, std::string_view name) {
   std::string_view each;
   std::string_view value;
   while (TakeAttribute(attributes, each, value)) {
     if (each == name) return value;
   }
-  return {};
+  return std::nullopt;
 }
 
 void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -50,8 +51,12 @@ class XmlScanner {
 /// Takes the next attribute off the front of an attribute text.
 /// @return false when there is none
 bool TakeAttribute(std::string_view& attributes, std::string_view& name, std::string_view& rawValue);
-/// The raw value of an attribute; null data when it is missing.
-std::string_view FindAttribute(std::string_view attributes, std::string_view name);
+/// The raw value of an attribute, if there is one.
+std::optional<std::string_view> FindAttribute(std::string_view attributes, std::string_view name);
+/// The same, empty without one.
+inline std::string_view AttributeText(std::string_view attributes, std::string_view name) {
+  return FindAttribute(attributes, name).value_or(std::string_view());
+}
 /// Appends the attributes but for those of these names, a blank in front of each.
 void AppendAttributesBut(std::string& xml, std::string_view attributes, std::initializer_list<std::string_view> names);
 /// Appends a raw value or text with its references resolved.

@@ -26,7 +26,7 @@ std::uint32_t ColumnTable::StyleOf(std::int32_t column) const {
 
 std::optional<double> ColumnTable::WidthOf(std::int32_t column) const {
   const Range* range = RangeOf(column);
-  const std::string_view text = range ? FindAttribute(range->attributes, "width") : std::string_view();
+  const std::string_view text = range ? AttributeText(range->attributes, "width") : std::string_view();
   double width = 0;
   const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), width);
   return failure == std::errc() ? std::optional(width) : std::nullopt;
@@ -71,7 +71,7 @@ std::string ColumnTable::ToXml(std::string_view prefix) const {
     AppendNumber(xml, range.last);
     xml += "\"";
     // A column without width would have none at all.
-    if (!FindAttribute(range.attributes, "width").data()) xml += " width=\"9.140625\"";
+    if (!FindAttribute(range.attributes, "width")) xml += " width=\"9.140625\"";
     if (range.style != 0) {
       xml += " style=\"";
       AppendNumber(xml, range.style);

@@ -14,12 +14,13 @@
 #include <algorithm>
 #include <charconv>
 
+#include "excel/grid/serial_date.h"
+
 namespace zorkanca::excel {
 
 namespace {
 
 constexpr std::int32_t kNoRow = kLastRow + 1;
-constexpr double kDaysTo1904 = 1462;
 
 // The next row of a range of rows.
 std::int32_t NextWithin(std::int32_t first, std::int32_t last, std::int32_t after) {
@@ -121,12 +122,13 @@ const SheetPart::RowEntry* RowComposer::FileRow(std::int32_t row) const {
   return found != rows.end() && found->row == row ? &*found : nullptr;
 }
 
-std::string_view RowComposer::Untouched() const {
+std::optional<std::string_view> RowComposer::Untouched() const {
   for (const Layer& layer : model_.layers()) {
-    if (AreaOf(layer).HasRow(row_)) return {};
+    if (AreaOf(layer).HasRow(row_)) return std::nullopt;
   }
   const SheetPart::RowEntry* entry = FileRow(row_);
-  return entry && !entry->hasFormula ? model_.part().XmlOf(*entry) : std::string_view();
+  if (!entry || entry->hasFormula) return std::nullopt;
+  return model_.part().XmlOf(*entry);
 }
 
 const RowView& RowComposer::Compose() {

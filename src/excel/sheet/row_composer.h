@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,8 +22,8 @@ class RowComposer {
   /// Goes to a row, before the first one with 0.
   void Seek(std::int32_t row) { row_ = row; }
   std::int32_t number() const { return row_; }
-  /// The row as the file has it, when nothing was laid over it and it needs no change; null data otherwise.
-  std::string_view Untouched() const;
+  /// The row as the file has it, when nothing was laid over it and it needs no change.
+  std::optional<std::string_view> Untouched() const;
   /// Puts the current row together. The view lives until the next call.
   const RowView& Compose();
   /// Puts any row together; ascending order is cheap.

@@ -16,6 +16,7 @@
 #include "excel/grid/xml_scanner.h"
 #include "opc/xml_escape.h"
 #include "opc/xml_names.h"
+#include "opc/xml_tree.h"
 
 namespace zorkanca::excel {
 
@@ -47,12 +48,6 @@ constexpr std::array<std::string_view, 20> kOrder = {"sheetPr",
 constexpr const char* kColumnsMark = "zorkanca-columns";
 constexpr const char* kMergesMark = "zorkanca-merges";
 constexpr const char* kLinksMark = "zorkanca-links";
-
-void SetAttribute(pugi::xml_node node, const char* name, const std::string& value) {
-  pugi::xml_attribute attribute = node.attribute(name);
-  if (!attribute) attribute = node.append_attribute(name);
-  attribute.set_value(value.c_str());
-}
 
 class ShellMaker {
  public:

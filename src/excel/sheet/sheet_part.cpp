@@ -78,7 +78,7 @@ class SheetIndexer {
     if (colon != name.npos) part_.prefix_ = name.substr(0, colon + 1);
     const std::string declaration = colon == name.npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
     std::string uri;
-    AppendResolved(uri, FindAttribute(scanner_.attributes(), declaration));
+    AppendResolved(uri, AttributeText(scanner_.attributes(), declaration));
     if (SpaceOf(uri) != XmlSpace::kSheet || Local() != "worksheet") Refuse("it is no worksheet");
   }
 
@@ -100,10 +100,10 @@ class SheetIndexer {
   }
 
   void BeginRow() {
-    const std::string_view number = FindAttribute(scanner_.attributes(), "r");
-    const std::optional<std::uint32_t> given =
-        number.data() ? WholeNumberOf(number) : static_cast<std::uint32_t>(row_) + 1;
-    if (!given || *given < 1 || *given > std::uint32_t{kLastRow}) Refuse("it has a row " + std::string(number));
+    const std::optional<std::string_view> number = FindAttribute(scanner_.attributes(), "r");
+    const std::optional<std::uint32_t> given = number ? WholeNumberOf(*number) : static_cast<std::uint32_t>(row_) + 1;
+    if (!given || *given < 1 || *given > std::uint32_t{kLastRow})
+      Refuse("it has a row " + std::string(number.value_or("")));
     if (static_cast<std::int32_t>(*given) <= row_) Refuse("row " + std::to_string(*given) + " is out of order");
     row_ = static_cast<std::int32_t>(*given);
     column_ = 0;
@@ -132,14 +132,14 @@ class SheetIndexer {
 
   void CheckCell(const FileCell& cell) {
     CellAddress at{row_, column_ + 1};
-    if (cell.address.data()) {
-      const std::optional<CellAddress> given = ParseCell(cell.address);
+    if (cell.address) {
+      const std::optional<CellAddress> given = ParseCell(*cell.address);
       if (!given || given->row != row_)
-        Refuse("row " + std::to_string(row_) + " has a cell " + std::string(cell.address));
+        Refuse("row " + std::to_string(row_) + " has a cell " + std::string(*cell.address));
       at = *given;
     }
     if (at.column > kLastColumn) Refuse("row " + std::to_string(row_) + " is too long");
-    if (at.column <= column_) Refuse("cell " + std::string(cell.address) + " is out of order");
+    if (at.column <= column_) Refuse("cell " + std::string(cell.address.value_or("")) + " is out of order");
     column_ = at.column;
     Cover(row_, column_, column_);
     CheckStyle(cell.style);
@@ -150,10 +150,10 @@ class SheetIndexer {
     }
   }
 
-  void CheckStyle(std::string_view style) const {
-    if (!style.data()) return;
-    const std::optional<std::uint32_t> index = WholeNumberOf(style);
-    if (!index || *index >= limits_.styles) RefuseCell("there is no style " + std::string(style));
+  void CheckStyle(std::optional<std::string_view> style) const {
+    if (!style) return;
+    const std::optional<std::uint32_t> index = WholeNumberOf(*style);
+    if (!index || *index >= limits_.styles) RefuseCell("there is no style " + std::string(*style));
   }
 
   void Cover(std::int32_t row, std::int32_t left, std::int32_t right) {
@@ -165,13 +165,13 @@ class SheetIndexer {
 
   // The text of a shared formula stands in one of its cells only.
   void NoteSharedFormula(const FileCell& cell) {
-    if (FindAttribute(cell.formulaAttributes, "t") != "shared") return;
-    const std::optional<std::uint32_t> index = WholeNumberOf(FindAttribute(cell.formulaAttributes, "si"));
+    if (AttributeText(cell.formulaAttributes, "t") != "shared") return;
+    const std::optional<std::uint32_t> index = WholeNumberOf(AttributeText(cell.formulaAttributes, "si"));
     if (!index) RefuseCell("its shared formula has no number");
     XmlScanner scanner(cell.formula);
     const bool hasText = scanner.Next() == Token::kStart;
     const std::string text = hasText ? scanner.ReadCharacters() : std::string();
-    const std::optional<CellArea> area = ParseArea(FindAttribute(cell.formulaAttributes, "ref"));
+    const std::optional<CellArea> area = ParseArea(AttributeText(cell.formulaAttributes, "ref"));
     if (!text.empty()) {
       part_.sharedFormulas_.insert_or_assign(
           *index, SheetPart::SharedFormula{Formula::FromA1(text, {row_, column_}), area.value_or(CellArea())});
@@ -181,8 +181,8 @@ class SheetIndexer {
   }
 
   void NoteArray(const FileCell& cell) {
-    if (FindAttribute(cell.formulaAttributes, "t") != "array") return;
-    if (const auto area = ParseArea(FindAttribute(cell.formulaAttributes, "ref"))) part_.arrays_.push_back(*area);
+    if (AttributeText(cell.formulaAttributes, "t") != "array") return;
+    if (const auto area = ParseArea(AttributeText(cell.formulaAttributes, "ref"))) part_.arrays_.push_back(*area);
   }
 
   SheetPart& part_;
@@ -205,9 +205,9 @@ void SheetPart::Read(const RowEntry& entry, RowView& row) const {
   const Token rowToken = scanner.Next();
   row.Clear(entry.row);
   row.attributes = scanner.attributes();
-  const std::string_view style = FindAttribute(row.attributes, "s");
-  row.styled = style.data() != nullptr;
-  row.style = WholeNumberOf(style).value_or(0);
+  const std::optional<std::string_view> style = FindAttribute(row.attributes, "s");
+  row.styled = style.has_value();
+  row.style = WholeNumberOf(style.value_or("")).value_or(0);
   if (rowToken == Token::kEmpty) return;
   std::int32_t column = 0;
   for (Token token = scanner.Next(); token != Token::kEnd && token != Token::kDone; token = scanner.Next()) {
@@ -217,17 +217,17 @@ void SheetPart::Read(const RowEntry& entry, RowView& row) const {
       continue;
     }
     const FileCell cell = ReadFileCell(scanner, token == Token::kEmpty, prefix_, xml);
-    std::string_view letters = cell.address;
-    column = cell.address.data() ? TakeColumn(letters) : column + 1;
-    CellView view{.column = column, .style = WholeNumberOf(cell.style).value_or(0)};
+    std::string_view letters = cell.address.value_or("");
+    column = cell.address ? TakeColumn(letters) : column + 1;
+    CellView view{.column = column, .style = WholeNumberOf(cell.style.value_or("")).value_or(0)};
     view.kind = cell.hasFormula ? CellKind::kFileFormula : cell.inside.empty() ? CellKind::kBlank : CellKind::kFile;
     view.content = cell.hasFormula ? cell.formula : cell.inside;
     view.type = cell.type;
     view.result = cell.result;
     if (cell.hasExtra) view.extra = cell.attributes;
-    if (cell.hasFormula && FindAttribute(cell.formulaAttributes, "t") == "shared") {
+    if (cell.hasFormula && AttributeText(cell.formulaAttributes, "t") == "shared") {
       view.kind = CellKind::kFormula;
-      view.formula = &sharedFormulas_.at(WholeNumberOf(FindAttribute(cell.formulaAttributes, "si")).value()).formula;
+      view.formula = &sharedFormulas_.at(WholeNumberOf(AttributeText(cell.formulaAttributes, "si")).value()).formula;
     }
     row.cells.push_back(view);
   }

@@ -11,11 +11,11 @@ namespace zorkanca::excel {
 
 /// A cell as the file has it; everything raw.
 struct FileCell {
-  std::string_view address = {};     ///< null data when the file leaves it out
-  std::string_view style = {};       ///< the same
-  std::string_view type = {};        ///< t
-  std::string_view attributes = {};  ///< all of them
-  bool hasExtra = false;             ///< there are others than r, s, t
+  std::optional<std::string_view> address = {};  ///< the file may leave it out
+  std::optional<std::string_view> style = {};    ///< the same
+  std::string_view type = {};                    ///< t
+  std::string_view attributes = {};              ///< all of them
+  bool hasExtra = false;                         ///< there are others than r, s, t
   std::string_view inside = {};
   bool hasFormula = false;
   std::string_view formula = {};  ///< the whole element
@@ -27,7 +27,7 @@ struct FileCell {
 /// @param prefix  of the sheet's element names
 FileCell ReadFileCell(XmlScanner& scanner, bool isEmptyElement, std::string_view prefix, std::string_view xml);
 
-/// The local name behind a prefix; empty data for a name with another prefix.
+/// The local name behind a prefix; empty for a name with another prefix.
 inline std::string_view LocalPart(std::string_view name, std::string_view prefix) {
   if (!name.starts_with(prefix)) return {};
   name.remove_prefix(prefix.size());

@@ -30,7 +30,7 @@ SharedStrings::SharedStrings(std::string xml, const XmlSource& source) : xml_(st
     RaiseBadPart(source.file, source.part, "it is no table of texts");
   }
   AppendAttributesBut(rootAttributes_, scanner.attributes(), {"count", "uniqueCount"});
-  const std::optional<std::uint32_t> told = WholeNumberOf(FindAttribute(scanner.attributes(), "count"));
+  const std::optional<std::uint32_t> told = WholeNumberOf(AttributeText(scanner.attributes(), "count"));
   if (told) count_ = *told;
   rootEnd_ = itemsEnd_ = scanner.end();
   if (token == Token::kEmpty) return;

@@ -6,6 +6,7 @@
 #include "excel/grid/xml_scanner.h"
 #include "excel/tables/cell_reader.h"
 #include "opc/xml_escape.h"
+#include "runtime/ascii.h"
 
 namespace zorkanca::excel {
 
@@ -16,7 +17,7 @@ using Token = XmlScanner::Token;
 constexpr std::size_t kEscapeLength = 7;  // _x000D_
 
 bool IsHexDigit(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 // The code of an escape that a text begins with.

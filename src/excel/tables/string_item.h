@@ -22,11 +22,11 @@ void PutStringItem(std::string_view utf8, std::string_view prefix, Put put) {
   put(HasOuterBlanks(utf8) ? "t xml:space=\"preserve\">" : "t>");
   std::size_t copied = 0;
   for (std::size_t at = FindEscape(utf8, 0); at != utf8.npos; at = FindEscape(utf8, at + 1)) {
-    EscapeText(utf8.substr(copied, at - copied), put);
+    EscapeXmlText(utf8.substr(copied, at - copied), kCarriageReturn, put);
     put("_x005F");  // the "_" itself, so that what follows is no escape
     copied = at;
   }
-  EscapeText(utf8.substr(copied), put);
+  EscapeXmlText(utf8.substr(copied), kCarriageReturn, put);
   put("</");
   put(prefix);
   put("t>");

@@ -5,6 +5,7 @@
 
 #include "excel/grid/excel_errors.h"
 #include "opc/office_error.h"
+#include "opc/xml_tree.h"
 
 namespace zorkanca::excel {
 
@@ -76,12 +77,6 @@ std::vector<pugi::xml_node> EntriesOf(const XmlNames& names, pugi::xml_node list
   return entries;
 }
 
-void SetAttribute(pugi::xml_node node, const char* name, const std::string& value) {
-  pugi::xml_attribute attribute = node.attribute(name);
-  if (!attribute) attribute = node.append_attribute(name);
-  attribute.set_value(value.c_str());
-}
-
 const char* HorizontalName(ExcelAlignment alignment) {
   switch (alignment) {
     case ExcelAlignment::kLeft:
@@ -94,11 +89,6 @@ const char* HorizontalName(ExcelAlignment alignment) {
       return "general";
   }
   return "general";
-}
-
-bool IsTrue(const pugi::xml_attribute& value) {
-  const std::string_view text = value.value();
-  return text == "1" || text == "true" || text == "on";
 }
 
 }  // namespace
@@ -224,7 +214,7 @@ CellFont StyleBook::FontAt(std::int32_t index) const {
   if (value("name")) font.name = value("name").value();
   if (value("sz")) font.size = value("sz").as_double(font.size);
   const pugi::xml_node bold = names_.Child(node, XmlSpace::kSheet, "b");
-  font.bold = bold && (!bold.attribute("val") || IsTrue(bold.attribute("val")));
+  font.bold = bold && (!bold.attribute("val") || IsTrue(bold.attribute("val").value()));
   return font;
 }
 
@@ -238,7 +228,7 @@ LineBreaking StyleBook::LineBreakingOf(std::uint32_t style) const {
     const std::string_view how = alignment.attribute(direction).value();
     return how == "justify" || how == "distributed";
   };
-  return {.wraps = IsTrue(alignment.attribute("wrapText")) || fills("horizontal") || fills("vertical"),
+  return {.wraps = IsTrue(alignment.attribute("wrapText").value()) || fills("horizontal") || fills("vertical"),
           .rotated = alignment.attribute("textRotation").as_int() != 0,
           .indent = std::clamp(alignment.attribute("indent").as_int(), 0, 250)};
 }

@@ -5,7 +5,8 @@
 #include <charconv>
 #include <cstring>
 
-#include "opc/ascii_case.h"
+#include "excel/grid/serial_date.h"
+#include "runtime/ascii.h"
 #include "runtime/code_page.h"
 #include "runtime/convert.h"
 #include "runtime/date.h"
@@ -15,10 +16,6 @@ namespace zorkanca::excel {
 namespace {
 
 constexpr int kDigits = 15;  // more are lost, as in the program
-
-constexpr bool IsAsciiDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 constexpr bool IsBlankByte(char c) {
   return c == ' ' || c == '\xA0';
@@ -139,7 +136,7 @@ bool GeneralReader::ReadInteger(std::string_view& rest, Number& number) const {
   const auto isGroup = [this](char c) { return c == group_ || (blankGroups_ && c == ' '); };
   const auto digitsAhead = [&](std::size_t from) {
     std::size_t length = 0;
-    while (from + length < rest.size() && IsAsciiDigit(rest[from + length])) ++length;
+    while (from + length < rest.size() && IsDigit(rest[from + length])) ++length;
     return length;
   };
   std::size_t run = digitsAhead(0);
@@ -171,7 +168,7 @@ bool GeneralReader::ReadNumber(std::string_view bytes, Number& number) const {
   if (!ReadInteger(rest, number)) return false;
   if (Take(rest, decimal_)) {
     number.afterPoint = true;
-    for (; !rest.empty() && IsAsciiDigit(rest.front()); rest.remove_prefix(1)) number.Add(rest.front());
+    for (; !rest.empty() && IsDigit(rest.front()); rest.remove_prefix(1)) number.Add(rest.front());
   }
   if (!number.any) return false;
   if (rest.size() > 1 && (rest.front() == 'E' || rest.front() == 'e')) {
@@ -211,7 +208,7 @@ struct DateNumbers {
 
 std::optional<std::int32_t> TakeShortNumber(std::string_view& rest, std::size_t longest, std::size_t& length) {
   std::int32_t value = 0;
-  for (length = 0; length < rest.size() && IsAsciiDigit(rest[length]); ++length) {
+  for (length = 0; length < rest.size() && IsDigit(rest[length]); ++length) {
     if (length == longest) return std::nullopt;
     value = value * 10 + (rest[length] - '0');
   }
@@ -248,13 +245,11 @@ std::optional<TimeText> ReadTime(std::string_view rest) {
   return time;
 }
 
-// Serial numbers count from 1.1.1900 and believe in a 29th of February of that year.
-std::optional<double> SerialOf(std::int32_t year, std::int32_t month, std::int32_t day) {
-  if (year == 1900 && month == 2 && day == 29) return 60;
+std::optional<double> SerialOfDay(std::int32_t year, std::int32_t month, std::int32_t day) {
+  if (year == 1900 && month == 2 && day == 29) return kFalseDay;
   if (year < 1900) return std::nullopt;
   const std::optional<Date> date = MakeDate(year, month, day);
-  if (!date) return std::nullopt;
-  return date->serial < 61 ? date->serial - 1 : date->serial;
+  return date ? std::optional(SerialOf(*date)) : std::nullopt;
 }
 
 constexpr double kSecondsOfDay = 86400;
@@ -295,11 +290,11 @@ std::optional<GeneralReader::Serial> GeneralReader::ReadDate(std::string_view by
   if (date.count == 2) {
     const bool hasYear = date.lengths[1] == 4;
     format = hasYear ? ContentFormat::kMonthYear : ContentFormat::kDayMonth;
-    serial = hasYear ? SerialOf(b, a, 1) : SerialOf(locale_.currentYear, monthFirst ? a : b, monthFirst ? b : a);
+    serial = hasYear ? SerialOfDay(b, a, 1) : SerialOfDay(locale_.currentYear, monthFirst ? a : b, monthFirst ? b : a);
   } else if (date.lengths[0] == 4) {
-    serial = SerialOf(a, b, c);
+    serial = SerialOfDay(a, b, c);
   } else if (date.lengths[2] == 4 || date.lengths[2] <= 2) {
-    serial = SerialOf(ExpandYear(c, locale_), monthFirst ? a : b, monthFirst ? b : a);
+    serial = SerialOfDay(ExpandYear(c, locale_), monthFirst ? a : b, monthFirst ? b : a);
   }
   if (!serial) return std::nullopt;
   return Serial{*serial + (time ? time->seconds / kSecondsOfDay : 0), format};
@@ -329,7 +324,7 @@ Content GeneralReader::Read(std::string_view bytes, char* buffer) const {
   const std::string_view trimmed = WithoutBlanks(bytes);
   if (trimmed.empty()) return {.kind = CellKind::kText};
   const char first = trimmed.front();
-  const bool mayBeNumber = IsAsciiDigit(first) || first == '-' || first == '+' || first == '(' || first == decimal_ ||
+  const bool mayBeNumber = IsDigit(first) || first == '-' || first == '+' || first == '(' || first == decimal_ ||
                            (!currency_.empty() && first == currency_.front());
   if (mayBeNumber) {
     Number number;

@@ -1,11 +1,10 @@
 #include "excel/text/record_reader.h"
 
-#include <unistd.h>
-
 #include <cstring>
 
 #include "excel/grid/cell_address.h"
 #include "excel/grid/excel_errors.h"
+#include "files/file_bytes.h"
 #include "runtime/error.h"
 
 namespace zorkanca::excel {
@@ -49,11 +48,9 @@ bool RecordReader::Refill() {
     if (filled_ > kLongestRecord) RaiseExcelError(u"A line of the text file is longer than a row of a sheet.");
     window_.resize(window_.size() * 2);
   }
-  const ssize_t count = Uninterrupted([&] {
-    return pread(text_->file.get(), window_.data() + filled_, window_.size() - filled_, static_cast<off_t>(next));
-  });
-  if (count <= 0) Raise(RuntimeError::kDeviceIo);  // the file had more when it was opened
-  filled_ += static_cast<std::size_t>(count);
+  const std::size_t count = ReadAt(text_->file, next, window_.data() + filled_, window_.size() - filled_);
+  if (count == 0) Raise(RuntimeError::kDeviceIo);  // the file had more when it was opened
+  filled_ += count;
   return true;
 }
 

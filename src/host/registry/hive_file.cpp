@@ -4,28 +4,12 @@
 
 #include <cerrno>
 
+#include "files/file_bytes.h"
 #include "files/native_path.h"
 #include "files/system_error.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
-
-namespace {
-
-std::string ContentOf(int file, off_t size, const std::string& path) {
-  std::string content(static_cast<std::size_t>(size), '\0');
-  std::size_t length = 0;
-  while (length < content.size()) {
-    const ssize_t count = Uninterrupted([&] { return read(file, content.data() + length, content.size() - length); });
-    if (count < 0) RaiseRegistryFileError(errno, path);
-    if (count == 0) break;
-    length += static_cast<std::size_t>(count);
-  }
-  content.resize(length);
-  return content;
-}
-
-}  // namespace
 
 void RaiseRegistryFileError(int code, const std::string& path) {
   try {
@@ -66,7 +50,7 @@ void HiveFile::Refresh() {
   const Stamp stamp = Open();
   const Text origin = FromNativePath(path_);
   std::vector<RegSection> sections;
-  if (file_) sections = ParseReg(ContentOf(file_.get(), stamp.size, path_), origin);
+  if (file_) sections = ParseReg(ReadToEnd(file_.get(), path_), origin);
   tree_.Load(sections, hive_, deletions_, origin);
   stamp_ = stamp;
 }

@@ -3,6 +3,7 @@
 
 #include "host/registry/reg_format.h"
 #include "host/registry/reg_names.h"
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 #include "textfiles/utf16.h"
 
@@ -23,7 +24,7 @@ TextView WithoutBlanks(TextView text) {
 }
 
 int HexDigit(char16_t unit) {
-  if (unit >= u'0' && unit <= u'9') return unit - u'0';
+  if (IsDigit(unit)) return unit - u'0';
   if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
   if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
   return -1;

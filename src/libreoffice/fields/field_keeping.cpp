@@ -5,6 +5,7 @@
 #include <fstream>
 #include <utility>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "libreoffice/fields/binary_fields.h"
 #include "libreoffice/fields/open_document_losses.h"
@@ -23,11 +24,7 @@ std::string ReadDocument(const std::string& path) {
   const std::uintmax_t size = std::filesystem::file_size(path, failure);
   if (failure) RaisePathError(failure.value(), path);
   if (size > kLargest) RefuseFields("it is larger than 256 MB");
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file) RaiseSystemError(EIO);
-  return bytes;
+  return ReadFile(path);
 }
 
 void WriteDocument(const std::string& path, const std::string& bytes) {
@@ -39,10 +36,7 @@ void WriteDocument(const std::string& path, const std::string& bytes) {
 // The beginning of a document that is known by its namespace: the root stands behind declarations and comments.
 std::string StartOf(const std::string& path) {
   constexpr std::size_t kStart = 64 * 1024;
-  std::ifstream file(path, std::ios::binary);
-  std::string start(kStart, '\0');
-  file.read(start.data(), static_cast<std::streamsize>(kStart));
-  start.resize(static_cast<std::size_t>(file.gcount()));
+  std::string start = ReadStart(path, kStart);
   std::erase(start, '\0');  // one byte of two in UTF-16
   return start;
 }

@@ -12,6 +12,7 @@
 
 #include "libreoffice/fields/field_types.h"
 #include "libreoffice/fields/marker_choice.h"
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -56,10 +57,6 @@ struct Edit {
 
 bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 // Groups whose text is none of the main text.

@@ -19,9 +19,9 @@ std::string Type(std::string_view kind) {
   return std::string(kTypes).append(kind).append("+xml");
 }
 
-std::string Declared(std::string_view element, std::string_view content, OfficeFamily family) {
+std::string Declared(std::string_view element, std::string_view content) {
   std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<w:";
-  xml.append(element).append(" xmlns:w=\"").append(NamespaceUri(XmlSpace::kWord, family)).append("\">");
+  xml.append(element).append(" xmlns:w=\"").append(NamespaceUri(XmlSpace::kWord)).append("\">");
   return xml.append(content).append("</w:").append(element).append(">");
 }
 
@@ -29,7 +29,6 @@ std::string Declared(std::string_view element, std::string_view content, OfficeF
 
 WordPackage::WordPackage(Package package) : package_(std::move(package)) {
   mainPart_ = package_.MainPart();
-  family_ = package_.Family();
   const std::string type = package_.ContentTypeOf(mainPart_);
   if (type == Type("template.main")) {
     package_.SetContentType(mainPart_, Type("document.main"));
@@ -52,7 +51,6 @@ WordPackage WordPackage::Copy() const {
   copy.mainPart_ = mainPart_;
   copy.settingsPart_ = settingsPart_;
   copy.controlParts_ = controlParts_;
-  copy.family_ = family_;
   for (const auto& [part, tree] : trees_) {
     PartTree& own = copy.trees_[part];
     own.document = std::make_unique<pugi::xml_document>();
@@ -70,8 +68,7 @@ WordPackage WordPackage::Blank() {
                   Declared("document",
                            "<w:body><w:p/><w:sectPr><w:pgSz w:w=\"11906\" w:h=\"16838\"/><w:pgMar w:top=\"1417\" "
                            "w:right=\"1417\" w:bottom=\"1417\" w:left=\"1417\" w:header=\"708\" w:footer=\"708\" "
-                           "w:gutter=\"0\"/></w:sectPr></w:body>",
-                           OfficeFamily::kTransitional));
+                           "w:gutter=\"0\"/></w:sectPr></w:body>"));
   Relationships relationships{std::string(Package::kRoot)};
   relationships.Add(OfficeRelationshipType("officeDocument", OfficeFamily::kTransitional), main);
   package.SetRelationships(relationships);
@@ -121,9 +118,9 @@ pugi::xml_document& WordPackage::Settings() {
       settingsPart_ = *part;
     } else {
       settingsPart_ = package_.FreshPartName("/word/settings#.xml");
-      package_.AddPart(settingsPart_, Type("settings"), Declared("settings", "", family_));
+      package_.AddPart(settingsPart_, Type("settings"), Declared("settings", ""));
       Relationships relationships = package_.RelationshipsOf(mainPart_);
-      relationships.Add(OfficeRelationshipType("settings", family_), settingsPart_);
+      relationships.Add(OfficeRelationshipType("settings", OfficeFamily::kTransitional), settingsPart_);
       package_.SetRelationships(relationships);
     }
   }

@@ -31,7 +31,6 @@ class WordPackage {
 
   const std::string& mainPart() const { return mainPart_; }
   const std::string& file() const { return package_.path(); }
-  OfficeFamily family() const { return family_; }
 
   /// The tree of a part, with the usual prefixes and without layout. Errors: 5 for a part that is missing or not sound.
   pugi::xml_document& Tree(const std::string& part);
@@ -64,7 +63,6 @@ class WordPackage {
   std::string mainPart_;
   std::string settingsPart_;
   std::optional<std::vector<std::string>> controlParts_;  // once somebody asked
-  OfficeFamily family_ = OfficeFamily::kTransitional;
   std::map<std::string, PartTree> trees_;
 };
 

@@ -8,12 +8,6 @@ namespace zorkanca::word {
 
 namespace {
 
-void AppendPadded(Text& text, std::int32_t number, std::size_t width) {
-  const Text digits = DecimalText(number);
-  if (digits.size() < width) text.append(width - digits.size(), u'0');
-  text += digits;
-}
-
 // How many letters of an item count; "MMMMM" is four and one more.
 std::size_t LongestOf(char16_t letter) {
   switch (letter) {

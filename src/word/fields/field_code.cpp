@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "word/text/text_units.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -53,7 +54,7 @@ class Scanner {
       for (const pugi::xml_node child : node.children()) GatherRunChild(node, child);
     } else if (IsInlineWrapper(node)) {
       for (const pugi::xml_node child : ContentOf(node).children()) Gather(child);
-    } else if (std::string_view(node.name()).starts_with("zk:")) {
+    } else if (own::IsOwn(node)) {
       Add(kNode, node);
     }
   }
@@ -76,7 +77,7 @@ class Scanner {
   }
 
   // Paragraph ends outside of quotes are blanks.
-  bool IsStructure(std::size_t i) const { return units_[i] == kNode && !Is(sources_[i], "zk:field"); }
+  bool IsStructure(std::size_t i) const { return units_[i] == kNode && !Is(sources_[i], own::kField); }
 
   // A formatting switch may touch the word before it.
   bool IsFormatSwitch(std::size_t i) const {

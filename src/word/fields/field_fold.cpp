@@ -1,3 +1,16 @@
+// Fields as elements.
+//
+// A field is three characters somewhere among the runs, with any runs between, other fields, ends of paragraphs,
+// tables; they need not even stand in the same element. Folding gathers the field characters and codes of a container
+// in the order of the text, keeps a stack of the fields that are open and, when one ends, moves its nodes into an
+// element of its own, so that inner fields are folded before the ones around them and all later work is that of a tree.
+// Where its ends stand in different wrappers (hyperlinks, insertions), those are opened; where they stand in different
+// paragraphs of one container, the paragraphs are joined into the first, with marks for what stood between
+// (own_elements.h).
+//
+// A field that cannot be taken whole stays as it is, and is text: one that never ends or whose ends lie in different
+// cells, one that crosses the end of a section, one over paragraphs that no merge evaluates, and one in more than fifty
+// others, since the recursion that follows is as deep as fields nest. Each node moves once for each field around it.
 #include "word/fields/field_fold.h"
 
 #include <algorithm>
@@ -5,6 +18,7 @@
 #include <string>
 
 #include "runtime/utf8.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -100,7 +114,7 @@ void Join(pugi::xml_node first, const pugi::xml_node& last) {
     pugi::xml_node block = first.next_sibling();
     done = block == last;
     if (Is(block, "w:p")) {
-      pugi::xml_node start = first.append_child(open ? "zk:para" : "zk:open");
+      pugi::xml_node start = first.append_child(open ? own::kParagraph : own::kOpen);
       if (const pugi::xml_node properties = block.child("w:pPr")) start.append_move(properties);
       while (const pugi::xml_node child = block.first_child()) first.append_move(child);
       first.parent().remove_child(block);
@@ -108,9 +122,9 @@ void Join(pugi::xml_node first, const pugi::xml_node& last) {
     } else if (block.type() != pugi::node_element || IsRangeMark(block) || Is(block, "w:proofErr")) {
       first.append_move(block);
     } else {
-      if (open) first.append_child("zk:block");
+      if (open) first.append_child(own::kBlock);
       pugi::xml_node holder = first.last_child();
-      while (!Is(holder, "zk:block")) holder = holder.previous_sibling();
+      while (!Is(holder, own::kBlock)) holder = holder.previous_sibling();
       holder.append_move(block);
       open = false;
     }
@@ -205,7 +219,7 @@ class ContainerFolder {
       holder = first;
     }
     if (field.separate && !Lift(field.separate, holder)) return;
-    pugi::xml_node folded = holder.insert_child_before("zk:field", field.begin);
+    pugi::xml_node folded = holder.insert_child_before(own::kField, field.begin);
     folded.append_attribute("type").set_value(type.c_str());
     if (const auto locked = field.begin.child("w:fldChar").attribute("w:fldLock"); locked && IsOn(locked)) {
       folded.append_attribute("locked").set_value("1");

@@ -1,12 +1,6 @@
 // Makes one shape of the two forms of fields: every field that can be taken as a whole becomes an element "zk:field"
-// around its runs, whatever they were split into. Such trees are an intermediate form; they are never saved.
-//
-//   zk:field   @type the field type in upper case, @locked; children: the runs and other nodes from begin to end,
-//   fields
-//              inside as zk:field again. Its begin, separate and end runs are direct children.
-//   zk:para    inside a zk:field that spans paragraphs: end of one paragraph, start of the next (child w:pPr)
-//   zk:block   there too: end of the paragraph, then a table or other blocks
-//   zk:open    start of the paragraph after a zk:block (child w:pPr)
+// around its runs, whatever they were split into. Such trees are an intermediate form; they are never saved
+// (xml/own_elements.h).
 #pragma once
 
 #include <pugixml.hpp>

@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "runtime/ascii.h"
+
 namespace zorkanca::word {
 
 namespace {
@@ -41,7 +43,7 @@ std::size_t GroupLength(TextView text, std::size_t at, const Locale& locale) {
 }  // namespace
 
 bool IsFormulaDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
+  return IsDigit(unit);
 }
 
 bool IsFormulaWordUnit(char16_t unit) {

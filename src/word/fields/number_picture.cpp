@@ -1,11 +1,13 @@
 #include "word/fields/number_picture.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <string>
 
+#include "runtime/ascii.h"
 #include "runtime/convert.h"
+#include "runtime/decimal_digits.h"
+#include "runtime/digit_writer.h"
+#include "runtime/text_sink.h"
 #include "word/fields/number_text.h"
 
 namespace zorkanca::word {
@@ -14,49 +16,6 @@ namespace {
 
 bool IsSpace(char16_t unit) {
   return unit == u' ' || unit == u'\u00A0' || unit == u'\u202F';
-}
-
-bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
-}
-
-// Decimal digits of a number: whole part and decimals, rounded half up.
-struct Digits {
-  std::string whole;
-  std::string decimals;
-};
-
-Digits DigitsOf(double number, std::size_t decimals) {
-  constexpr int kSignificant = 14;
-  char buffer[64];
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(number), std::chars_format::scientific, kSignificant - 1);
-  const std::string text(buffer, end.ptr);
-  const std::size_t mark = text.find('e');
-  int exponent = 0;
-  const char* digitsOfExponent = text.data() + mark + (text[mark + 1] == '+' ? 2 : 1);
-  std::from_chars(digitsOfExponent, text.data() + text.size(), exponent);
-  std::string all = text.substr(0, 1) + text.substr(2, mark - 2);  // d.ddd
-  // Lay the digits out as a plain number with room for a carry.
-  std::string plain = "0";
-  std::size_t point = 1;
-  if (exponent >= 0) {
-    plain += all;
-    point += static_cast<std::size_t>(exponent) + 1;
-  } else {
-    plain += std::string(static_cast<std::size_t>(-exponent), '0') + all;
-    point += 1;
-  }
-  const std::size_t wanted = point + decimals;
-  if (plain.size() < wanted + 1) plain.append(wanted + 1 - plain.size(), '0');
-  if (plain[wanted] >= '5') {
-    std::size_t i = wanted;
-    while (plain[--i] == '9') plain[i] = '0';
-    ++plain[i];
-  }
-  std::string whole = plain.substr(0, point);
-  whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
-  return {whole, plain.substr(point, decimals)};
 }
 
 }  // namespace
@@ -136,58 +95,57 @@ Text NumberPicture::Apply(double number, const Locale& locale) const {
 }
 
 Text NumberPicture::Show(const Section& section, double number, bool ownSign, const Locale& locale) {
-  Digits digits = DigitsOf(number, section.decimals);
-  const std::size_t places = section.wholeDigits;
-  if ((section.cut || places == 0) && digits.whole.size() > places) {
-    digits.whole.erase(0, digits.whole.size() - places);
-  }
+  constexpr int kSignificant = 14;
+  DecimalDigits digits = DigitsOf(number, kSignificant);
+  RoundToDecimals(digits, section.decimals, RoundingMode::kHalfAwayFromZero);
+  const std::int64_t places = section.wholeDigits;
+  // Digits of the whole part that show; the first item takes those that have no item of their own.
+  const std::int64_t whole = section.cut || places == 0 ? std::min(digits.point, places) : digits.point;
   Text result;
-  if (ownSign && number < 0 && !section.showsSign && places > 0) result += u'-';
-  std::size_t place = places;  // digit items of the whole part still to come
-  std::size_t decimal = 0;
+  TextSink sink(result);
+  DigitWriter writer(sink, digits, section.grouped ? TextView(locale.groupSeparator) : TextView());
+  if (ownSign && number < 0 && !section.showsSign && places > 0) sink.Put(u'-');
+  std::int64_t place = places;  // digit items of the whole part still to come
+  std::int64_t decimal = 0;
   bool behind = false;
-  const auto appendDigit = [&](std::size_t fromRight) {
-    result += static_cast<char16_t>(digits.whole[digits.whole.size() - 1 - fromRight]);
-    if (section.grouped && fromRight > 0 && fromRight % 3 == 0) result += locale.groupSeparator;
-  };
   for (const Item& item : section.items) {
+    const bool mayBeBlank = item.kind == Kind::kBlankDigit;
     switch (item.kind) {
       case Kind::kPlus:
-        result += number < 0 ? u'-' : number > 0 ? u'+' : u' ';
+        sink.Put(number < 0 ? u'-' : number > 0 ? u'+' : u' ');
         break;
       case Kind::kMinus:
-        result += number < 0 ? u'-' : u' ';
+        sink.Put(number < 0 ? u'-' : u' ');
         break;
       case Kind::kGroup:
         break;
       case Kind::kPoint:
-        result += locale.decimalSeparator;
+        sink.Put(locale.decimalSeparator);
         behind = true;
         break;
       case Kind::kLiteral:
-        result += item.unit;
+        sink.Put(item.unit);
         break;
       default:
         if (behind) {
-          const bool zeros = digits.decimals.find_first_not_of('0', decimal) == std::string::npos;
-          const char digit = digits.decimals[decimal++];
-          result += item.kind == Kind::kBlankDigit && zeros ? u' ' : static_cast<char16_t>(digit);
+          if (mayBeBlank && decimal >= writer.Decimals()) {
+            sink.Put(u' ');
+          } else {
+            writer.PutFraction(decimal, decimal + 1);
+          }
+          ++decimal;
           break;
         }
-        if (place == places) {  // the first item takes all digits that have no item of their own
-          for (std::size_t i = digits.whole.size(); i > places; --i) appendDigit(i - 1);
-        }
+        if (place == places) writer.PutInteger(whole - 1, places);
         --place;
-        if (place < digits.whole.size()) {
-          appendDigit(place);
-        } else if (item.kind == Kind::kBlankDigit) {
-          result += u' ';
+        if (mayBeBlank && place >= whole) {
+          sink.Put(u' ');
         } else {
-          result += u'0';
-          if (section.grouped && place > 0 && place % 3 == 0) result += locale.groupSeparator;
+          writer.PutInteger(place, place);
         }
     }
   }
+  sink.Flush();
   return result;
 }
 

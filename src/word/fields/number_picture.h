@@ -10,6 +10,7 @@
 // Word itself.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "runtime/locale.h"
@@ -32,8 +33,8 @@ class NumberPicture {
   };
   struct Section {
     std::vector<Item> items;
-    std::size_t wholeDigits = 0;
-    std::size_t decimals = 0;
+    std::int64_t wholeDigits = 0;
+    std::int64_t decimals = 0;
     bool grouped = false;
     bool cut = false;
     bool showsSign = false;

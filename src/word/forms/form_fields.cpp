@@ -1,3 +1,13 @@
+// Form fields and content controls, found once and filled many times.
+//
+// One walk over the trees notes for each name the field characters between which the field's text stands, and for each
+// tag its controls: names are compared in lower case, of fields of one name the first counts, of controls all. The runs
+// that hold field characters were split before, so that a new result never has to cut one. A result replaces all that
+// stands between the separate and the end character, in the format of the first run that it replaces; bookmarks in
+// there stay. Filling does not move any character of another field, and what was noted stays true, but for fields and
+// controls inside an old result: after one of those was replaced everything is gathered anew (`stale`).
+//
+// Gathering is linear in the trees, one filling in the paragraphs that its field spans.
 #include "word/forms/form_fields.h"
 
 #include "runtime/convert.h"

@@ -1,3 +1,11 @@
+// Runs a program for one copy.
+//
+// The same visitor makes XML, text or nothing (a copy that is only counted): what is written differs, which steps run
+// and how records move never does, so that all three always agree. A value that is a column as it stands is appended
+// straight from the record; all others are made as text first. Arguments of fields are programs too and are run into a
+// text; what they show does not count for the lines that go when nothing was shown.
+//
+// The cost of a copy is that of what it appends.
 #include "word/merge/copy_runner.h"
 
 #include <algorithm>
@@ -17,49 +25,12 @@ namespace {
 
 // Appends a value as the inside of a w:t: escaped, line ends and tabs as elements of their own.
 void AppendValueXml(std::string& xml, std::string_view value, bool inCode) {
-  constexpr std::string_view kReopen = "<w:t xml:space=\"preserve\">";
-  std::size_t start = 0;
-  const auto flush = [&](std::size_t end) { xml.append(value.substr(start, end - start)); };
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    std::string_view replacement;
-    std::size_t length = 1;
-    bool element = false;
-    switch (value[i]) {
-      case '&':
-        replacement = "&amp;";
-        break;
-      case '<':
-        replacement = "&lt;";
-        break;
-      case '>':
-        replacement = "&gt;";
-        break;
-      case '\t':
-        replacement = "<w:tab/>";
-        element = true;
-        break;
-      case '\r':
-        length = i + 1 < value.size() && value[i + 1] == '\n' ? 2 : 1;
-        [[fallthrough]];
-      case '\n':
-        replacement = "<w:br/>";
-        element = true;
-        break;
-      default:
-        continue;
-    }
-    flush(i);
-    if (!element) {
-      xml += replacement;
-    } else if (inCode) {
-      xml += ' ';
-    } else {
-      xml.append("</w:t>").append(replacement).append(kReopen);
-    }
-    i += length - 1;
-    start = i + 1;
-  }
-  flush(value.size());
+  const auto put = [&](std::string_view piece) { xml += piece; };
+  EscapeXml(value, put, [&](std::size_t at) {
+    if (value[at] == '\n' && at > 0 && value[at - 1] == '\r') return;
+    if (inCode) return xml.push_back(' ');
+    xml.append("</w:t>").append(value[at] == '\t' ? "<w:tab/>" : "<w:br/>").append("<w:t xml:space=\"preserve\">");
+  });
 }
 
 void AppendValueUnits(Text& units, std::string_view value) {

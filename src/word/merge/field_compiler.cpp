@@ -7,6 +7,7 @@
 #include "runtime/utf8.h"
 #include "word/fields/field_messages.h"
 #include "word/merge/story_compiler.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -22,7 +23,7 @@ bool ShouldWarn(TextView type) {
 
 // Fields that were not folded, being nested too deeply, have no results yet.
 bool IsUnfolded(const pugi::xml_node& node) {
-  if (Is(node, "zk:field")) return false;
+  if (Is(node, own::kField)) return false;
   const auto children = node.children();
   return Is(node, "w:fldChar") || std::any_of(children.begin(), children.end(), IsUnfolded);
 }
@@ -95,9 +96,9 @@ void StoryCompiler::AddUntouched(const FoldedField& field) {
   for (const pugi::xml_node child : field.node().children()) {
     const bool inCode = nextOfCode != code.end() && *nextOfCode == child;
     if (inCode) ++nextOfCode;
-    if (inCode && Is(child, "zk:field") && !field.locked()) {
+    if (inCode && Is(child, own::kField) && !field.locked()) {
       AddField(child, true);
-    } else if (Is(child, "zk:field") && field.locked()) {
+    } else if (Is(child, own::kField) && field.locked()) {
       AddUntouched(FoldedField(child));
     } else {
       Add(child);
@@ -290,9 +291,9 @@ void StoryCompiler::AddBranch(const CodeToken& token, bool inCode) {
   for (const CodePiece& piece : token.pieces) {
     if (!piece.text.empty()) {
       AddTextRun(piece.source.child("w:rPr"), piece.text, inCode);
-    } else if (Is(piece.source, "zk:field")) {
+    } else if (Is(piece.source, own::kField)) {
       AddField(piece.source, inCode);
-    } else if (std::string_view(piece.source.name()).starts_with("zk:")) {
+    } else if (own::IsOwn(piece.source)) {
       Add(piece.source);
     } else {
       Xml("<w:r>");
@@ -315,8 +316,8 @@ Operand StoryCompiler::OperandOf(const CodeToken& token) {
         Units(piece.text);
         continue;
       }
-      if (Is(piece.source, "zk:field")) AddField(piece.source, false);
-      if (Is(piece.source, "zk:para") || Is(piece.source, "w:br")) Units(TextView(&kLineBreak, 1));
+      if (Is(piece.source, own::kField)) AddField(piece.source, false);
+      if (Is(piece.source, own::kParagraph) || Is(piece.source, "w:br")) Units(TextView(&kLineBreak, 1));
     }
   });
   visible_ = visible;

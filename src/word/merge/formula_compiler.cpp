@@ -10,6 +10,7 @@
 #include "runtime/utf8.h"
 #include "word/fields/formula_numbers.h"
 #include "word/merge/story_compiler.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -26,7 +27,7 @@ pugi::xml_node NextOf(pugi::xml_node node, bool inside) {
 }
 
 bool IsWhole(const pugi::xml_node& node) {
-  return Is(node, "w:r") || Is(node, "zk:field");
+  return Is(node, "w:r") || Is(node, own::kField);
 }
 
 // Calls for each node between both ends; not for what is inside runs and fields.

@@ -1,3 +1,13 @@
+// Lists that begin again in each letter.
+//
+// A paragraph's list is the one it names itself or the one of its style, which is written into the paragraph, because a
+// copy can be given another number only there. Each numbered list that is used gets a twin for every copy but the
+// first: a w:num with the same definition and a start for all nine levels, the list's own one where it has any, that of
+// the definition otherwise, and "0" where neither tells, as the format does. The numbers are spread so that they are
+// known without counting (unique_numbers.h): the twins of a copy are written while the package is saved, none is ever
+// held.
+//
+// Finding lists costs a look through the numbering for each paragraph; the rest is linear in copies and lists.
 #include "word/merge/list_restarts.h"
 
 #include <optional>

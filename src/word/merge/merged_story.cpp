@@ -1,3 +1,19 @@
+// Deletion in a document of many copies that stands nowhere whole.
+//
+// A copy is a program and a record: its text and its XML are made when somebody asks, and thrown away. Kept are the
+// length of each copy's text, in a tree of sums (copy_lengths.h), and for each copy the set of its positions that are
+// gone, counted in the copy as merged. A deletion is cut at the ends of the copies and planned in each from behind, so
+// that the starts of those before it stay true; a copy that it covers whole is not even looked at. Planning needs the
+// text alone, and the tree only where tables or floating pictures are concerned; such a tree is built for that one
+// copy, with what was deleted in it before taken out.
+//
+// Written is each copy that nothing was deleted from as its program gives it, the others through their tree. What
+// remains of a paragraph whose mark is gone and that no paragraph of its copy follows is carried into the next copy as
+// XML.
+//
+// Invariants: text and tree of a copy always agree in length, but for the mark that closes a tree whose last paragraph
+// lost its own; a set of positions that are gone never grows by what is gone already. One deletion costs the texts of
+// the copies at its two ends and the logarithm of their number, and its share of the copies that it touches between.
 #include "word/merge/merged_story.h"
 
 #include <algorithm>

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 
+#include "files/file_bytes.h"
 #include "files/system_error.h"
 #include "files/unnamed_file.h"
 #include "runtime/error.h"
@@ -51,13 +52,7 @@ std::string_view RecordStore::Bytes(std::uint64_t start, std::size_t length) con
   if (start < windowStart_ || start + length > windowStart_ + window_.size()) {
     window_.resize(static_cast<std::size_t>(std::min<std::uint64_t>(std::max(length, kWindow), inFile_ - start)));
     windowStart_ = start;
-    for (std::size_t done = 0; done < window_.size();) {
-      const ssize_t count = Uninterrupted([&] {
-        return pread(file_.get(), window_.data() + done, window_.size() - done, static_cast<off_t>(start + done));
-      });
-      if (count <= 0) RaiseSystemError(count < 0 ? errno : EIO);
-      done += static_cast<std::size_t>(count);
-    }
+    if (ReadAt(file_, start, window_.data(), window_.size()) != window_.size()) RaiseSystemError(EIO);
   }
   return std::string_view(window_).substr(static_cast<std::size_t>(start - windowStart_), length);
 }

@@ -1,6 +1,7 @@
 #include "word/merge/section_assembly.h"
 
 #include "word/document/sections.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -39,11 +40,11 @@ void SeparateCopies(pugi::xml_node body, bool restartPages) {
     pugi::xml_node properties = last.child("w:pPr");
     if (!properties) properties = last.prepend_child("w:pPr");
     pugi::xml_node place = RequireChild(properties, "w:sectPr", kParagraphPropertyOrder);
-    place.set_name("zk:break");
+    place.set_name(own::kBreak);
     place.append_copy(own);
     return;
   }
-  pugi::xml_node carrier = body.insert_child_before("zk:carrier", own);
+  pugi::xml_node carrier = body.insert_child_before(own::kCarrier, own);
   carrier.append_child("w:p").append_child("w:pPr").append_copy(own);
 }
 

@@ -1,3 +1,15 @@
+// The tree of a story as a program (field_compiler.cpp has the fields).
+//
+// The tree is walked once, in the order of the text, and written as XML into a constant step; whatever differs from
+// copy to copy ends that step and stands between two of them: values of fields, numbers that no two copies share, names
+// of bookmarks, relationships of headers. Escaping is done here, so that a copy costs no more than appending. Beside
+// its XML every constant carries the units that it adds to the text of the story: the text of a merged document is made
+// by running the same program, not by reading its XML.
+//
+// What is not visible (text boxes, deleted text, the codes of fields) adds no units; the state of fields that are open
+// is saved and restored round it, because a field may begin inside and end outside of what is walked. A paragraph that
+// holds fields alone becomes a step of its own, which its own run may take back. The cost is linear in the tree; the
+// depth of the recursion is that of the elements, which the strict gate bounds.
 #include "word/merge/story_compiler.h"
 
 #include <algorithm>
@@ -5,6 +17,7 @@
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
 #include "runtime/utf8.h"
+#include "word/xml/own_elements.h"
 #include "word/xml/word_xml.h"
 
 namespace zorkanca::word {
@@ -12,7 +25,7 @@ namespace zorkanca::word {
 namespace {
 
 bool HoldsFormula(const pugi::xml_node& node) {
-  if (Is(node, "zk:field") && IsFormulaType(FoldedField(node).type())) return true;
+  if (Is(node, own::kField) && IsFormulaType(FoldedField(node).type())) return true;
   const auto children = node.children();
   return std::any_of(children.begin(), children.end(), HoldsFormula);
 }
@@ -32,7 +45,7 @@ ConstantStep& StoryCompiler::Constant() {
 }
 
 void StoryCompiler::Xml(std::string_view xml) {
-  Constant().xml += xml;
+  if (!ahead_) Constant().xml += xml;
 }
 
 void StoryCompiler::Units(TextView units) {
@@ -83,15 +96,13 @@ void StoryCompiler::AddElement(const pugi::xml_node& node) {
   if (name == "w:p") return AddParagraph(node);
   if (name == "w:r") return AddRun(node);
   if (name == "w:instrText") return AddInstruction(node);
-  if (name == "zk:field") return AddField(node, false);
+  if (name == own::kField) return AddField(node, false);
   if (name == "mc:AlternateContent") return AddAlternate(node);
   if (name == "w:tbl" && !ahead_ && HoldsFormula(node)) CellsOf(node);
   if (name == "w:tc" && AddCell(node)) return;
-  if (name.starts_with("zk:")) return AddJoin(node);
+  if (own::IsOwn(node)) return AddJoin(node);
   if (!node.first_child()) {
-    AddOpenTag(node);
-    Constant().xml.insert(Constant().xml.size() - 1, 1, '/');
-    return;
+    return AddOpenTag(node, "/>");
   }
   AddOpenTag(node);
   if (name == "w:del" || name == "w:moveFrom" || name == "w:txbxContent") {
@@ -105,11 +116,11 @@ void StoryCompiler::AddElement(const pugi::xml_node& node) {
   if (name == "w:tr") Units(TextView(&kRowEnd, 1));
 }
 
-void StoryCompiler::AddOpenTag(const pugi::xml_node& node) {
+void StoryCompiler::AddOpenTag(const pugi::xml_node& node, std::string_view end) {
   Xml("<");
   Xml(node.name());
   for (const pugi::xml_attribute attribute : node.attributes()) AddAttribute(node, attribute);
-  Xml(">");
+  Xml(end);
 }
 
 void StoryCompiler::AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute) {
@@ -205,7 +216,7 @@ void StoryCompiler::AddParagraph(const pugi::xml_node& paragraph) {
 
 void StoryCompiler::AddParagraphMark(const pugi::xml_node& paragraph) {
   const char16_t mark = MarkOf(paragraph);
-  if (!paragraph.child("w:pPr").child("zk:break") || !visible_ || !state_.InText()) return Units(TextView(&mark, 1));
+  if (!paragraph.child("w:pPr").child(own::kBreak) || !visible_ || !state_.InText()) return Units(TextView(&mark, 1));
   LastCopyStep step;
   step.others = PlainOperand(TextView(&kSectionEnd, 1)).parts;
   step.last = PlainOperand(TextView(&kParagraphEnd, 1)).parts;
@@ -214,17 +225,17 @@ void StoryCompiler::AddParagraphMark(const pugi::xml_node& paragraph) {
 
 // The elements that are not WordprocessingML.
 void StoryCompiler::AddJoin(const pugi::xml_node& node) {
-  if (Is(node, "zk:break") || Is(node, "zk:carrier")) {
+  if (Is(node, own::kBreak) || Is(node, own::kCarrier)) {
     LastCopyStep step;
     step.others = Sub([&] { AddChildren(node); });
     program_->push_back({std::move(step)});
     return;
   }
-  if (!Is(node, "zk:open")) {
+  if (!Is(node, own::kOpen)) {
     Xml("</w:p>");
     Units(TextView(&kParagraphEnd, 1));
   }
-  if (!Is(node, "zk:block")) Xml("<w:p>");
+  if (!Is(node, own::kBlock)) Xml("<w:p>");
   AddChildren(node);
 }
 
@@ -246,10 +257,10 @@ void StoryCompiler::AddAlternate(const pugi::xml_node& node) {
 bool StoryCompiler::HoldsFieldsAlone(const pugi::xml_node& container, bool& anyField) const {
   for (const pugi::xml_node child : container.children()) {
     if (child.type() != pugi::node_element || Is(child, "w:pPr") || Is(child, "w:proofErr")) continue;
-    if (Is(child, "zk:field")) {
+    if (Is(child, own::kField)) {
       const FoldedField field(child);
       const bool isValue = field.type() == u"MERGEFIELD";
-      if (field.locked() || !IsSilent(field.type()) || child.child("zk:para")) return false;
+      if (field.locked() || !IsSilent(field.type()) || child.child(own::kParagraph)) return false;
       anyField = anyField || isValue;
     } else if (Is(child, "w:r")) {
       for (const pugi::xml_node part : child.children()) {
@@ -267,14 +278,14 @@ bool StoryCompiler::HoldsFieldsAlone(const pugi::xml_node& container, bool& anyF
 bool StoryCompiler::IsSuppressible(const pugi::xml_node& paragraph) const {
   if (!input_.suppressBlankLines) return false;
   const pugi::xml_node properties = paragraph.child("w:pPr");
-  if (properties.child("w:sectPr") || properties.child("zk:break") || MarkOf(paragraph) == kCellEnd) return false;
+  if (properties.child("w:sectPr") || properties.child(own::kBreak) || MarkOf(paragraph) == kCellEnd) return false;
   if (!NextBlock(paragraph) && !Is(paragraph.parent(), "w:body")) return false;  // a story or text box keeps its last
   bool anyField = false;
   return HoldsFieldsAlone(paragraph, anyField) && anyField;
 }
 
 void GatherVariables(const pugi::xml_node& tree, std::set<Text>& variables) {
-  if (Is(tree, "zk:field")) {
+  if (Is(tree, own::kField)) {
     const FoldedField field(tree);
     if (field.type() == u"SET" && !field.locked()) {
       const std::vector<CodeToken> tokens = TokensOf(field, false);

@@ -1,8 +1,5 @@
-// Compiles the tree of a story into a program. Fields must have been folded (fields/field_fold.h). Beside
-// WordprocessingML it knows two elements that the assembly of sections puts in:
-//
-//   zk:break    in the w:pPr of a copy's last paragraph: its w:sectPr is written in all copies but the last
-//   zk:carrier  round blocks that are written in all copies but the last
+// Compiles the tree of a story into a program. Fields must have been folded (fields/field_fold.h) and sections
+// assembled (section_assembly.h); what both put into the tree is told in xml/own_elements.h.
 #pragma once
 
 #include <functional>
@@ -66,7 +63,7 @@ class StoryCompiler {
  private:
   // XML (story_compiler.cpp)
   void AddElement(const pugi::xml_node& node);
-  void AddOpenTag(const pugi::xml_node& node);
+  void AddOpenTag(const pugi::xml_node& node, std::string_view end = ">");
   void AddAttribute(const pugi::xml_node& node, const pugi::xml_attribute& attribute);
   void AddRun(const pugi::xml_node& run);
   void AddRunChild(const pugi::xml_node& child);
@@ -124,7 +121,7 @@ class StoryCompiler {
   Program own_;
   Program* program_ = &own_;
   FieldState state_;
-  bool ahead_ = false;                                                  // in a text that a formula before it refers to
+  bool ahead_ = false;  // in a text that a formula before it refers to; no XML is needed
   std::map<pugi::xml_node, std::shared_ptr<const TableCells>> tables_;  // with formulas
   std::map<pugi::xml_node, CellPlace> cells_;                           // of these tables
   std::map<pugi::xml_node, std::shared_ptr<const Operand>> bookmarks_;  // in formulas, by their starts

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "runtime/ascii.h"
 #include "runtime/utf8.h"
 #include "word/xml/word_xml.h"
 
@@ -23,7 +24,7 @@ Text CutTo(Text name, std::size_t length) {
 // What stands before the number of a name like "X_2", which the second copy of "X" must not have too.
 Text StemOfNumbered(TextView name) {
   std::size_t digits = name.size();
-  while (digits > 0 && name[digits - 1] >= u'0' && name[digits - 1] <= u'9') --digits;
+  while (digits > 0 && IsDigit(name[digits - 1])) --digits;
   const bool numbered = digits > 0 && digits < name.size() && name[digits - 1] == u'_';
   return Text(numbered ? name.substr(0, digits - 1) : TextView());
 }

@@ -1,3 +1,14 @@
+// Deletion and replacement in the tree of a story.
+//
+// A story map tells for each stretch of the text the node it comes from; it is made before the first change and never
+// looked at again for a node that went, so that nothing has to be kept in step with the tree. Deletion goes from small
+// to large: characters out of w:t elements, and with them runs and wrappers that hold nothing any more; then what makes
+// up fields whose whole result goes; then rows and tables; then paragraphs without their mark, from behind, so that a
+// paragraph takes up what remains of the one before it once and as it will stay. Marks of places (bookmarks, comment
+// ranges) are never lost: they move into the next paragraph or stay where they are.
+//
+// Which positions go is decided elsewhere (PlanDeletion), by text alone. The cost is that of one pass over the map and
+// one look into the set of positions for each piece: linear in the story, with the logarithm of the deletions.
 #include "word/text/story_edit.h"
 
 #include <algorithm>

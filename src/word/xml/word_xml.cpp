@@ -101,9 +101,7 @@ const std::span<const std::string_view> kSectionOrder(kSection);
 const std::span<const std::string_view> kSettingsOrder(kSettings);
 
 bool IsOn(const pugi::xml_attribute& value) {
-  if (!value) return true;
-  const std::string_view text = value.value();
-  return text == "1" || text == "true" || text == "on";
+  return !value || IsTrue(value.value());
 }
 
 bool HasProperty(const pugi::xml_node& parent, const char* name) {
@@ -150,22 +148,6 @@ pugi::xml_node NextBlock(const pugi::xml_node& node) {
 
 pugi::xml_node ContentOf(const pugi::xml_node& wrapper) {
   return Is(wrapper, "w:sdt") ? wrapper.child("w:sdtContent") : wrapper;
-}
-
-pugi::xml_node RequireChild(pugi::xml_node parent, const char* name, std::span<const std::string_view> order) {
-  if (const pugi::xml_node found = parent.child(name)) return found;
-  const auto rank = [&](std::string_view child) { return std::find(order.begin(), order.end(), child); };
-  const auto own = rank(name);
-  for (const pugi::xml_node child : parent.children()) {
-    if (child.type() == pugi::node_element && rank(child.name()) > own) return parent.insert_child_before(name, child);
-  }
-  return parent.append_child(name);
-}
-
-void SetAttribute(pugi::xml_node node, const char* name, const std::string& value) {
-  pugi::xml_attribute attribute = node.attribute(name);
-  if (!attribute) attribute = node.append_attribute(name);
-  attribute.set_value(value.c_str());
 }
 
 std::string TextOf(const pugi::xml_node& node) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "opc/xml_tree.h"
 #include "runtime/text.h"
 
 namespace zorkanca::word {
@@ -40,12 +41,6 @@ bool IsRangeMark(const pugi::xml_node& node);
 pugi::xml_node NextBlock(const pugi::xml_node& node);
 /// The element that really holds the content: w:sdtContent of a w:sdt, the node itself otherwise.
 pugi::xml_node ContentOf(const pugi::xml_node& wrapper);
-
-/// The child of this name, made at its place of the schema when it is missing.
-/// @param order  names of the parent's children in the order of the schema
-pugi::xml_node RequireChild(pugi::xml_node parent, const char* name, std::span<const std::string_view> order);
-/// Sets an attribute, adding it when it is missing.
-void SetAttribute(pugi::xml_node node, const char* name, const std::string& value);
 
 /// All of the text inside a w:t, w:instrText or w:delText, UTF-8.
 std::string TextOf(const pugi::xml_node& node);
