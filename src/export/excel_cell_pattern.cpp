@@ -1,5 +1,7 @@
 #include "export/excel_cell_pattern.h"
 
+#include <algorithm>
+
 #include "export/quoting.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -47,11 +49,23 @@ ExcelCellPattern::Piece ExcelCellPattern::ReadPlaceholder(TextView body) {
   return piece;
 }
 
+std::vector<Text> ExcelCellPattern::ColumnNames() const {
+  std::vector<Text> names;
+  for (const Piece& piece : pieces_) {
+    if (ReadsColumn(piece)) names.push_back(piece.text);
+  }
+  return names;
+}
+
+bool ExcelCellPattern::HasCode() const {
+  return std::any_of(pieces_.begin(), pieces_.end(),
+                     [](const Piece& piece) { return piece.kind == Piece::Kind::kCode; });
+}
+
 void ExcelCellPattern::Bind(PatternSource& source) {
   source_ = &source;
   for (Piece& piece : pieces_) {
-    const bool readsColumn = piece.kind != Piece::Kind::kLiteral && piece.kind != Piece::Kind::kCode;
-    if (readsColumn) piece.column = source.Column(piece.text);
+    if (ReadsColumn(piece)) piece.column = source.Column(piece.text);
   }
 }
 
