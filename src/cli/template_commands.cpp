@@ -251,7 +251,7 @@ class TemplateCommands {
 
   using Operation = std::function<int(const CommandContext&, const TemplateOptions&)>;
 
-  CLI::App& Add(const char* name, const char* description, Operation operation) {
+  CLI::App& Add(const char* name, const char* description, const Operation& operation) {
     CLI::App& command = *group_.add_subcommand(name, description);
     command.add_option("--application", options_->application, "code of the suite application")->required();
     command.add_option("--list", options_->list, "name of the list; without it the default list");

@@ -15,7 +15,7 @@ LibreOfficeConverter ConverterFor(const Locale& locale, std::function<bool()> ca
   return LibreOfficeConverter(std::move(settings));
 }
 
-OfficeEngines::OfficeEngines(const Locale& locale, WordEngine::Warn warn, std::function<bool()> cancelled,
+OfficeEngines::OfficeEngines(const Locale& locale, const WordEngine::Warn& warn, const std::function<bool()>& cancelled,
                              std::function<void(ExcelWork, double)> working)
     : word_(locale, ConverterFor(locale, cancelled, warn), warn, cancelled),
       excel_(locale, ConverterFor(locale, cancelled), {.cancelled = cancelled, .reached = std::move(working)}) {}

@@ -20,7 +20,8 @@ class OfficeEngines final : public OfficeApplications {
   /// @param warn       told in English of what an engine left as it was
   /// @param cancelled  asked now and then during long work, which ends with error 18 then; may be empty
   /// @param working    told meanwhile how far workbooks are; may be empty
-  explicit OfficeEngines(const Locale& locale, WordEngine::Warn warn = {}, std::function<bool()> cancelled = {},
+  explicit OfficeEngines(const Locale& locale, const WordEngine::Warn& warn = {},
+                         const std::function<bool()>& cancelled = {},
                          std::function<void(ExcelWork, double percent)> working = {});
 
   WordApplicationReference AttachWord() override { return word_.AttachWord(); }
