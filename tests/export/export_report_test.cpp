@@ -54,6 +54,7 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   database.failsToOpen = false;
 
   database.rows = {{std::int32_t{1}, Binary{}}};
+  html = {};
   EXPECT_FALSE(office.HTMLExport(database, u"SELECT * FROM t", html));
   EXPECT_TRUE(Taken().starts_with("cause 13 - The column \"a;b\" holds binary data (BLOB)"));
 

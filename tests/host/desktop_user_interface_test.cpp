@@ -82,7 +82,8 @@ TEST(TerminalDialogs, ARowOfAListIsChosenByItsNumber) {
   user.ShowModal(form, nullptr);
   EXPECT_EQ(form.Heard(), "activate; row 1; down 13; ok");
   const std::string shown = "Ukázka & zkouška\n*  1  první\n   2  druhý\n   3  třetí\nČíslo (prázdné zruší): ";
-  EXPECT_EQ(terminal.Printed(), shown + shown + shown);
+  const std::string none = "Takové číslo v seznamu není.\n";
+  EXPECT_EQ(terminal.Printed(), shown + none + shown + none + shown);
 
   form.ok.SetEnabled(false);  // the row cannot be chosen
   terminal.Type("3\n\n");
@@ -94,6 +95,19 @@ TEST(TerminalDialogs, ARowOfAListIsChosenByItsNumber) {
   terminal.Type("\x04");
   user.ShowModal(form, nullptr);
   EXPECT_FALSE(form.visible()) << "nobody is left to answer";
+}
+
+TEST(TerminalDialogs, AnEmptyListAsksForNothing) {
+  const PseudoTerminal terminal;
+  DesktopUserInterface user = OnTerminal(terminal);
+  SampleForm form;
+  form.rows.SetRows({});
+  form.Heard();
+  terminal.Type("1\n");
+  user.ShowModal(form, nullptr);
+  EXPECT_FALSE(form.visible());
+  EXPECT_EQ(form.Heard(), "activate; cancel; close?");
+  EXPECT_EQ(terminal.Printed(), "Ukázka & zkouška\nSeznam je prázdný.\n");
 }
 
 TEST(TerminalDialogs, FormsWithoutListAreMenus) {
