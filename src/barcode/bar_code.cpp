@@ -80,6 +80,7 @@ bool cBarCode::ComposeValue(const Value& value) {
 
 // What changes the content itself, apart from how a font shows it.
 void cBarCode::FitToSymbology() {
+  hadContent_ = !content_.empty();
   switch (symbology_) {
     case BarCodeSymbology::kCode128BTtfMark:
       content_.insert(0, 1, u'\'');
@@ -122,12 +123,18 @@ Text cBarCode::EncodeContent() const {
   return Text();
 }
 
+Text cBarCode::Encoded(bool isComposed) {
+  Text text = isComposed ? EncodeContent() : Text();
+  lost_ = isComposed && hadContent_ && (text.empty() || (symbology_ == BarCodeSymbology::kCode39 && text == u"**"));
+  return text;
+}
+
 Text cBarCode::EncodeRecord() {
-  return ComposeRecord() ? EncodeContent() : Text();
+  return Encoded(ComposeRecord());
 }
 
 Text cBarCode::EncodeValue(const Value& value) {
-  return ComposeValue(value) ? EncodeContent() : Text();
+  return Encoded(ComposeValue(value));
 }
 
 Text cBarCode::RecordContent() {

@@ -45,6 +45,9 @@ class cBarCode {
   Text RecordContent();
   Text ValueContent(const Value& value);
 
+  /// Whether the last encoding lost its content: the items gave one, and the symbology cannot carry it.
+  bool Lost() const { return lost_; }
+
   /// The one-character text that the second Code 128 layout draws a symbol value with: `RefToASCII(105)` is "¶".
   /// Errors: 5 when that is no character code.
   Text RefToASCII(float value) const;
@@ -55,13 +58,16 @@ class cBarCode {
   bool ComposeValue(const Value& value);
   void FitToSymbology();
   Text EncodeContent() const;
+  Text Encoded(bool isComposed);
 
   const Locale& locale_;
   BarCodeParameters parameters_;
   BarCodeSymbology symbology_ = BarCodeSymbology::kNone;
   Recordset* recordset_ = nullptr;
   std::vector<Field*> fields_;  // one for each item once a record was encoded; null for items that read none
-  Text content_;                // kept between records for its room
+  bool hadContent_ = false;     // before it was fitted to the symbology
+  bool lost_ = false;
+  Text content_;  // kept between records for its room
 };
 
 }  // namespace zorkanca

@@ -1,6 +1,8 @@
 // The bar codes that can be asked for: a standard's character set together with the layout of the font that draws it.
 #pragma once
 
+#include <array>
+
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -14,6 +16,10 @@ enum class BarCodeSymbology {
   kCode128C,         ///< "Code128C": the plain digits
   kCode128CTtf,      ///< "Code_128C_TTF", second font layout: digits in set C, anything else in set B
 };
+
+/// The published names.
+inline constexpr std::array<TextView, 6> kSymbologyNames = {u"Code39",          u"Code128B", u"Code_128B_TTF",
+                                                            u"Code_128B_TTF()", u"Code128C", u"Code_128C_TTF"};
 
 /// The symbology of a published name, case respected; `kNone` for any other name.
 BarCodeSymbology SymbologyNamed(TextView name);

@@ -1,15 +1,18 @@
 // The command that shows bar codes: the text for a bar-code font, or a picture for those who have no such font.
-#include <cstdio>
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "barcode/bar_code.h"
 #include "barcode/bar_code_drawing.h"
 #include "cli/command_line.h"
+#include "cli/nearest_name.h"
+#include "cli/output_check.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
-#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 
@@ -18,8 +21,7 @@ namespace {
 struct BarCodeOptions {
   std::string parameters;
   std::string value;
-  std::string database;
-  std::string select;
+  QueryOptions query;
   std::string svg;
 };
 
@@ -30,23 +32,51 @@ Text SvgOf(const cBarCode& barCode, TextView content, const Locale& locale) {
 
 // A picture takes its place whole or not at all; it is ASCII, so that the encoding of the file is of no account.
 void WritePicture(const CommandContext& context, TextView path, TextView svg) {
-  FileSystem& files = context.platform.files;
-  const std::unique_ptr<TextStream> stream = files.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kAnsi);
+  RequireNew(context, Text(path));
+  const std::unique_ptr<TextStream> stream =
+      context.platform.files.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kAnsi);
   stream->Write(svg);
   stream->Close();
   context.report.File(path);
 }
 
+// The library gives an empty text for what it cannot encode; a person wants to know.
+void TakeParameters(cBarCode& barCode, const std::string& parameters) {
+  barCode.ParseParameters(FromUtf8(parameters));
+  const std::string symbology = parameters.substr(0, parameters.find(';'));
+  std::vector<std::string> known;
+  std::string list;
+  for (const TextView name : kSymbologyNames) {
+    known.push_back(ToUtf8(name));
+    list += " " + known.back();
+  }
+  if (std::find(known.begin(), known.end(), symbology) == known.end()) {
+    throw UsageError("there is no symbology " + (symbology.empty() ? "''" : symbology) +
+                     DidYouMean(NearestName(symbology, known)) + "; there are" + list);
+  }
+}
+
+void RequireCarried(const cBarCode& barCode, TextView content) {
+  if (!barCode.Lost()) return;
+  Raise(RuntimeError::kInvalidCall, barCode.Symbology() + u" cannot carry \"" + Text(content) + u"\"");
+}
+
 int RunValue(const CommandContext& context, const BarCodeOptions& options) {
   const Platform& platform = context.platform;
   cBarCode barCode(platform.locale);
-  barCode.ParseParameters(FromUtf8(options.parameters));
+  TakeParameters(barCode, options.parameters);
   const Value value = FromUtf8(options.value);
+  const Text text = barCode.EncodeValue(value);
+  const Text content = barCode.ValueContent(value);
+  if (options.svg.empty()) RequireCarried(barCode, content.empty() ? FromUtf8(options.value) : content);
+  if (content.empty() && !options.value.empty()) {
+    throw UsageError("PARAM has no place for the value: an item NAME,trim takes it");
+  }
   if (options.svg.empty()) {
-    context.report.Value(barCode.EncodeValue(value));
+    context.report.Value(text);
   } else {
     const Text path = platform.files.GetAbsolutePathName(FromUtf8(options.svg));
-    WritePicture(context, path, SvgOf(barCode, barCode.ValueContent(value), platform.locale));
+    WritePicture(context, path, SvgOf(barCode, content, platform.locale));
   }
   return kDone;
 }
@@ -55,20 +85,16 @@ int RunValue(const CommandContext& context, const BarCodeOptions& options) {
 class BarCodeRecords {
  public:
   BarCodeRecords(const CommandContext& context, const BarCodeOptions& options)
-      : context_(context),
-        platform_(context.platform),
-        barCode_(platform_.locale),
-        database_(SqlitePath(options.database), &context.interrupted) {
-    barCode_.ParseParameters(FromUtf8(options.parameters));
-    QueryOptions query;
-    query.select = options.select;
-    recordset_ = database_.OpenRecordset(Statement(query), RecordsetType::kDynaset, 0);
+      : context_(context), platform_(context.platform), barCode_(platform_.locale), database_(context, options.query) {
+    TakeParameters(barCode_, options.parameters);
+    recordset_ = database_.OpenRecordset(Statement(options.query), RecordsetType::kDynaset, 0);
+    RequireColumns(options);
     barCode_.SetRecordset(*recordset_);
   }
 
   void PrintTexts() {
     for (; !recordset_->Eof(); Next()) {
-      context_.report.Value(OfRecord([this] { return barCode_.EncodeRecord(); }));
+      context_.report.Value(OfRecord([this] { return EncodedRecord(); }));
     }
   }
 
@@ -91,9 +117,27 @@ class BarCodeRecords {
   }
 
  private:
+  // Without a column every text would be empty.
+  void RequireColumns(const BarCodeOptions& options) {
+    for (const BarCodeItem& item : ParseBarCodeParameters(FromUtf8(options.parameters), platform_.locale).items) {
+      if (!item.ReadsField()) continue;
+      try {
+        recordset_->FieldNamed(item.text);
+      } catch (const Error&) {
+        Raise(RuntimeError::kItemNotFound, u"The query has no column \"" + item.text + u"\"");
+      }
+    }
+  }
+
   void Next() {
     recordset_->MoveNext();
     ++number_;
+  }
+
+  Text EncodedRecord() {
+    const Text text = barCode_.EncodeRecord();
+    if (barCode_.Lost()) RequireCarried(barCode_, barCode_.RecordContent());
+    return text;
   }
 
   Text Picture() {
@@ -113,7 +157,7 @@ class BarCodeRecords {
   const CommandContext& context_;
   const Platform& platform_;
   cBarCode barCode_;
-  SqliteDatabase database_;
+  QueryDatabase database_;
   std::unique_ptr<Recordset> recordset_;
   std::int64_t number_ = 1;
 };
@@ -137,19 +181,17 @@ void AddBarcodeCommands(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("barcode", "Print the text of a bar code, or draw it");
   const auto options = std::make_shared<BarCodeOptions>();
   command->add_option("PARAM", options->parameters, "symbology;items;output column;check flag")->required();
-  CLI::Option* value =
-      command->add_option("--value", options->value, "value to encode; this, or --db and --select, is required");
-  CLI::Option* database =
-      command->add_option("--db", options->database, "SQLite database file (default: none)")->excludes(value);
-  CLI::Option* select = command->add_option("--select", options->select,
-                                            "SELECT statement; - reads it from standard input (default: none)");
-  select->needs(database);
-  database->needs(select);
+  CLI::Option* value = command->add_option("--value", options->value, "value to encode; this or --db is required");
+  AddQueryOptions(*command, options->query);
+  CLI::Option* database = command->get_option("--db")->required(false)->excludes(value);
+  database->description("SQLite database file, for a bar code of each record; in place of --value (default: none)");
+  command->remove_option(command->get_option("--step"));
   command->add_option("--svg", options->svg,
                       "draw into this file; several records: into this folder (default: print the text)");
   command->callback([&chosen, options, value, database] {
     const bool hasValue = value->count() > 0;
-    if (!hasValue && database->count() == 0) throw UsageError("barcode needs --value, or --db and --select");
+    if (!hasValue && database->count() == 0)
+      throw UsageError("barcode needs --value, or --db with --select or --sql-file");
     chosen = [options, hasValue](const CommandContext& context) {
       return hasValue ? RunValue(context, *options) : RunRecords(context, *options);
     };

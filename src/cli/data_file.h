@@ -5,7 +5,6 @@
 
 #include "cli/output_check.h"
 #include "foundation/ignore_errors.h"
-#include "platform/file_system.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -16,11 +15,11 @@ class DataFile {
  public:
   /// @param asked  the option's value, empty without it
   /// @param path   receives what the user asked for; names the file at the end
-  DataFile(FileSystem& files, const std::string& asked, Text& path)
-      : files_(files), asked_(!asked.empty()), path_(path) {
+  DataFile(const CommandContext& context, const std::string& asked, Text& path)
+      : files_(context.platform.files), asked_(!asked.empty()), path_(path) {
     if (!asked_) return;
-    path = files.GetAbsolutePathName(FromUtf8(asked));
-    RequireWritable(files, path);
+    path = files_.GetAbsolutePathName(FromUtf8(asked));
+    RequireWritable(context, path);
   }
   ~DataFile() {
     if (!asked_ && !path_.empty()) IgnoreErrors([&] { files_.DeleteFile(path_, /*force=*/true); });

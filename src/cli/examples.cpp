@@ -147,8 +147,7 @@ constexpr auto kExamples = std::to_array<CommandExamples>({
     {"text", {{{"text 0.5", "prints 0,5"}, {"text 2026-11-16 --type date", "prints 16.11.2026"}}}},
     {"barcode",
      {{{"barcode \"Code39;'FA-'|cislo,trim;OUT;0\" --value 2026", "prints *FA-2026*"},
-       {"barcode 'EAN13;ean;OUT;0' --db sklad.db --select 'SELECT ean FROM zbozi WHERE ean IS NOT NULL LIMIT 5' --svg "
-        "kody/",
+       {"barcode 'Code39;kod,trim;OUT;0' --db sklad.db --select 'SELECT kod FROM zbozi LIMIT 5' --svg kody/",
         "a picture for each record"}}}},
     {"registry",
      {{{"registry list HKCU", "prints keys and values"},

@@ -1,5 +1,7 @@
 // Commands that make Excel workbooks: plain tables of a query, and templates filled from a query or prepared files.
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "cli/check.h"
 #include "cli/command_line.h"
@@ -7,12 +9,13 @@
 #include "cli/export_run.h"
 #include "cli/host_platform.h"
 #include "cli/output_check.h"
+#include "cli/output_file.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "cli/template_arguments.h"
 #include "platform/paths.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
-#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 
@@ -32,67 +35,63 @@ class WorkbookOutput {
  public:
   // What is wrong with -o is told before any work.
   WorkbookOutput(const CommandContext& context, const ExcelOptions& options) : context_(context), options_(options) {
-    FileSystem& files = context.platform.files;
     if (options.output.empty()) {
-      RequireWritableFolder(files, files.GetAbsolutePathName(u"."));
-      return;
+      RequireWritableFolder(context, context.platform.files.GetAbsolutePathName(u"."));
+    } else {
+      file_.emplace(context, options.output, kExtensions);
     }
-    path_ = files.GetAbsolutePathName(FromUtf8(options.output));
-    const Text extension = ExtensionOf(path_);
-    if ((extension != u"xlsx" && extension != u"xlsm" && extension != u"pdf") || files.FolderExists(path_)) {
-      throw UsageError("-o takes an .xlsx, .xlsm or .pdf file");
-    }
-    RequireWritable(files, path_);
   }
 
   // @param basis  gives the workbook its name where -o does not: a template, or the name itself
   void Save(ExcelWorkbook& workbook, const Text& basis) {
     FileSystem& files = context_.platform.files;
-    if (path_.empty()) {
-      path_ = files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
-      if (path_ == files.GetAbsolutePathName(basis)) {
+    Text path = file_ ? file_->path() : files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
+    if (!file_) {
+      if (path == files.GetAbsolutePathName(basis)) {
         throw UsageError("the workbook would take the place of its template; -o names another file");
       }
+      RequireNew(context_, path);
     }
-    if (ExtensionOf(path_) == u"pdf") {
-      workbook.ExportAsFixedFormat({.fileName = path_});
+    if (LowerCase(GetExtensionName(path)) == u"pdf") {
+      workbook.ExportAsFixedFormat({.fileName = path});
     } else {
-      workbook.SaveAs(path_, ExcelSaveFormat::kWorkbookXml);
+      workbook.SaveAs(path, ExcelSaveFormat::kWorkbookXml);
     }
-    context_.report.File(path_);
-    if (options_.output.empty() && !options_.noOpen && HasDisplay()) context_.platform.shell.OpenDocument(path_);
+    if (file_) return file_->Written(path);
+    context_.report.File(path);
+    if (!options_.noOpen && HasDisplay()) context_.platform.shell.OpenDocument(path);
   }
 
  private:
-  static Text ExtensionOf(TextView path) { return LowerCase(GetExtensionName(path)); }
+  inline static const std::vector<Text> kExtensions = {u"xlsx", u"xlsm", u"pdf"};
 
   const CommandContext& context_;
   const ExcelOptions& options_;
-  Text path_;
+  std::optional<OutputFile> file_;
 };
 
 // Runs an operation of the office object and saves its workbook.
 // @param basis  see `WorkbookOutput::Save`; known when the operation is done
 template <typename Arguments, typename Operation>
 int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arguments& arguments, const Text& basis,
-                 const char* name, Operation run) {
+                 const char* name, Operation run, const QueryDatabase* query = nullptr) {
   WorkbookOutput output(context, options);
-  const DataFile dataFile(context.platform.files, options.dataFile, arguments.rsSourceFile);
+  const DataFile dataFile(context, options.dataFile, arguments.rsSourceFile);
   arguments.rbSetAppVisible = false;
   ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
   const bool done = run(exporting.office());
   if (done) exporting.RequireNoWarnings();
   if (done) output.Save(*arguments.roRetXls, basis);
-  return exporting.StatusOf(done, name);
+  return exporting.StatusOf(done, name, query);
 }
 
 int RunExcel(const CommandContext& context, const ExcelOptions& options) {
-  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  database.SettleTypes(TypesOf(options.query));
+  QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
-  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
-                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
+  return MakeWorkbook(
+      context, options, arguments, u"export", "XlExport",
+      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); }, &database);
 }
 
 // Where the workbook would go, for --check.
@@ -105,15 +104,15 @@ CheckOrder CheckOf(const CommandContext& context, const ExcelOptions& options) {
 
 int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options));
-  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  database.SettleTypes(TypesOf(options.query));
+  QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   XlSabArguments arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
-  return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab",
-                      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); });
+  return MakeWorkbook(
+      context, options, arguments, arguments.rsTemplate, "XlExport_sab",
+      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); }, &database);
 }
 
 int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& options) {
@@ -135,7 +134,9 @@ int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& opti
 void AddWorkbookOptions(CLI::App& command, ExcelOptions& options, const char* defaultName) {
   command.add_option("--data-file", options.dataFile, "keep the file that Excel imports here (default: it is removed)");
   AddUnicodeOption(command, options.query);
-  command.add_option("-o,--output", options.output, std::string(".xlsx, .xlsm or .pdf file (default: ") + defaultName);
+  command.add_option(
+      "-o,--output", options.output,
+      std::string(".xlsx, .xlsm or .pdf file; - writes an .xlsx to standard output (default: ") + defaultName);
   command.add_flag("--no-open", options.noOpen, "do not open the result in its associated program");
 }
 

@@ -1,28 +1,26 @@
 // Commands that export the rows of a query.
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "cli/command_line.h"
 #include "cli/export_run.h"
 #include "cli/host_platform.h"
-#include "cli/output_check.h"
+#include "cli/output_file.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "export/column_names.h"
 #include "host/desktop/quiet_shell.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
-#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 
 namespace {
 
-// A path given by the user means the current folder; to the library a bare name would mean the work folder.
-Text OutputFile(const std::string& path, FileSystem& files) {
-  if (path.empty()) return Text();
-  const Text absolute = files.GetAbsolutePathName(FromUtf8(path));
-  if (path.ends_with('/') || files.FolderExists(absolute)) throw UsageError("-o names a folder, not a file: " + path);
-  RequireWritable(files, absolute);
-  return absolute;
+// Any name is taken: the export gives it the extension that it needs.
+std::vector<Text> HtmlExtensions(const std::string& output) {
+  return output == "-" ? std::vector<Text>{u"htm"} : std::vector<Text>();
 }
 
 struct HtmlOptions {
@@ -37,22 +35,24 @@ struct HtmlOptions {
 
 int RunHtml(const CommandContext& context, const HtmlOptions& options) {
   QuietShell nothingOpens(context.platform.shell);
-  const bool opens = !options.noOpen && HasDisplay();
+  const bool opens = !options.noOpen && options.output != "-" && HasDisplay();
   const Platform platform = opens ? context.platform : context.platform.With(nothingOpens);
 
+  std::optional<OutputFile> output;
+  if (!options.output.empty()) output.emplace(context, options.output, HtmlExtensions(options.output));
   HtmlExportArguments arguments{.rsFieldNames = NamesOf(options.query),
                                 .ri_rsOptions = options.query.options,
-                                .rsSourceFile = OutputFile(options.output, platform.files),
+                                .rsSourceFile = output ? output->path() : Text(),
                                 .rsTitle = FromUtf8(options.title),
                                 .riTblBorder = options.border,
                                 .riTblCellPadding = options.padding,
                                 .riTblCellSpacing = options.spacing};
-  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  database.SettleTypes(TypesOf(options.query));
+  QueryDatabase database(context, options.query);
   ExportRun run(context, platform, options.query, opens);
   const bool done = run.office().HTMLExport(database, Statement(options.query), arguments);
-  if (done) context.report.File(arguments.rsSourceFile);
-  return run.StatusOf(done, "HTMLExport");
+  if (done && output) output->Written(arguments.rsSourceFile);
+  if (done && !output) context.report.File(arguments.rsSourceFile);
+  return run.StatusOf(done, "HTMLExport", &database);
 }
 
 void AddHtml(CLI::App& app, Command& chosen) {

@@ -29,7 +29,8 @@ void ExportRun::RequireNoWarnings() const {
   Raise(RuntimeError::kInvalidCall, u"Nothing is written: with --strict there must be no warning");
 }
 
-int ExportRun::StatusOf(bool done, const char* operation) const {
+int ExportRun::StatusOf(bool done, const char* operation, const QueryDatabase* query) const {
+  if (done && query) context_.report.Records(query->RecordsRead());
   if (done) return kDone;
   for (const Text& failure : events_.failures()) {
     context_.report.statusLine().Erase();

@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/progress_display.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "export/zor_office.h"
 
 namespace zorkanca::cli {
@@ -46,7 +47,8 @@ class ExportRun {
 
   /// Exit status of an operation with this result. What only events told of a failure is reported, with the operation's
   /// name before it.
-  int StatusOf(bool done, const char* operation) const;
+  /// @param query  its records are reported as written when all is done; null for an operation without a query
+  int StatusOf(bool done, const char* operation, const QueryDatabase* query = nullptr) const;
 
  private:
   const CommandContext& context_;

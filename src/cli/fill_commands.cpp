@@ -5,7 +5,7 @@
 
 #include "cli/command_line.h"
 #include "cli/fill_steps.h"
-#include "cli/output_check.h"
+#include "cli/output_file.h"
 #include "files/file_bytes.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -113,11 +113,7 @@ class FillRun {
 
 int RunFill(const CommandContext& context, const FillOptions& options) {
   FileSystem& files = context.platform.files;
-  const Text output = files.GetAbsolutePathName(FromUtf8(options.output));
-  if (options.output.ends_with('/') || files.FolderExists(output)) {
-    throw UsageError("-o names a folder, not a file: " + options.output);
-  }
-  RequireWritable(files, output);
+  OutputFile output(context, options.output, {u"xml"});
   const std::vector<FillStep> steps =
       ReadFillSteps(options.steps == "-" ? ReadToEnd(STDIN_FILENO, "-") : BytesOf(options.steps));
 
@@ -131,9 +127,9 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
     return kFailed;
   }
   if (context.interrupted) return kInterrupted;
-  if (!factory.SaveWorkbook(output)) return kFailed;
+  if (!factory.SaveWorkbook(output.path())) return kFailed;
   for (const Text& value : run.values()) context.report.Value(value);
-  context.report.File(output);
+  output.Written(output.path());
   return kDone;
 }
 
@@ -144,7 +140,8 @@ void AddFillCommands(CLI::App& app, Command& chosen) {
   const auto options = std::make_shared<FillOptions>();
   command->add_option("TEMPLATE", options->templateFile, "spreadsheet-XML template")->required();
   command->add_option("STEPS", options->steps, "JSON file of the steps; - reads them from standard input")->required();
-  command->add_option("-o,--output", options->output, "workbook to write, .xml")->required();
+  command->add_option("-o,--output", options->output, "workbook to write, .xml; - writes it to standard output")
+      ->required();
   command->callback(
       [&chosen, options] { chosen = [options](const CommandContext& context) { return RunFill(context, *options); }; });
 }

@@ -83,6 +83,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddExcelCommands(app, command);
   AddFillCommands(app, command);
   AddFieldsCommand(app, command);
+  AddPdfCommands(app, command);
   AddOfficeCommands(app, command);
   AddTemplateCommands(app, command);
   AddValueCommands(app, command);

@@ -1,34 +1,17 @@
-// Commands around the office applications: PDF, the alternative office package, what is installed, opening documents.
-#include <algorithm>
+// Commands around the office applications: the alternative office package, what is installed, opening documents.
 #include <array>
-#include <filesystem>
 #include <memory>
 
 #include "cli/command_line.h"
+#include "cli/document_kinds.h"
 #include "cli/host_platform.h"
-#include "export/office_pdf_convert.h"
 #include "office/alternative_office_manager.h"
 #include "office/kancel_apl.h"
-#include "platform/paths.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
 
 namespace {
-
-constexpr std::array<TextView, 8> kWordExtensions = {u"doc",  u"dot",  u"docx", u"dotx",
-                                                     u"docm", u"dotm", u"rtf",  u"odt"};
-constexpr std::array<TextView, 8> kExcelExtensions = {u"xls",  u"xlt",  u"xlsx", u"xltx",
-                                                      u"xlsm", u"xltm", u"xlsb", u"ods"};
-
-// Which application a file belongs to.
-bool IsForExcel(TextView path) {
-  const Text extension = LowerCase(GetExtensionName(path));
-  const auto isOne = [&extension](TextView known) { return known == extension; };
-  if (std::any_of(kExcelExtensions.begin(), kExcelExtensions.end(), isOne)) return true;
-  if (std::any_of(kWordExtensions.begin(), kWordExtensions.end(), isOne)) return false;
-  throw UsageError("neither a Word document nor an Excel workbook by its name: " + ToUtf8(path));
-}
 
 int StatusOf(bool done, const CommandContext& context) {
   return done ? kDone : context.interrupted ? kInterrupted : kFailed;
@@ -36,41 +19,6 @@ int StatusOf(bool done, const CommandContext& context) {
 
 Text AbsolutePathOf(const CommandContext& context, const std::string& path) {
   return context.platform.files.GetAbsolutePathName(FromUtf8(path));
-}
-
-bool IsSameFile(const std::string& one, const std::string& other) {
-  std::error_code missing;
-  return std::filesystem::equivalent(one, other, missing);
-}
-
-void AddPdf(CLI::App& app, Command& chosen) {
-  struct Options {
-    std::string source;
-    std::string target;
-    int bookmarks = 0;
-    bool archive = false;
-  };
-  CLI::App* command = app.add_subcommand("pdf", "Write a Word document or an Excel workbook as PDF");
-  const auto options = std::make_shared<Options>();
-  command->add_option("SOURCE", options->source, "document or workbook")->required();
-  command->add_option("TARGET", options->target, "PDF file to write")->required();
-  command->add_option("--bookmarks", options->bookmarks, "0: none, 1: of headings, 2: of Word's bookmarks")
-      ->check(CLI::IsMember({0, 1, 2}))
-      ->capture_default_str();
-  command->add_flag("--pdf-a", options->archive, "write PDF/A (ISO 19005-1)");
-  command->callback([&chosen, options] {
-    chosen = [options](const CommandContext& context) {
-      const Text source = AbsolutePathOf(context, options->source);
-      const Text target = AbsolutePathOf(context, options->target);
-      if (IsSameFile(options->source, options->target)) throw UsageError("SOURCE and TARGET are the same file");
-      cOfficePdfConvert convert(context.platform);
-      const auto bookmarks = static_cast<WdExportCreateBookmarks>(options->bookmarks);
-      const bool done = IsForExcel(source) ? convert.XlExportToPdfFormat(source, target)
-                                           : convert.WdExportToPdfFormat(source, target, bookmarks, options->archive);
-      if (done) context.report.File(target);
-      return StatusOf(done, context);
-    };
-  });
 }
 
 void AddInstalled(CLI::App& app, Command& chosen) {
@@ -283,7 +231,6 @@ void AddAlternative(CLI::App& app, Command& chosen) {
 }  // namespace
 
 void AddOfficeCommands(CLI::App& app, Command& chosen) {
-  AddPdf(app, chosen);
   AddInstalled(app, chosen);
   AddOpen(app, chosen);
   AddAlternative(app, chosen);

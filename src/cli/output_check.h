@@ -1,14 +1,18 @@
-// An output that cannot be written is told before the work begins.
+// An output that cannot be written, or must not be, is told before the work begins.
 #pragma once
 
-#include "platform/file_system.h"
+#include "cli/command_line.h"
 
 namespace zorkanca::cli {
 
-/// Makes sure that a file can be written, and leaves what is there as it is. Errors: 70, 75, 76, 52 with the path.
-void RequireWritable(FileSystem& files, const Text& path);
+/// Makes sure that a file can be written, and leaves what is there as it is.
+/// Errors: 70, 75, 76, 52 with the path; 58 when the file exists and --no-clobber was given.
+void RequireWritable(const CommandContext& context, const Text& path);
 
-/// The same for the numbered files of a folder, which may have to be made. Errors: also 58 when a file is in its place.
-void RequireWritableFolder(FileSystem& files, const Text& folder);
+/// The same for the files of a folder, which may have to be made. Errors: also 58 when a file is in its place.
+void RequireWritableFolder(const CommandContext& context, const Text& folder);
+
+/// Lets a file stay that --no-clobber protects. Errors: 58.
+void RequireNew(const CommandContext& context, const Text& path);
 
 }  // namespace zorkanca::cli

@@ -23,6 +23,8 @@ void AddQueryOptions(CLI::App& command, QueryOptions& query) {
                   "values)")
       ->allow_extra_args(false);
   command.add_option("--options", query.options, "options passed to the database")->capture_default_str();
+  command.add_option("--part", query.part,
+                     "the K-th of N equal shares of the records, K/N, for N computers (default: 1/1)");
   AddStepOption(command, query);
 }
 

@@ -22,6 +22,7 @@ struct QueryOptions {
   float step = 1.0f;
   std::vector<std::string> types;  ///< COLUMN=TYPE
   std::string multiplier;
+  std::string part;  ///< K/N
   std::int16_t blankRecords = 0;
   std::string encoding;  ///< of prepared files and data files; empty: by the mark
   bool unicode = false;

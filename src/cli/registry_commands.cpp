@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/command_line.h"
+#include "cli/output_check.h"
 #include "files/atomic_file.h"
 #include "host/registry/reg_transfer.h"
 #include "runtime/error.h"
@@ -107,6 +108,7 @@ int List(const CommandContext& context, const RegistryOptions& options) {
 
 int Export(const CommandContext& context, const RegistryOptions& options) {
   const Text path = context.platform.files.GetAbsolutePathName(FromUtf8(options.file));
+  RequireNew(context, path);
   std::vector<RegistryPlace> places;
   for (const RegistryHive hive :
        {RegistryHive::kClassesRoot, RegistryHive::kCurrentUser, RegistryHive::kLocalMachine}) {

@@ -41,6 +41,7 @@ void Report::Tell(TextView text) {
 }
 
 void Report::File(TextView path) {
+  const std::lock_guard lock(mutex_);
   if (json_) {
     files_.emplace_back(path);
   } else {
@@ -49,6 +50,7 @@ void Report::File(TextView path) {
 }
 
 void Report::Value(TextView text) {
+  const std::lock_guard lock(mutex_);
   if (json_) {
     values_.emplace_back(text);
   } else {
@@ -56,23 +58,32 @@ void Report::Value(TextView text) {
   }
 }
 
+void Report::Records(std::int64_t count) {
+  const std::lock_guard lock(mutex_);
+  records_ += count;
+}
+
 void Report::Warning(TextView text) {
+  const std::lock_guard lock(mutex_);
   if (!toldWarnings_.emplace(text).second) return;
   warnings_.emplace_back(text);
   Tell(u"warning: " + Text(text));
 }
 
 void Report::Cause(const Error& error) {
+  const std::lock_guard lock(mutex_);
   cause_ = error;
   Tell(u"cause: " + NumberAndDescription(error));
 }
 
 void Report::Failure(const Error& error) {
+  const std::lock_guard lock(mutex_);
   failure_ = error;
   Tell(NumberAndDescription(error));
 }
 
 void Report::Failure(TextView text) {
+  const std::lock_guard lock(mutex_);
   failure_ = Error(static_cast<std::int32_t>(RuntimeError::kInvalidCall), u"", Text(text));
   Tell(text);
 }
@@ -83,6 +94,7 @@ void Report::WrongUsage(const std::string& text, const std::string& command) {
 }
 
 void Report::MessageBox(const Message& message) {
+  const std::lock_guard lock(mutex_);
   statusLine_.Erase();
   if (message.buttons == MessageButtons::kOk) message_ = Replace(message.text, kCrLf, u"\n");
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,7 +16,7 @@
 
 namespace zorkanca::cli {
 
-/// Every command reports through the one object of its run.
+/// Every command reports through the one object of its run; several threads may.
 class Report {
  public:
   /// Gathers everything for one JSON object instead of printing results as they come.
@@ -28,7 +29,7 @@ class Report {
   /// A value that was asked for: a line of standard output.
   void Value(TextView text);
   /// Adds to the number of records of the query that were written.
-  void Records(std::int64_t count) { records_ += count; }
+  void Records(std::int64_t count);
 
   /// "zorkanca: warning: TEXT", once for each text: the same may come with each of thousands of documents.
   void Warning(TextView text);
@@ -57,6 +58,7 @@ class Report {
   void PrintLine(TextView text);
   std::string AsJson(int status) const;
 
+  std::mutex mutex_;
   bool json_ = false;
   StatusLine statusLine_;
   std::vector<Text> files_;

@@ -8,9 +8,9 @@
 #include "cli/document_output.h"
 #include "cli/export_run.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "cli/template_arguments.h"
 #include "runtime/utf8.h"
-#include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
 
@@ -40,40 +40,41 @@ struct FormOptions {
 // @param run  the operation; its document is in `result` then
 template <typename Operation>
 int MakeDocuments(const CommandContext& context, const WordOptions& options, const Text& rsTemplate, const char* name,
-                  const WordDocumentReference& result, Operation run) {
+                  const WordDocumentReference& result, Operation run, const QueryDatabase* query = nullptr) {
   using Count = DocumentOutput::Count;
-  DocumentOutput output(context, options.output, options.multi ? Count::kSeveral : Count::kOne, rsTemplate);
+  DocumentOutput output(context, options.output, options.multi ? Count::kSeveral : Count::kOne, rsTemplate, query);
   ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
-  const auto add = [&](const WordDocumentReference& document) {
+  const auto add = [&](const FinishedDocument& document) {
     exporting.RequireNoWarnings();
     output.Add(document);
   };
   if (options.multi) exporting.office().WhenDocumentIsFinished(add);
   const bool done = run(exporting.office());
-  if (done && !options.multi) add(result);
+  if (done && !options.multi) add({result, nullptr});
   output.Finish(done);
-  return exporting.StatusOf(done, name);
+  return exporting.StatusOf(done, name, query);
 }
 
 template <typename Operation>
 int RunWordExport(const CommandContext& context, const WordOptions& options, WordExportArguments& arguments,
-                  const char* name, Operation run) {
+                  const char* name, Operation run, const QueryDatabase* query = nullptr) {
   SetTemplate(arguments, options.fromTemplate);
   arguments.MultiDocument = options.multi;
   arguments.rvFormat = FormatsOf(options.formats);
   arguments.rbSetAppVisible = false;
-  const DataFile dataFile(context.platform.files, options.dataFile, arguments.rsSourceFile);
-  return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run);
+  const DataFile dataFile(context, options.dataFile, arguments.rsSourceFile);
+  return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run, query);
 }
 
 // Where the documents would go, for --check.
 template <typename Options>
 CheckOrder CheckOf(const CommandContext& context, const Options& options, DocumentOutput::Count count,
                    TemplateUse use = TemplateUse::kMerge) {
-  return {.query = options.query,
-          .fromTemplate = options.fromTemplate,
-          .use = use,
-          .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text()); }};
+  return {
+      .query = options.query,
+      .fromTemplate = options.fromTemplate,
+      .use = use,
+      .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); }};
 }
 
 DocumentOutput::Count CountOf(const WordOptions& options) {
@@ -82,14 +83,14 @@ DocumentOutput::Count CountOf(const WordOptions& options) {
 
 int RunWord(const CommandContext& context, const WordOptions& options) {
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options, CountOf(options)));
-  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  database.SettleTypes(TypesOf(options.query));
+  QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   WdExportArguments arguments;
   arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
-  return RunWordExport(context, options, arguments, "WdExport",
-                       [&](cZorOffice& office) { return office.WdExport(database, select, arguments); });
+  return RunWordExport(
+      context, options, arguments, "WdExport",
+      [&](cZorOffice& office) { return office.WdExport(database, select, arguments); }, &database);
 }
 
 int RunWordFile(const CommandContext& context, const WordOptions& options) {
@@ -129,8 +130,7 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
   if (options.fromTemplate.check) {
     return RunCheck(context, CheckOf(context, options, DocumentOutput::Count::kUnknown, TemplateUse::kForm));
   }
-  SqliteDatabase database(SqlitePath(options.query.database), &context.interrupted);
-  database.SettleTypes(TypesOf(options.query));
+  QueryDatabase database(context, options.query);
   WdExportFormArguments arguments = options.arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.ri_rsOptions = options.query.options;
@@ -141,15 +141,15 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
     if (arguments.rvOneChar.size() < column) arguments.rvOneChar.resize(column);
     arguments.rvOneChar[column - 1] = true;
   }
-  DocumentOutput output(context, options.output, DocumentOutput::Count::kUnknown, arguments.rsTemplate);
+  DocumentOutput output(context, options.output, DocumentOutput::Count::kUnknown, arguments.rsTemplate, &database);
   ExportRun run(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
-  run.office().WhenDocumentIsFinished([&](const WordDocumentReference& document) {
+  run.office().WhenDocumentIsFinished([&](const FinishedDocument& document) {
     run.RequireNoWarnings();
     output.Add(document);
   });
   const bool done = run.office().WdExportForm(database, Statement(options.query), arguments);
   output.Finish(done);
-  return run.StatusOf(done, "WdExportForm");
+  return run.StatusOf(done, "WdExportForm", &database);
 }
 
 void AddMultiOption(CLI::App& command, WordOptions& options) {

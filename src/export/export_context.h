@@ -6,6 +6,7 @@
 
 #include "export/export_preferences.h"
 #include "export/export_report.h"
+#include "export/finished_document.h"
 #include "export/office_settings.h"
 #include "export/zor_office_events.h"
 #include "foundation/number_separators.h"
@@ -33,7 +34,7 @@ struct ExportContext {
   /// Lets the user choose a template of a list: `TemplateLists::TemplateList`. @return its full path; empty: none
   std::function<Text(TemplateListArguments&)> templateList{};
   /// Gets each document of an export that makes several, once it is finished; may close it. An error stops the export.
-  std::function<void(const WordDocumentReference&)> documentFinished{};
+  std::function<void(const FinishedDocument&)> documentFinished{};
 
   /// Keeps what a message box or a state will not say until the operation ends.
   void NoteCause(const Error& cause) const {

@@ -6,6 +6,7 @@
 #include "export/data_encoding.h"
 #include "export/export_failure.h"
 #include "export/merge_data_file.h"
+#include "export/prepared_file.h"
 #include "export/progress.h"
 #include "export/suspended_screen.h"
 #include "export/text_markup.h"
@@ -110,6 +111,20 @@ std::int32_t CountLines(FileSystem& files, const Text& path) {
   return count;
 }
 
+// Reads the record only when somebody asks for a value.
+std::function<std::optional<Text>(TextView)> ValuesOf(const Text& header, const Text& record) {
+  return [&header, &record](TextView column) -> std::optional<Text> {
+    std::vector<Text> names;
+    std::vector<Text> values;
+    SplitColumnsFromDataRow(header, names);
+    SplitColumnsFromDataRow(record, values);
+    for (std::size_t index = 0; index < names.size(); ++index) {
+      if (EqualsIgnoringCase(names[index], column)) return index < values.size() ? values[index] : Text();
+    }
+    return std::nullopt;
+  };
+}
+
 Text FailureText(const Error& error) {
   const std::optional<Text> stop = StopMessage(error);
   return stop ? *stop : Text(kMergeFailed).append(error.description());
@@ -192,7 +207,7 @@ void MailMergeRun::MakeOneDocumentPerRecord() {
   for (std::int32_t record = 1; lines.Next(line); ++record) {
     if (record > 1) OpenTemplate(kDocumentNotOpened);
     MakeDocumentOf(header, line);
-    if (context_.documentFinished) context_.documentFinished(document_);
+    if (context_.documentFinished) context_.documentFinished({document_, ValuesOf(header, line)});
     progress.RecordDone();
   }
   // Without records the document of the template is no result.

@@ -83,7 +83,9 @@ void WordFormExport::FillDocuments() {
     session_.ShowPointer(MousePointer::kHourglass);
     FillDocument(formats);
     session_.ShowPointer(MousePointer::kDefault);
-    if (context_.documentFinished) context_.documentFinished(document_);
+    if (context_.documentFinished) {
+      context_.documentFinished({document_, [&](TextView column) { return ValueOf(column, formats); }});
+    }
     progress.RecordDone();
   }
   progress.Finish();
@@ -111,6 +113,15 @@ void WordFormExport::FillDocument(ColumnFormats& formats) {
     const Text text = TextOf(column, formats, static_cast<std::int32_t>(index));
     WriteField(column.field->Name(), text, IsOneChar(index));
   }
+}
+
+std::optional<Text> WordFormExport::ValueOf(TextView name, ColumnFormats& formats) {
+  for (std::size_t index = 0; index < columns_.size(); ++index) {
+    const QueryColumn& column = columns_[index];
+    if (!EqualsIgnoringCase(column.field->Name(), name)) continue;
+    return TextOf(column, formats, static_cast<std::int32_t>(index));
+  }
+  return std::nullopt;
 }
 
 Text WordFormExport::TextOf(const QueryColumn& column, ColumnFormats& formats, std::int32_t index) {

@@ -46,6 +46,7 @@ class WordFormExport {
   void SetMargins();
   void FillDocuments();
   void FillDocument(ColumnFormats& formats);
+  std::optional<Text> ValueOf(TextView name, ColumnFormats& formats);
   Text TextOf(const QueryColumn& column, ColumnFormats& formats, std::int32_t index);
   void WriteField(const Text& name, TextView text, bool oneCharacterEach);
   bool IsOneChar(std::size_t column) const {

@@ -51,7 +51,7 @@ class cZorOffice {
 
   /// Hands each document of an export that makes several to a host that has no windows in which they could stay open,
   /// once it is finished; the host may close it. An error that it raises ends the export.
-  void WhenDocumentIsFinished(std::function<void(const WordDocumentReference&)> handler) {
+  void WhenDocumentIsFinished(std::function<void(const FinishedDocument&)> handler) {
     context_.documentFinished = std::move(handler);
   }
 

@@ -14,6 +14,8 @@ class SuiteEnvironment {
   virtual Text SupplyFolder() = 0;
   /// Folder of the suite's own office templates, without a separator at its end; it need not exist.
   virtual Text DefaultTemplatesFolder() = 0;
+  /// Whether lists of templates take the formats that came after .dot and .xlt, and documents and workbooks, too.
+  virtual bool TakesAllTemplateFormats() { return false; }
   /// The version of the library, "4.1.0".
   virtual Text VersionText() = 0;
 };

@@ -1,5 +1,7 @@
 #include "qt/text_box_view.h"
 
+#include <QEvent>
+#include <QTimer>
 #include <algorithm>
 #include <limits>
 
@@ -29,6 +31,24 @@ Edit EditBetween(TextView before, TextView after, std::size_t cursor) {
           .inserted = after.substr(start, after.size() - behind - start)};
 }
 
+// A text that is to be replaced by typing stays marked when a click, which would set the cursor, brings the person to
+// it.
+class FocusWatcher final : public QObject {
+ public:
+  FocusWatcher(const TextBox& box, QLineEdit& line) : box_(box), line_(line) { line.installEventFilter(this); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn && box_.allSelected()) {
+      QTimer::singleShot(0, &line_, [&line = line_] { line.selectAll(); });
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  const TextBox& box_;
+  QLineEdit& line_;
+};
+
 }  // namespace
 
 TextBoxView::TextBoxView(TextBox& box, QWidget& window, const EventRunner& run)
@@ -36,6 +56,7 @@ TextBoxView::TextBoxView(TextBox& box, QWidget& window, const EventRunner& run)
 
 TextBoxView::TextBoxView(TextBox& box, QLineEdit& line, const EventRunner& run)
     : ControlView(box, line), box_(box), line_(line), run_(run) {
+  focusWatcher_ = std::make_unique<FocusWatcher>(box, line);
   line_.setMaxLength(std::numeric_limits<int>::max());
   QObject::connect(&line_, &QLineEdit::textEdited, [this] { PersonEdited(); });
 }

@@ -22,6 +22,7 @@ class TextBoxView final : public ControlView {
   QLineEdit& line_;
   EventRunner run_;
   bool selectionShown_ = false;
+  std::unique_ptr<QObject> focusWatcher_;
 };
 
 }  // namespace zorkanca

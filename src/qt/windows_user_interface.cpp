@@ -70,7 +70,8 @@ WindowsUserInterface::WindowsUserInterface(std::string windowSystem)
     QLocale::setDefault(QLocale(QLocale::Czech, QLocale::Czechia));
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);  // work goes on after a dialog
-  // Dialogs of the library itself in Czech, where its translations are installed.
+  // Dialogs of the library itself in Czech: in our words, over which its translations go where they are installed.
+  QCoreApplication::installTranslator(&czechTexts_);
   if (translator_.load(QStringLiteral("qtbase_cs"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&translator_);
   }
@@ -78,6 +79,7 @@ WindowsUserInterface::WindowsUserInterface(std::string windowSystem)
 
 WindowsUserInterface::~WindowsUserInterface() {
   QCoreApplication::removeTranslator(&translator_);
+  QCoreApplication::removeTranslator(&czechTexts_);
 }
 
 MessageAnswer WindowsUserInterface::Show(const Message& message) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/user_interface.h"
+#include "qt/czech_texts.h"
 #include "qt/form_window.h"
 
 namespace zorkanca {
@@ -40,6 +41,7 @@ class WindowsUserInterface final : public UserInterface {
   int argumentCount_ = 3;
   char* arguments_[4];
   std::unique_ptr<QApplication> application_;
+  CzechTexts czechTexts_;
   QTranslator translator_;
   std::vector<FormWindow*> windows_;  ///< each over the one before
   bool waiting_ = false;

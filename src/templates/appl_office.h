@@ -1,7 +1,9 @@
 // The office applications that template lists are filtered for.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 #include "runtime/text.h"
 
@@ -28,6 +30,23 @@ constexpr TextView ExtensionOf(ApplOffice application) {
       break;
   }
   return {};
+}
+
+/// The extensions that a list of an application's templates takes, the first one being `ExtensionOf`; none where any
+/// will do.
+/// @param all  also those of later formats, of documents and of workbooks
+inline std::vector<TextView> ExtensionsOf(ApplOffice application, bool all) {
+  const TextView own = ExtensionOf(application);
+  if (own.empty()) return {};
+  if (all && application == ApplOffice::MSWord) return {own, u".dotx", u".dotm", u".docx", u".docm", u".doc"};
+  if (all && application == ApplOffice::MSExcel) return {own, u".xltx", u".xltm", u".xlsx", u".xlsm", u".xls"};
+  return {own};
+}
+
+/// Whether such a list takes a file of this extension, with its dot, in small letters. @param all  as above
+inline bool TakesExtension(ApplOffice application, TextView extension, bool all) {
+  const std::vector<TextView> taken = ExtensionsOf(application, all);
+  return taken.empty() || std::find(taken.begin(), taken.end(), extension) != taken.end();
 }
 
 /// A file name completed by the extension of the application's templates unless it holds a ".".

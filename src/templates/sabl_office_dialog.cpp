@@ -14,15 +14,27 @@ constexpr TextView kNotFound = u"Požadovaný seznam šablon nenalezen !";
 
 constexpr Anchors kRight = {.left = false, .right = true};
 
+// "Šablony Word (*.dot)|*.dot", with all extensions that are taken in both places.
+Text FileFilterOf(TextView caption, ApplOffice application, bool all) {
+  Text patterns;
+  for (const TextView extension : ExtensionsOf(application, all)) {
+    if (!patterns.empty()) patterns.push_back(u';');
+    patterns.append(u"*").append(extension);
+  }
+  return Text(caption).append(u" (").append(patterns).append(u")|").append(patterns);
+}
+
 // What the edit dialog offers when it asks for a file.
-Text FileFilter(ApplOffice application) {
+Text FileFilter(ApplOffice application, bool all) {
+  const auto word = [all] { return FileFilterOf(u"Šablony Word", ApplOffice::MSWord, all); };
+  const auto excel = [all] { return FileFilterOf(u"Šablony Excel", ApplOffice::MSExcel, all); };
   switch (application) {
     case ApplOffice::AllTypes:
-      return u"Šablony Word (*.dot)|*.dot|Šablony Excel (*.xlt)|*.xlt";
+      return word() + u"|" + excel();
     case ApplOffice::MSWord:
-      return u"Šablony Word (*.dot)|*.dot";
+      return word();
     case ApplOffice::MSExcel:
-      return u"Šablony Excel (*.xlt)|*.xlt";
+      return excel();
     case ApplOffice::SDS:
       return u"Soubor definice sestavy (*.sds)|*.sds";
   }
@@ -146,7 +158,7 @@ void frmSP_SablOffice::UpdateButtons() {
 
 void frmSP_SablOffice::EditTemplate(c_SeznamSablonOffice::Template edited) {
   editDialog_.Load();
-  editDialog_.SetFileFilter(FileFilter(TypeOfApplOffice));
+  editDialog_.SetFileFilter(FileFilter(TypeOfApplOffice, platform().environment.TakesAllTemplateFormats()));
   editDialog_.SetTemplate(std::move(edited));
   try {
     platform().userInterface.ShowModal(editDialog_, this);

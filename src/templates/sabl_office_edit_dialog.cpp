@@ -65,6 +65,7 @@ void frmSP_SablOfficeEdit::SetTemplate(std::shared_ptr<c_SablonaOffice> bound) {
   }
   loading_ = true;
   txt_kod_.SetText(DecimalText(template_->Id()));
+  txt_kod_.SelectAll();  // a number that is typed takes its place
   txt_popis_.SetText(template_->DescriptionWithoutMark());
   txt_soubor_.SetText(cdlgFile_.fileName);
   loading_ = false;
@@ -142,7 +143,8 @@ bool frmSP_SablOfficeEdit::CompleteExtension(Text& name) const {
     name.append(expected);
     return application != ApplOffice::AllTypes;
   }
-  if (expected.empty() || LowerCase(TextView(name).substr(dot)) == expected) return true;
+  const bool all = platform().environment.TakesAllTemplateFormats();
+  if (TakesExtension(application, LowerCase(TextView(name).substr(dot)), all)) return true;
   const MessageAnswer answer = platform().userInterface.Show({.text = Text(kWrongExtension),
                                                               .title = Text(kTemplatesTitle),
                                                               .icon = MessageIcon::kExclamation,

@@ -167,7 +167,8 @@ bool c_SablonaOffice::CorrectExtension(bool interactive) {
     content_.name.append(expected);
     return true;
   }
-  if (expected.empty() || LowerCase(TextView(content_.name).substr(dot)) == expected) return true;
+  const bool all = platform_.environment.TakesAllTemplateFormats();
+  if (TakesExtension(application, LowerCase(TextView(content_.name).substr(dot)), all)) return true;
   if (!interactive) return false;
   const MessageAnswer answer = platform_.userInterface.Show({.text = Text(kExtensionQuestion),
                                                              .title = Text(QuestionTitle(application)),

@@ -82,8 +82,9 @@ void c_SeznamSablonOffice::Load(const TemplateListFill& arguments) {
 
 bool c_SeznamSablonOffice::PassesFilter(TextView name) const {
   if (typeOfApplOffice_ == ApplOffice::AllTypes) return true;
-  const TextView extension = ExtensionOf(typeOfApplOffice_);
-  return !extension.empty() && LowerCase(Trim(name)).ends_with(extension);
+  const Text lower = LowerCase(Trim(name));
+  const auto extensions = ExtensionsOf(typeOfApplOffice_, platform_.environment.TakesAllTemplateFormats());
+  return std::any_of(extensions.begin(), extensions.end(), [&](TextView each) { return lower.ends_with(each); });
 }
 
 // The templates that pass the filter by their stored positions, those without one (0) last. A negative position hides

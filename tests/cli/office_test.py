@@ -5,7 +5,7 @@ import signal
 import subprocess
 import time
 
-from command_line import PROGRAM, CommandLineCase, main
+from command_line import SAMPLE, PROGRAM, CommandLineCase, main
 
 
 class OfficeTest(CommandLineCase):
@@ -30,12 +30,11 @@ class OfficeTest(CommandLineCase):
         (self.folder / "bad.docx").write_bytes(b"no document")
         title = "Quelma Zorix - vazba na kancelářské aplikace: "
         opening = title + "Nepodařilo se otevřít dokument: \n"
-        converting = title + f'Došlo k chybě při konverzi souboru "{self.folder}/good.docx" do formátu *.pdf\n'
         for source, target, message in [
             ("none.docx", "x.pdf", opening + f"{self.folder}/none.docx\n"),
             ("bad.docx", "x.pdf", opening + f"{self.folder}/bad.docx\n"),
             ("none.xlsx", "x.pdf", title + f"Nepodařilo se otevřít soubor: \n{self.folder}/none.xlsx\n"),
-            ("good.docx", "none/x.pdf", converting + f"76 - Path not found: {self.folder}/none\n"),
+            ("good.docx", "none/x.pdf", f"zorkanca: 76 - Path not found: {self.folder}/none\n"),
         ]:
             self.assertEqual(self.run_program("pdf", source, target, status=1), ("", message))
             self.assertFalse((self.folder / "x.pdf").exists())
@@ -103,6 +102,30 @@ class OfficeTest(CommandLineCase):
         for arguments in [["set", "UseAlternativeTableEditor", "yes"], ["get", "none"], ["program", "sheet"],
                           ["open", "a.xls"], ["open", "a.xls", "--table", "--document"]]:
             self.run_program(*run, *arguments, status=2)
+
+    def test_several_pdf_files(self):
+        for name in ("cenik.docx", "stav-zasob.xltx"):
+            (self.folder / name).write_bytes((SAMPLE.parent / name).read_bytes())
+        (self.folder / "other").mkdir()
+        (self.folder / "other/cenik.docx").write_bytes((SAMPLE.parent / "cenik.docx").read_bytes())
+        self.output("fill", SAMPLE.parent / "faktura.xml", SAMPLE.parent / "faktura.json", "-o", "faktura.xml")
+        made = self.output("pdf", "cenik.docx", "stav-zasob.xltx", "other/cenik.docx", "faktura.xml", "print/", "--jobs", "2")
+        names = ["cenik (2).pdf", "cenik.pdf", "faktura.pdf", "stav-zasob.pdf"]
+        self.assertEqual(sorted(made.splitlines()), [f"{self.folder}/print/{name}" for name in names])
+        for name in names:
+            self.assertEqual((self.folder / "print" / name).read_bytes()[:5], b"%PDF-", name)
+        (self.folder / "bad.docx").write_text("no document")
+        self.run_program("pdf", "bad.docx", "cenik.docx", "some/", status=1)
+        self.assertEqual([path.name for path in (self.folder / "some").iterdir()], ["cenik.pdf"])
+        for arguments, status, message in [
+            (["cenik.docx"], 2, "takes a document and the PDF file"),
+            (["cenik.docx", "faktura.xml", "x.pdf"], 2, "several documents ask for a folder"),
+            (["cenik.docx", "bad.docx"], 2, "TARGET, a .pdf file or a folder"),
+            (["stav-zasob.xltx", "x.pdf", "--pdf-a"], 2, "--pdf-a and --bookmarks are for Word documents"),
+            (["cenik.docx", "none.docx", "print/"], 1, "none.docx"),
+            (["cenik.docx", "x.pdf", "--jobs", "0"], 2, "--jobs"),
+        ]:
+            self.assertIn(message, self.run_program("pdf", *arguments, status=status)[1], arguments)
 
 
 if __name__ == "__main__":

@@ -42,6 +42,29 @@ class ValuesTest(CommandLineCase):
         self.assertIn("Usage", self.output("--help"))
         self.assertRegex(self.output("--version"), r"^zorkanca \d+\.\d+\.\d+\n$")
 
+    def test_bar_codes_that_cannot_be(self):
+        goods = ["--db", "sklad.db", "--select", "SELECT kod, nazev, NULL AS nic FROM zbozi ORDER BY kod LIMIT 2"]
+        known = "Code39 Code128B Code_128B_TTF Code_128B_TTF() Code128C Code_128C_TTF"
+        for arguments, status, message in [
+            (["EAN13;a,trim;o;0", "--value", "1"], 2, f"there is no symbology EAN13; there are {known}"),
+            (["code39;a,trim;o;0", "--value", "1"], 2, "did you mean Code39?"),
+            (["QR;a,trim;o;0", *goods], 2, known),
+            (["Code39", "--value", "1"], 1, "symbology;items;output column;check flag"),
+            (["Code39;a;o;0", "--value", "A"], 2, "PARAM has no place for the value"),
+            (["Code39;kod,trim;o;0"], 2, "barcode needs --value, or --db"),
+            (["Code39;kod,trim;o;0", "--db", "sklad.db"], 2, "--select or --sql-file is required"),
+            (["Code39;a,trim;o;0", "--value", "abc"], 1, 'Code39 cannot carry "abc"'),
+            (["Code128C;a,trim;o;0", "--value", "12a"], 1, 'Code128C cannot carry "12a"'),
+            (["Code128B;a,trim;o;0", "--value", "漢"], 1, 'Code128B cannot carry "漢"'),
+            (["Code39;nazev,trim;o;0", *goods], 1, 'record 1: Code39 cannot carry "Kladivo'),
+            (["Code39;neni,trim;o;0", *goods], 1, 'The query has no column "neni"'),
+        ]:
+            stdout, stderr = self.run_program("barcode", *arguments, status=status)
+            self.assertEqual(stdout, "")
+            self.assertIn(message, stderr, arguments)
+        self.assertEqual(self.output("barcode", "Code128B;nic,trim;o;0", *goods), "\n\n", "nothing to carry")
+        self.assertEqual(self.output("barcode", "Code39;kod,trim;o;0", *goods, "--part", "2/2"), "*Z01020*\n")
+
 
 if __name__ == "__main__":
     main()

@@ -213,7 +213,7 @@ TEST_F(MailMergeTest, WhatAHandlerMakesOfTheLastStateLeavesNothingBehind) {
 
 TEST_F(MailMergeTest, AFurtherTemplateThatDoesNotOpenLeavesNoDocument) {
   arguments.MultiDocument = true;
-  office.WhenDocumentIsFinished([&](const WordDocumentReference&) { computer.word.refusesToOpen = true; });
+  office.WhenDocumentIsFinished([&](const FinishedDocument&) { computer.word.refusesToOpen = true; });
   EXPECT_FALSE(office.MakeMailDocument(arguments));
   EXPECT_EQ(arguments.roRetDoc, nullptr);
   EXPECT_EQ(computer.word.documents.size(), 1u) << "what is merged stays open";

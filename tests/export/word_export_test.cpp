@@ -104,20 +104,21 @@ TEST_F(WordExportTest, OneDocumentForEachRecord) {
   WatchMerges();
   arguments.MultiDocument = true;
   std::vector<Text> finished;
-  office.WhenDocumentIsFinished([&](const WordDocumentReference& document) {
-    finished.push_back(document->FullName());
-    document->Close(false);
+  office.WhenDocumentIsFinished([&](const FinishedDocument& finishedDocument) {
+    finished.push_back(*finishedDocument.valueOf(u"NAZEV"));
+    EXPECT_EQ(finishedDocument.valueOf(u"cena"), std::nullopt);
+    finishedDocument.document->Close(false);
   });
   ASSERT_TRUE(Run());
   EXPECT_EQ(merged,
             (std::vector<std::string>{"kod;nazev\\r\\n1;\"a;b\"\\r\\n", "kod;nazev\\r\\n2;\"c\\r\\nd\\ne\"\\r\\n"}))
       << "a lone LF stays in its value";
-  EXPECT_EQ(finished.size(), 2u);
+  EXPECT_EQ(finished, (std::vector<Text>{u"a;b", u"c×¶d\ne"})) << "as the record has it, on one line";
   EXPECT_TRUE(computer.word.documents.empty());
   EXPECT_EQ(std::count(computer.journal.begin(), computer.journal.end(), "percent 100"), 1) << "the merge's own";
   EXPECT_EQ(computer.PathsBesideLog(), (std::vector<Text>{kTemplate.data(), arguments.rsSourceFile}));
 
-  office.WhenDocumentIsFinished([&](const WordDocumentReference&) { Raise(RuntimeError::kDiskFull); });
+  office.WhenDocumentIsFinished([&](const FinishedDocument&) { Raise(RuntimeError::kDiskFull); });
   EXPECT_FALSE(Run());
   EXPECT_THAT(computer.journal,
               ::testing::Contains("state 0 Chyba ve zpracování dat nástrojem hromadné korespondence: Disk full"));

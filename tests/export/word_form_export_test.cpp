@@ -133,11 +133,11 @@ TEST_F(WordFormExportTest, FailuresKeepTheFinishedDocuments) {
   EXPECT_TRUE(arguments.roRetDoc);
   EXPECT_EQ(Lines("word visible "), Strings{"on"});
   events.cancelAt = -1;
-  office.WhenDocumentIsFinished([&](const WordDocumentReference&) { computer.word.refusesToOpen = true; });
+  office.WhenDocumentIsFinished([&](const FinishedDocument&) { computer.word.refusesToOpen = true; });
   expect("Nepodařilo se otevřít dokument v aplikaci MS Word !", 1);
   EXPECT_FALSE(arguments.roRetDoc) << "the further document is none";
   computer.word.refusesToOpen = false;
-  office.WhenDocumentIsFinished([](const WordDocumentReference&) { Raise(RuntimeError::kDiskFull); });
+  office.WhenDocumentIsFinished([](const FinishedDocument&) { Raise(RuntimeError::kDiskFull); });
   expect("Neočekávaná chyba: \r\n61 - Disk full.", 1);
   office.WhenDocumentIsFinished(nullptr);
   database.rows[1][1] = Binary(1);

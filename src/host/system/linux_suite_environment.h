@@ -19,6 +19,7 @@ class LinuxSuiteEnvironment final : public SuiteEnvironment {
   /// In both: the installation's registry value, else the home folder's "Sablony".
   Text SupplyFolder() override;
   Text DefaultTemplatesFolder() override;
+  bool TakesAllTemplateFormats() override { return true; }
   Text VersionText() override { return version_; }
 
  private:

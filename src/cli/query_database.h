@@ -1,0 +1,54 @@
+// The database of a command's query: it serves the share of the records that --part asks for, and counts what was read.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "cli/command_line.h"
+#include "cli/query_arguments.h"
+#include "platform/database.h"
+
+namespace zorkanca::cli {
+
+/// The k-th of n equal shares of the records, in order.
+struct Share {
+  std::int64_t k = 1;
+  std::int64_t n = 1;
+
+  bool IsAll() const { return n == 1; }
+  /// Record, from 1, that a share of so many records begins with; that of the next share is the one behind the last.
+  std::int64_t First(std::int64_t records) const { return (k - 1) * records / n + 1; }
+  std::int64_t Last(std::int64_t records) const { return k * records / n; }
+};
+
+/// "2/5". Errors: `UsageError` for anything else. @param text  empty for all records
+Share ShareOf(const std::string& text);
+
+class QueryDatabase final : public Database {
+ public:
+  /// Opens the database that --db names, once it is needed. Errors: `UsageError` for options that make no sense.
+  QueryDatabase(const CommandContext& context, const QueryOptions& options);
+  ~QueryDatabase() override;
+
+  /// Errors: those of the database.
+  std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
+
+  /// How many records of the query stand before the share; known once it was opened.
+  std::int64_t RecordsBefore() const { return state_->before; }
+  /// How many records were gone through, the most of all times.
+  std::int64_t RecordsRead() const { return state_->read; }
+
+ private:
+  struct State {
+    std::int64_t before = 0;
+    std::int64_t read = 0;
+  };
+  class CountedRecordset;
+
+  std::unique_ptr<Database> database_;
+  Share share_;
+  std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+}  // namespace zorkanca::cli
