@@ -15,9 +15,9 @@ namespace {
   Raise(RuntimeError::kInvalidCall, description.append(address).append(u" of the template: ").append(text));
 }
 
-// Quotes are what they are wherever they stand; the rest would end the cell or its line.
-bool HasToBeEnclosed(TextView cell) {
-  return cell.find_first_of(u"\";\r\n") != TextView::npos;
+// What would end the cell, its line, or the whole order of cells in the data file.
+bool BreaksTheFile(TextView cell) {
+  return cell.find_first_of(u";\r\n") != TextView::npos;
 }
 
 }  // namespace
@@ -84,20 +84,34 @@ Text ExcelCellPattern::TextOf(const Piece& piece, const Locale& locale) const {
   }
 }
 
+void ExcelCellPattern::Compose(Text& cell, bool quotesValues, const Locale& locale) const {
+  cell.clear();
+  for (const Piece& piece : pieces_) {
+    if (piece.kind == Piece::Kind::kLiteral) {
+      cell.append(piece.text);
+    } else if (quotesValues && piece.kind != Piece::Kind::kCode) {
+      AppendQuotedIfHasQuotes(cell, TextOf(piece, locale));
+    } else {
+      cell.append(TextOf(piece, locale));
+    }
+  }
+}
+
 void ExcelCellPattern::AddTo(ExcelDataFile& file, const Locale& locale) {
   const bool isLiteral = pieces_.size() == 1 && pieces_.front().kind == Piece::Kind::kLiteral;
   if (isLiteral) return file.AddText(pieces_.front().text);
-  shown_.clear();
-  for (const Piece& piece : pieces_) {
-    shown_.append(piece.kind == Piece::Kind::kLiteral ? piece.text : TextOf(piece, locale));
-  }
+  Compose(shown_, /*quotesValues=*/false, locale);
   CheckCellText(shown_);
-  Text& cell = file.BeginCell();
-  if (HasToBeEnclosed(shown_)) {
-    AppendEnclosedValue(cell, shown_);
-  } else {
-    cell.append(shown_);
-  }
+  const auto add = [&file](const Text& text) {
+    if (BreaksTheFile(text)) return AppendEnclosedValue(file.BeginCell(), text);
+    file.BeginCell().append(text);
+  };
+  if (shown_.find(u'"') == Text::npos) return add(shown_);
+  // Each value has quotes of its own, in whatever company. A cell that begins with one has to be quoted as a whole, or
+  // the rest of the file would belong to it.
+  Compose(spelled_, /*quotesValues=*/true, locale);
+  if (spelled_.front() == u'"') return AppendEnclosedValue(file.BeginCell(), shown_);
+  add(spelled_);
 }
 
 }  // namespace zorkanca

@@ -65,10 +65,12 @@ class ExcelCellPattern {
   }
   static Piece ReadPlaceholder(TextView body);
   Text TextOf(const Piece& piece, const Locale& locale) const;
+  void Compose(Text& cell, bool quotesValues, const Locale& locale) const;
 
   std::vector<Piece> pieces_;
   PatternSource* source_ = nullptr;
-  Text shown_;  // text of the current record, kept for its room
+  Text shown_;    // text of the current record, kept for its room
+  Text spelled_;  // the same with its values quoted
 };
 
 }  // namespace zorkanca

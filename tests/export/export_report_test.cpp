@@ -56,7 +56,8 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   database.rows = {{std::int32_t{1}, Binary{}}};
   html = {};
   EXPECT_FALSE(office.HTMLExport(database, u"SELECT * FROM t", html));
-  EXPECT_TRUE(Taken().starts_with("cause 13 - The column \"a;b\" holds binary data (BLOB)"));
+  const std::string binary = Taken();
+  EXPECT_NE(binary.find("cause 13 - The column \"a;b\" holds binary data (BLOB)"), std::string::npos) << binary;
 
   database.rows = {{std::int32_t{1}, Text(u"x")}};
   WdExportArguments word;

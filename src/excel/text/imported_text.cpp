@@ -200,8 +200,8 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
               arguments.ThousandsSeparator.value_or(locale.groupSeparator)),
       trueWord_(ToUtf8(UpperCase(locale.trueWord))),
       falseWord_(ToUtf8(UpperCase(locale.falseWord))),
-      shortDateIsShortest_(locale.shortDate.find_first_of(u" ") == Text::npos &&
-                           locale.shortDate.find(u"dd") == Text::npos && locale.shortDate.find(u"mm") == Text::npos) {
+      shortDateIsShortest_(locale.shortDate.find(u' ') == Text::npos && locale.shortDate.find(u"dd") == Text::npos &&
+                           locale.shortDate.find(u"mm") == Text::npos) {
   for (const ExcelColumnInfo& info : arguments.FieldInfo) {
     if (info.column < 1 || info.column > kLastColumn || info.type != ExcelColumnType::kText) continue;
     textColumns_.resize(std::max(textColumns_.size(), static_cast<std::size_t>(info.column)));
