@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
 #include "cli/export_run.h"
@@ -77,8 +78,9 @@ int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arg
   WorkbookOutput output(context, options);
   const DataFile dataFile(context, options.dataFile, arguments.rsSourceFile);
   arguments.rbSetAppVisible = false;
-  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true);
+  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
   const bool done = run(exporting.office());
+  if (done) exporting.RequireNoWarnings();
   if (done) output.Save(*arguments.roRetXls, basis);
   return exporting.StatusOf(done, name, query);
 }
@@ -92,7 +94,16 @@ int RunExcel(const CommandContext& context, const ExcelOptions& options) {
       [&](cZorOffice& office) { return office.XlExport(database, select, arguments); }, &database);
 }
 
+// Where the workbook would go, for --check.
+CheckOrder CheckOf(const CommandContext& context, const ExcelOptions& options) {
+  return {.query = options.query,
+          .fromTemplate = options.fromTemplate,
+          .use = TemplateUse::kCells,
+          .tryOutput = [&context, &options] { WorkbookOutput(context, options); }};
+}
+
 int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
+  if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options));
   QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   XlSabArguments arguments;
@@ -105,6 +116,12 @@ int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options)
 }
 
 int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& options) {
+  if (options.fromTemplate.check) {
+    CheckOrder order = CheckOf(context, options);
+    order.headers = options.prepared.headers;
+    order.data = options.prepared.data;
+    return RunCheck(context, order);
+  }
   FileSystem& files = context.platform.files;
   const Text headers = files.GetAbsolutePathName(FromUtf8(options.prepared.headers));
   const Text data = files.GetAbsolutePathName(FromUtf8(options.prepared.data));
@@ -116,6 +133,7 @@ int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& opti
 
 void AddWorkbookOptions(CLI::App& command, ExcelOptions& options, const char* defaultName) {
   command.add_option("--data-file", options.dataFile, "keep the file that Excel imports here (default: it is removed)");
+  AddUnicodeOption(command, options.query);
   command.add_option(
       "-o,--output", options.output,
       std::string(".xlsx, .xlsm or .pdf file; - writes an .xlsx to standard output (default: ") + defaultName);
@@ -145,6 +163,7 @@ void AddExcelTemplateFile(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("excel-template-file", "Fill an Excel template with prepared files");
   const auto options = std::make_shared<ExcelOptions>();
   AddPreparedFileOptions(*command, options->prepared);
+  AddEncodingOption(*command, options->query);
   AddStepOption(*command, options->query);
   AddBlankRecordsOption(*command, options->query);
   AddTemplateOptions(*command, options->fromTemplate);

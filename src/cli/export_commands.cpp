@@ -61,6 +61,7 @@ void AddHtml(CLI::App& app, Command& chosen) {
   AddQueryOptions(*command, options->query);
   AddRecordOptions(*command, options->query);
   command->add_option("-o,--output", options->output, "output file (default: a temporary file in the work folder)");
+  AddUnicodeOption(*command, options->query);
   command->add_option("--title", options->title, "title of the page (default: empty)");
   command->add_option("--border", options->border, "border width of the table")->capture_default_str();
   command->add_option("--padding", options->padding, "cell padding")->capture_default_str();

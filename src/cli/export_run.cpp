@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -13,14 +14,19 @@ void OfficeEvents::ExportState(ExportStateValue state, TextView DefaultMessage) 
 }
 
 ExportRun::ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options,
-                     bool showsStates)
-    : context_(context), events_(context, showsStates), office_(platform) {
+                     bool showsStates, bool strict)
+    : context_(context), strict_(strict), events_(context, showsStates), office_(platform) {
   office_.Advise(&events_);
   office_.Listen(&events_);
-  office_.Prefer({.namesOfRecordset = TakesNamesOfRecordset(options), .currentFolder = true});
+  office_.Prefer(PreferencesOf(options, strict));
   office_.PercentInterval(options.step);
   office_.Multiplier(FromUtf8(options.multiplier));
   office_.BlankRecordsBefore(options.blankRecords);
+}
+
+void ExportRun::RequireNoWarnings() const {
+  if (!strict_ || !context_.report.HasWarnings()) return;
+  Raise(RuntimeError::kInvalidCall, u"Nothing is written: with --strict there must be no warning");
 }
 
 int ExportRun::StatusOf(bool done, const char* operation, const QueryDatabase* query) const {

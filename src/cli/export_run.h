@@ -35,9 +35,15 @@ class OfficeEvents final : public ZorOfficeEvents, public ExportListener {
 class ExportRun {
  public:
   /// @param platform  outlives the run
-  ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options, bool showsStates);
+  /// @param strict    a warning about the template fails the export
+  ExportRun(const CommandContext& context, const Platform& platform, const QueryOptions& options, bool showsStates,
+            bool strict = false);
 
   cZorOffice& office() { return office_; }
+
+  /// To be asked before a result is written: the merge itself may have found something. Errors: 5 for a warning of a
+  /// strict run.
+  void RequireNoWarnings() const;
 
   /// Exit status of an operation with this result. What only events told of a failure is reported, with the operation's
   /// name before it.
@@ -46,6 +52,7 @@ class ExportRun {
 
  private:
   const CommandContext& context_;
+  bool strict_;
   OfficeEvents events_;
   cZorOffice office_;
 };

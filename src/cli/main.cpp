@@ -5,6 +5,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -83,6 +84,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddExcelCommands(app, command);
   AddFillCommands(app, command);
   AddPdfCommands(app, command);
+  AddFieldsCommand(app, command);
   AddOfficeCommands(app, command);
   AddTemplateCommands(app, command);
   AddValueCommands(app, command);
@@ -162,5 +164,10 @@ int Main(const std::vector<std::string>& arguments) {
 }  // namespace zorkanca::cli
 
 int main(int count, char** arguments) {
-  return zorkanca::cli::Main(std::vector<std::string>(arguments + 1, arguments + count));
+  try {
+    return zorkanca::cli::Main(std::vector<std::string>(arguments + (count > 0 ? 1 : 0), arguments + count));
+  } catch (const std::exception& error) {  // memory has run out, or a library is at its wits' end
+    std::fprintf(stderr, "zorkanca: %s\n", error.what());
+    return 1;
+  }
 }

@@ -50,6 +50,29 @@ void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared) {
   command.add_option("--data", prepared.data, "file with the records, one a line")->required();
 }
 
+void AddEncodingOption(CLI::App& command, QueryOptions& query) {
+  command
+      .add_option("--encoding", query.encoding,
+                  "ansi, utf-8 or utf-16: how the data files are read (default: by their byte-order mark, else ansi)")
+      ->check(CLI::IsMember({"ansi", "utf-8", "utf-16"}));
+}
+
+void AddUnicodeOption(CLI::App& command, QueryOptions& query) {
+  command.add_flag("--unicode", query.unicode, "keep characters that the ANSI page does not have");
+}
+
+ExportPreferences PreferencesOf(const QueryOptions& query, bool strict) {
+  const DataEncoding encoding = query.encoding == "ansi"     ? DataEncoding::kAnsi
+                                : query.encoding == "utf-8"  ? DataEncoding::kUtf8
+                                : query.encoding == "utf-16" ? DataEncoding::kUtf16
+                                                             : DataEncoding::kByMark;
+  return {.namesOfRecordset = TakesNamesOfRecordset(query),
+          .currentFolder = true,
+          .strict = strict,
+          .unicode = query.unicode,
+          .dataEncoding = encoding};
+}
+
 const std::string& SqlitePath(const std::string& argument) {
   if (!argument.starts_with("ODBC;")) return argument;
   throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "export/export_preferences.h"
 #include "runtime/text.h"
 #include "sqlite/sqlite_database.h"
 
@@ -23,6 +24,8 @@ struct QueryOptions {
   std::string multiplier;
   std::string part;  ///< K/N
   std::int16_t blankRecords = 0;
+  std::string encoding;  ///< of prepared files and data files; empty: by the mark
+  bool unicode = false;
 };
 
 /// The query itself.
@@ -39,6 +42,8 @@ struct PreparedFileOptions {
 };
 
 void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
+void AddEncodingOption(CLI::App& command, QueryOptions& query);
+void AddUnicodeOption(CLI::App& command, QueryOptions& query);
 
 /// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
 const std::string& SqlitePath(const std::string& argument);
@@ -49,6 +54,9 @@ SqliteColumnTypes TypesOf(const QueryOptions& query);
 /// The statement as --select or --sql-file gave it, on one line; "-" is all of standard input.
 /// Errors: `UsageError` for an empty one and for the name of a file in its place; 53, 57 when it cannot be read.
 Text Statement(const QueryOptions& query);
+
+/// The options as preferences of the office object.
+ExportPreferences PreferencesOf(const QueryOptions& query, bool strict);
 
 /// The column names as --names gave them, empty where they come from elsewhere ("database", "select").
 Text NamesOf(const QueryOptions& query);

@@ -8,11 +8,18 @@ void AddTemplateOptions(CLI::App& command, TemplateOptions& options) {
   command.add_option("--application", options.application,
                      "code of the application that owns the template lists (default: none)");
   command.add_option("--template", options.name,
-                     "template: a path, a bare name of the shared templates folder, or [List]; without it the "
-                     "application's own list");
+                     "template: a path, a bare name of the shared templates folder or of the current one, or [List]; "
+                     "without it the application's own list");
   command.add_flag("--supply", options.supply, "register the supplied templates before the list is shown");
   command.add_flag("--admin", options.admin, "the list may be changed");
   command.add_option("--list-caption", options.listCaption, "caption of the list (default: its own)");
+  AddCheckOptions(command, options);
+}
+
+void AddCheckOptions(CLI::App& command, TemplateOptions& options) {
+  command.add_flag("--strict", options.strict, "what would be a warning about the template is a failure");
+  command.add_flag("--check", options.check,
+                   "tell what is wrong with database, query, template and output; write nothing");
 }
 
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options) {

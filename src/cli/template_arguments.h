@@ -15,9 +15,13 @@ struct TemplateOptions {
   bool supply = false;
   bool admin = false;
   std::string listCaption;
+  bool strict = false;
+  bool check = false;
 };
 
 void AddTemplateOptions(CLI::App& command, TemplateOptions& options);
+/// --strict and --check alone, for a command with a --template of its own.
+void AddCheckOptions(CLI::App& command, TemplateOptions& options);
 
 /// The options as arguments of an export.
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options);

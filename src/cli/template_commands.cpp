@@ -38,20 +38,47 @@ ApplOffice TypeNamed(const std::string& name) {
   return name == "sds" ? ApplOffice::SDS : ApplOffice::AllTypes;
 }
 
+// A user who is told nothing until a list is loaded.
+class QuietWhileLoading final : public UserInterface {
+ public:
+  explicit QuietWhileLoading(UserInterface& user) : user_(user) {}
+
+  void Speak() { speaks_ = true; }
+
+  MessageAnswer Show(const Message& message) override {
+    const bool isQuestion = message.buttons != MessageButtons::kOk;
+    return speaks_ || isQuestion ? user_.Show(message) : MessageAnswer::kOk;
+  }
+  void SetMousePointer(MousePointer pointer) override { user_.SetMousePointer(pointer); }
+  void Beep() override { user_.Beep(); }
+  void ProcessPendingEvents() override { user_.ProcessPendingEvents(); }
+  Text ChooseFile(const FileDialog& dialog) override { return user_.ChooseFile(dialog); }
+  Text ChooseFolder(TextView title, TextView startFolder) override { return user_.ChooseFolder(title, startFolder); }
+  WorkingArea GetWorkingArea() override { return user_.GetWorkingArea(); }
+  void ShowModal(Form& form, Form* owner) override { user_.ShowModal(form, owner); }
+
+ private:
+  UserInterface& user_;
+  bool speaks_ = false;
+};
+
 // The list of a command and what the command does to it.
 class ListedTemplates {
  public:
+  /// An empty list looks for the supply file; that there is none is news only to who asked for it.
   /// @param mayAsk  whether "--yes" may put a wrong extension right
   /// Errors: why the list cannot be loaded.
   ListedTemplates(const CommandContext& context, const TemplateOptions& options, bool mayAsk)
       : report_(context.report),
         console_(ConsoleUserInterface::Answers::kNo),
         unattended_(console_, report_),
-        platform_(mayAsk && context.options.yes ? context.platform : context.platform.With(unattended_)),
+        loading_(mayAsk && context.options.yes ? context.platform.userInterface : unattended_),
+        platform_(context.platform.With(loading_)),
         options_(options),
         list_(platform_) {
     list_.TypeOfApplOffice(TypeNamed(options.type));
     if (!list_.Fill({.ZorAplName = FromUtf8(options.application), .listName = FromUtf8(options.list)})) Fail();
+    loading_.Speak();
   }
 
   int Show();
@@ -84,6 +111,7 @@ class ListedTemplates {
   Report& report_;
   ConsoleUserInterface console_;
   ReportedUserInterface unattended_;  // says why a template is refused; a wrong extension is one of the reasons
+  QuietWhileLoading loading_;
   Platform platform_;
   const TemplateOptions& options_;
   c_SeznamSablonOffice list_;

@@ -2,6 +2,7 @@
 #include <memory>
 #include <vector>
 
+#include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
 #include "cli/document_output.h"
@@ -42,12 +43,14 @@ int MakeDocuments(const CommandContext& context, const WordOptions& options, con
                   const WordDocumentReference& result, Operation run, const QueryDatabase* query = nullptr) {
   using Count = DocumentOutput::Count;
   DocumentOutput output(context, options.output, options.multi ? Count::kSeveral : Count::kOne, rsTemplate, query);
-  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true);
-  if (options.multi) {
-    exporting.office().WhenDocumentIsFinished([&](const FinishedDocument& document) { output.Add(document); });
-  }
+  ExportRun exporting(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
+  const auto add = [&](const FinishedDocument& document) {
+    exporting.RequireNoWarnings();
+    output.Add(document);
+  };
+  if (options.multi) exporting.office().WhenDocumentIsFinished(add);
   const bool done = run(exporting.office());
-  if (done && !options.multi) output.Add({result, nullptr});
+  if (done && !options.multi) add({result, nullptr});
   output.Finish(done);
   return exporting.StatusOf(done, name, query);
 }
@@ -63,7 +66,23 @@ int RunWordExport(const CommandContext& context, const WordOptions& options, Wor
   return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run, query);
 }
 
+// Where the documents would go, for --check.
+template <typename Options>
+CheckOrder CheckOf(const CommandContext& context, const Options& options, DocumentOutput::Count count,
+                   TemplateUse use = TemplateUse::kMerge) {
+  return {
+      .query = options.query,
+      .fromTemplate = options.fromTemplate,
+      .use = use,
+      .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); }};
+}
+
+DocumentOutput::Count CountOf(const WordOptions& options) {
+  return options.multi ? DocumentOutput::Count::kSeveral : DocumentOutput::Count::kOne;
+}
+
 int RunWord(const CommandContext& context, const WordOptions& options) {
+  if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options, CountOf(options)));
   QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   WdExportArguments arguments;
@@ -75,6 +94,12 @@ int RunWord(const CommandContext& context, const WordOptions& options) {
 }
 
 int RunWordFile(const CommandContext& context, const WordOptions& options) {
+  if (options.fromTemplate.check) {
+    CheckOrder order = CheckOf(context, options, CountOf(options));
+    order.headers = options.prepared.headers;
+    order.data = options.prepared.data;
+    return RunCheck(context, order);
+  }
   FileSystem& files = context.platform.files;
   const Text headers = files.GetAbsolutePathName(FromUtf8(options.prepared.headers));
   const Text data = files.GetAbsolutePathName(FromUtf8(options.prepared.data));
@@ -84,6 +109,11 @@ int RunWordFile(const CommandContext& context, const WordOptions& options) {
 }
 
 int RunMerge(const CommandContext& context, const WordOptions& options) {
+  if (options.fromTemplate.check) {
+    CheckOrder order = CheckOf(context, options, CountOf(options));
+    order.data = options.dataFile;
+    return RunCheck(context, order);
+  }
   FileSystem& files = context.platform.files;
   MakeMailDocumentArguments arguments{
       .rsTemplate = files.GetAbsolutePathName(FromUtf8(options.fromTemplate.name)),
@@ -91,11 +121,15 @@ int RunMerge(const CommandContext& context, const WordOptions& options) {
       .MultiDocument = options.multi,
       .rbSetAppVisible = false,
   };
+  WarnOfNoField(context, arguments.rsTemplate);
   return MakeDocuments(context, options, arguments.rsTemplate, "MakeMailDocument", arguments.roRetDoc,
                        [&](cZorOffice& office) { return office.MakeMailDocument(arguments); });
 }
 
 int RunForm(const CommandContext& context, const FormOptions& options) {
+  if (options.fromTemplate.check) {
+    return RunCheck(context, CheckOf(context, options, DocumentOutput::Count::kUnknown, TemplateUse::kForm));
+  }
   QueryDatabase database(context, options.query);
   WdExportFormArguments arguments = options.arguments;
   SetTemplate(arguments, options.fromTemplate);
@@ -108,8 +142,11 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
     arguments.rvOneChar[column - 1] = true;
   }
   DocumentOutput output(context, options.output, DocumentOutput::Count::kUnknown, arguments.rsTemplate, &database);
-  ExportRun run(context, context.platform, options.query, /*showsStates=*/true);
-  run.office().WhenDocumentIsFinished([&](const FinishedDocument& document) { output.Add(document); });
+  ExportRun run(context, context.platform, options.query, /*showsStates=*/true, options.fromTemplate.strict);
+  run.office().WhenDocumentIsFinished([&](const FinishedDocument& document) {
+    run.RequireNoWarnings();
+    output.Add(document);
+  });
   const bool done = run.office().WdExportForm(database, Statement(options.query), arguments);
   output.Finish(done);
   return run.StatusOf(done, "WdExportForm", &database);
@@ -140,6 +177,7 @@ void AddWordFile(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("word-file", "Merge prepared files into a Word template");
   const auto options = std::make_shared<WordOptions>();
   AddPreparedFileOptions(*command, options->prepared);
+  AddEncodingOption(*command, options->query);
   AddStepOption(*command, options->query);
   AddBlankRecordsOption(*command, options->query);
   AddWordExportOptions(*command, *options);
@@ -176,6 +214,8 @@ void AddMerge(CLI::App& app, Command& chosen) {
   command->add_option("--data-file", options->dataFile, "data file: names in the first line, ';' between values")
       ->required();
   AddMultiOption(*command, *options);
+  AddCheckOptions(*command, options->fromTemplate);
+  AddEncodingOption(*command, options->query);
   AddStepOption(*command, options->query);
   AddOutputOptions(*command, options->output);
   SetCallback(*command, chosen, options, RunMerge);

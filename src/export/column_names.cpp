@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "export/export_failure.h"
+#include "export/prepared_file.h"
 #include "export/quoting.h"
 #include "runtime/ascii.h"
 #include "runtime/error.h"
@@ -139,6 +140,14 @@ Text FieldNameHeader(Recordset& recordset, bool quotes) {
     AppendQuotedValue(header, name);
   }
   return header;
+}
+
+std::vector<Text> ColumnNamesOf(ColumnNameSource source, TextView rsFieldNames, Recordset& recordset) {
+  if (source == ColumnNameSource::kFieldNames) return FieldNames(recordset);
+  std::vector<Text> names;
+  SplitColumnsFromDataRow(rsFieldNames, names);
+  for (Text& name : names) name = Text(Trim(name));
+  return names;
 }
 
 std::int16_t IndexOfName(TextView name, std::span<const Text> names) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "platform/database.h"
 #include "runtime/text.h"
@@ -38,6 +39,10 @@ std::vector<Text> FieldNames(Recordset& recordset);
 /// The same as the header of a data file, joined by ";".
 /// @param quotes  quote a name that holds a separator, a quote or a line break; else it stands as it is
 Text FieldNameHeader(Recordset& recordset, bool quotes);
+
+/// The names of the columns of an export, trimmed: those of the list (quotes in it as in a data file), or of the
+/// fields.
+std::vector<Text> ColumnNamesOf(ColumnNameSource source, TextView rsFieldNames, Recordset& recordset);
 
 /// Position (from 0) of the first element equal to the name, both trimmed and lower-cased.
 /// @return -1 when there is none

@@ -1,5 +1,7 @@
 #include "export/excel_cell_pattern.h"
 
+#include <algorithm>
+
 #include "export/quoting.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -13,9 +15,9 @@ namespace {
   Raise(RuntimeError::kInvalidCall, description.append(address).append(u" of the template: ").append(text));
 }
 
-// Quotes are what they are wherever they stand; the rest would end the cell or its line.
-bool HasToBeEnclosed(TextView cell) {
-  return cell.find_first_of(u"\";\r\n") != TextView::npos;
+// What would end the cell, its line, or the whole order of cells in the data file.
+bool BreaksTheFile(TextView cell) {
+  return cell.find_first_of(u";\r\n") != TextView::npos;
 }
 
 }  // namespace
@@ -47,11 +49,23 @@ ExcelCellPattern::Piece ExcelCellPattern::ReadPlaceholder(TextView body) {
   return piece;
 }
 
+std::vector<Text> ExcelCellPattern::ColumnNames() const {
+  std::vector<Text> names;
+  for (const Piece& piece : pieces_) {
+    if (ReadsColumn(piece)) names.push_back(piece.text);
+  }
+  return names;
+}
+
+bool ExcelCellPattern::HasCode() const {
+  return std::any_of(pieces_.begin(), pieces_.end(),
+                     [](const Piece& piece) { return piece.kind == Piece::Kind::kCode; });
+}
+
 void ExcelCellPattern::Bind(PatternSource& source) {
   source_ = &source;
   for (Piece& piece : pieces_) {
-    const bool readsColumn = piece.kind != Piece::Kind::kLiteral && piece.kind != Piece::Kind::kCode;
-    if (readsColumn) piece.column = source.Column(piece.text);
+    if (ReadsColumn(piece)) piece.column = source.Column(piece.text);
   }
 }
 
@@ -70,20 +84,34 @@ Text ExcelCellPattern::TextOf(const Piece& piece, const Locale& locale) const {
   }
 }
 
+void ExcelCellPattern::Compose(Text& cell, bool quotesValues, const Locale& locale) const {
+  cell.clear();
+  for (const Piece& piece : pieces_) {
+    if (piece.kind == Piece::Kind::kLiteral) {
+      cell.append(piece.text);
+    } else if (quotesValues && piece.kind != Piece::Kind::kCode) {
+      AppendQuotedIfHasQuotes(cell, TextOf(piece, locale));
+    } else {
+      cell.append(TextOf(piece, locale));
+    }
+  }
+}
+
 void ExcelCellPattern::AddTo(ExcelDataFile& file, const Locale& locale) {
   const bool isLiteral = pieces_.size() == 1 && pieces_.front().kind == Piece::Kind::kLiteral;
   if (isLiteral) return file.AddText(pieces_.front().text);
-  shown_.clear();
-  for (const Piece& piece : pieces_) {
-    shown_.append(piece.kind == Piece::Kind::kLiteral ? piece.text : TextOf(piece, locale));
-  }
+  Compose(shown_, /*quotesValues=*/false, locale);
   CheckCellText(shown_);
-  Text& cell = file.BeginCell();
-  if (HasToBeEnclosed(shown_)) {
-    AppendEnclosedValue(cell, shown_);
-  } else {
-    cell.append(shown_);
-  }
+  const auto add = [&file](const Text& text) {
+    if (BreaksTheFile(text)) return AppendEnclosedValue(file.BeginCell(), text);
+    file.BeginCell().append(text);
+  };
+  if (shown_.find(u'"') == Text::npos) return add(shown_);
+  // Each value has quotes of its own, in whatever company. A cell that begins with one has to be quoted as a whole, or
+  // the rest of the file would belong to it.
+  Compose(spelled_, /*quotesValues=*/true, locale);
+  if (spelled_.front() == u'"') return AppendEnclosedValue(file.BeginCell(), shown_);
+  add(spelled_);
 }
 
 }  // namespace zorkanca

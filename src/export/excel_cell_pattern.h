@@ -37,6 +37,11 @@ class ExcelCellPattern {
   /// @param address  of the cell, for the error. Errors: 5 for a brace that nothing closes; those of `FormatPattern`.
   ExcelCellPattern(TextView text, TextView address);
 
+  /// The columns that the placeholders name, in order, as often as they are named.
+  std::vector<Text> ColumnNames() const;
+  /// True when one of them is the bar code.
+  bool HasCode() const;
+
   /// Looks the columns of the placeholders up, once for all records. Errors: those of the source.
   /// @param source  outlives this object
   void Bind(PatternSource& source);
@@ -55,12 +60,17 @@ class ExcelCellPattern {
     Field* column = nullptr;
   };
 
+  static bool ReadsColumn(const Piece& piece) {
+    return piece.kind != Piece::Kind::kLiteral && piece.kind != Piece::Kind::kCode;
+  }
   static Piece ReadPlaceholder(TextView body);
   Text TextOf(const Piece& piece, const Locale& locale) const;
+  void Compose(Text& cell, bool quotesValues, const Locale& locale) const;
 
   std::vector<Piece> pieces_;
   PatternSource* source_ = nullptr;
-  Text shown_;  // text of the current record, kept for its room
+  Text shown_;    // text of the current record, kept for its room
+  Text spelled_;  // the same with its values quoted
 };
 
 }  // namespace zorkanca

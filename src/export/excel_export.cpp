@@ -41,6 +41,8 @@ void ExcelExport::Export() {
       ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
+  WarnOfNameCount(context_, ColumnNamesOf(names, arguments_.rsFieldNames, session_.recordset()).size(),
+                  reader_.FieldCount());
   WriteDataFile(names);
   session_.ShowPointer(MousePointer::kDefault);
   session_.ShowPointer(MousePointer::kHourglass);
@@ -63,7 +65,7 @@ void ExcelExport::WriteDataFile(ColumnNameSource names) {
     CheckSheetRows(std::int64_t{1} + context_.blankRecordsBefore + reader_.RecordCount());
   }
   arguments_.rsSourceFile = OutputPathInWorkFolder(context_, arguments_.rsSourceFile);
-  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi));
+  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, AnsiOrUtf8(context_.preferences)));
   if (names == ColumnNameSource::kFieldNames) {
     arguments_.rsFieldNames = FieldNameHeader(session_.recordset(), context_.preferences.namesOfRecordset);
   }
@@ -110,7 +112,7 @@ void ExcelExport::AddCell(ExcelColumn& column, ExcelDataFile& file) {
 }
 
 void ExcelExport::Import(ExcelTextImport& import) {
-  OpenTextArguments arguments = DataFileImport(arguments_.rsSourceFile, ImportTypes(columns_));
+  OpenTextArguments arguments = DataFileImport(context_, arguments_.rsSourceFile, ImportTypes(columns_));
   arguments.DecimalSeparator = Text(1, context_.separators.decimal);
   arguments.ThousandsSeparator = Text(1, context_.separators.grouping);
   try {

@@ -4,6 +4,7 @@
 
 #include "export/export_failure.h"
 #include "export/progress.h"
+#include "export/template_check.h"
 #include "foundation/ignore_errors.h"
 
 namespace zorkanca {
@@ -36,7 +37,10 @@ bool ExcelTemplateExport::Run(TemplateRecords& records) {
 bool ExcelTemplateExport::Export(TemplateRecords& records) {
   const std::int32_t recordCount = records.Open();
   session_.ShowPointer(MousePointer::kDefault);
+  TemplateCheck check(context_, TemplateUse::kCells);
+  check.Before(arguments_, records.ColumnNames());
   if (!TemplateChoice(context_, ApplOffice::MSExcel, arguments_).Settle()) return false;
+  check.Chosen(arguments_.rsTemplate);
   session_.ShowPointer(MousePointer::kHourglass);
   excel_.Open(arguments_.rsTemplate);
   session_.ShowPointer(MousePointer::kHourglass);
@@ -75,7 +79,7 @@ void ExcelTemplateExport::WarnOfUnread(ExcelWorksheet& sheet, const ExcelRowPatt
 void ExcelTemplateExport::WriteDataFile(TemplateRecords& records, std::int32_t recordCount,
                                         ExcelRowPatterns& patterns) {
   arguments_.rsSourceFile = OutputPathInWorkFolder(context_, arguments_.rsSourceFile);
-  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi));
+  ExcelDataFile file(session_.OpenOutput(arguments_.rsSourceFile, AnsiOrUtf8(context_.preferences)));
   for (std::int16_t left = context_.blankRecordsBefore; left > 0; --left) {
     for (const auto& row : patterns.rows) file.WriteBlankLine(static_cast<std::int32_t>(row.size()));
   }
@@ -115,7 +119,7 @@ void ExcelTemplateExport::LayOver(ExcelWorksheet& sheet, std::int32_t width) {
     columns.push_back({.column = column, .type = ExcelColumnType::kText});
   }
   ExcelTextImport import(excel_.application());
-  import.Open(DataFileImport(arguments_.rsSourceFile, std::move(columns)));
+  import.Open(DataFileImport(context_, arguments_.rsSourceFile, std::move(columns)));
   import.workbook().Activate();
   const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
   if (context_.settings.XlPasteFormulasNoClipboard) {

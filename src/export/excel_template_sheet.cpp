@@ -59,7 +59,7 @@ void TransferStrip(ExcelRange& source, ExcelRange& target) {
 
 }  // namespace
 
-ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet) {
+ExcelRowPatterns ReadRowPatterns(ExcelWorksheet& sheet) {
   const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
   const std::unique_ptr<ExcelRange> block = corner->CurrentRegion();
   const std::int32_t rowCount = block->RowCount();
@@ -73,7 +73,13 @@ ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet) {
       cells.emplace_back(text, AddressOf(row, column++));
     patterns.width = std::max(patterns.width, column);
   }
-  for (std::int32_t row = 0; row < rowCount; ++row) {
+  return patterns;
+}
+
+ExcelRowPatterns TakeRowPatterns(ExcelWorksheet& sheet) {
+  ExcelRowPatterns patterns = ReadRowPatterns(sheet);
+  const std::unique_ptr<ExcelRange> corner = sheet.Range(u"A1");
+  for (std::int32_t row = 0; row < patterns.RowCount(); ++row) {
     const auto cellCount = static_cast<std::int32_t>(patterns.rows[static_cast<std::size_t>(row)].size());
     for (std::int32_t column = 0; column < cellCount; ++column) corner->Offset(row, column)->Formula({});
   }

@@ -23,6 +23,9 @@ struct ExcelRowPatterns {
   std::int32_t RowCount() const { return static_cast<std::int32_t>(rows.size()); }
 };
 
+/// Reads the patterns. Errors: as `TakeRowPatterns`.
+ExcelRowPatterns ReadRowPatterns(ExcelWorksheet& sheet);
+
 /// Reads the patterns and empties their cells, which keep their formats.
 /// Errors: 5 for a brace that nothing closes, and for a placeholder beyond J that no record could fill; 6 for more than
 /// 32767 rows. Nothing is changed then.

@@ -8,9 +8,16 @@
 
 namespace zorkanca {
 
-OpenTextArguments DataFileImport(const Text& path, std::vector<ExcelColumnInfo> columns) {
+namespace {
+
+constexpr std::int32_t kAnsiPage = 2;  // whichever the system has
+constexpr std::int32_t kUtf8Page = 65001;
+
+}  // namespace
+
+OpenTextArguments DataFileImport(const ExportContext& context, const Text& path, std::vector<ExcelColumnInfo> columns) {
   return {.Filename = path,
-          .Origin = 2,
+          .Origin = context.preferences.unicode ? kUtf8Page : kAnsiPage,
           .StartRow = 1,
           .DataType = 1,
           .TextQualifier = 1,

@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "export/excel_data_file.h"
+#include "export/export_context.h"
 #include "platform/excel/excel_application.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
 
 /// The import of a data file (`ExcelDataFile`), its numbers by the system's separators.
-OpenTextArguments DataFileImport(const Text& path, std::vector<ExcelColumnInfo> columns);
+OpenTextArguments DataFileImport(const ExportContext& context, const Text& path, std::vector<ExcelColumnInfo> columns);
 
 /// The workbook of one import. The destructor closes it when a failure has left it open.
 class ExcelTextImport {

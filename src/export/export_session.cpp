@@ -2,9 +2,21 @@
 
 #include "foundation/ignore_errors.h"
 #include "platform/paths.h"
+#include "runtime/code_page.h"
 #include "runtime/error.h"
 
 namespace zorkanca {
+
+namespace {
+
+void WarnOfLostCharacters(const ExportContext& context, std::int64_t count) {
+  if (count == 0) return;
+  const Text page = DecimalText(context.platform.locale.codePage->number());
+  context.Warn(DecimalText(count) + (count == 1 ? u" character is" : u" characters are") + u" not in the ANSI page " +
+               page + u" and became another one; --unicode keeps every character.");
+}
+
+}  // namespace
 
 ExportSession::~ExportSession() {
   IgnoreErrors([&] { ShowPointer(MousePointer::kDefault); });
@@ -38,6 +50,7 @@ TextStream& ExportSession::OpenOutput(const Text& path, TextFormat format) {
 
 void ExportSession::CloseOutput() {
   output_->Close();
+  WarnOfLostCharacters(context_, output_->LostCharacters());
   output_.reset();
   IgnoreErrors([&] { lock_ = context_.platform.files.LockFile(outputPath_); });
 }

@@ -30,7 +30,8 @@ class ExportSession {
 
   /// Creates or overwrites the output file. Errors: those of `FileSystem::OpenTextFile`.
   TextStream& OpenOutput(const Text& path, TextFormat format);
-  /// Puts the finished output file into its place; it is kept from being cleared away until the export ends.
+  /// Puts the finished output file into its place, with a warning of what its encoding does not have; it is kept from
+  /// being cleared away until the export ends.
   void CloseOutput();
 
   /// Lets a failure leave the output file as far as it was written.
@@ -46,6 +47,11 @@ class ExportSession {
   std::unique_ptr<FileLock> lock_;  // of the finished output file
   Text outputPath_;  // empty until the export has opened its file: a file of that name is nobody else's from then on
 };
+
+/// The encoding of a file that is ANSI unless the caller prefers to keep every character.
+inline TextFormat AnsiOrUtf8(const ExportPreferences& preferences) {
+  return preferences.unicode ? TextFormat::kUtf8 : TextFormat::kAnsi;
+}
 
 /// Settles the path of an export's own file: a name without folder goes into the work folder, an empty one becomes a
 /// fresh temporary name there; a path with a folder stays.

@@ -34,8 +34,10 @@ void HtmlExport::Export() {
       ChooseColumnNames(select_, arguments_.rsFieldNames, context_.preferences.namesOfRecordset);
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
+  WarnOfNameCount(context_, ColumnNamesOf(names, arguments_.rsFieldNames, session_.recordset()).size(),
+                  reader_.FieldCount());
   SettlePath();
-  output_ = &session_.OpenOutput(arguments_.rsSourceFile, TextFormat::kAnsi);
+  output_ = &session_.OpenOutput(arguments_.rsSourceFile, AnsiOrUtf8(context_.preferences));
   WriteTable(names);
   session_.CloseOutput();
   session_.CloseRecordset();
@@ -55,6 +57,7 @@ void HtmlExport::SettlePath() {
 void HtmlExport::WriteTable(ColumnNameSource names) {
   output_->WriteLine(u"<HTML>");
   output_->WriteLine(u"<HEAD>");
+  if (context_.preferences.unicode) output_->WriteLine(u"<META charset=\"utf-8\">");
   output_->WriteLine(u"<TITLE>" + arguments_.rsTitle + u"</TITLE>");
   output_->WriteLine(u"</HEAD>");
   output_->WriteLine(u"<BODY>");

@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "export/data_encoding.h"
 #include "export/export_failure.h"
 #include "export/merge_data_file.h"
 #include "export/prepared_file.h"
@@ -172,10 +173,11 @@ void MailMergeRun::Make() {
 
   OpenTemplate(kWordNotOpened);
   word_.Take(document_->Application());
+  dataFile_ = MergeableFile(context_, arguments_.rsDataSourceFile, arguments_.MultiDocument);
   context_.RaiseExportState(ExportStateValue::esWaitForApp, kMerging);
   if (arguments_.MultiDocument) return MakeOneDocumentPerRecord();
   context_.platform.userInterface.SetMousePointer(MousePointer::kHourglass);
-  MergeInto(arguments_.rsDataSourceFile);
+  MergeInto(dataFile_);
 }
 
 void MailMergeRun::OpenTemplate(TextView failure) {
@@ -195,9 +197,9 @@ void MailMergeRun::MergeInto(const Text& dataFile) {
 
 void MailMergeRun::MakeOneDocumentPerRecord() {
   FileSystem& files = context_.platform.files;
-  RequireUnicode(context_.platform, arguments_.rsDataSourceFile);
-  const std::int32_t records = CountLines(files, arguments_.rsDataSourceFile) - 1;
-  MergeDataLines lines(files, arguments_.rsDataSourceFile);
+  RequireUnicode(context_.platform, dataFile_);
+  const std::int32_t records = CountLines(files, dataFile_) - 1;
+  MergeDataLines lines(files, dataFile_);
   Text header;
   Text line;
   lines.Next(header);
@@ -226,6 +228,9 @@ void MailMergeRun::Finish(const std::optional<Text>& failure) {
     Tell(*failure);
   }
   word_.Leave(arguments_.rbSetAppVisible);
+  if (!dataFile_.empty() && dataFile_ != arguments_.rsDataSourceFile) {
+    IgnoreErrors([&] { context_.platform.files.DeleteFile(dataFile_, /*force=*/true); });
+  }
   if (!failure) Tell(kMerged);
   context_.withinDataProcess = false;
   context_.platform.userInterface.SetMousePointer(MousePointer::kDefault);

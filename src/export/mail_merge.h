@@ -40,6 +40,7 @@ class MailMergeRun {
   MakeMailDocumentArguments& arguments_;
   WordDocumentReference document_;
   DrivenWord word_;
+  Text dataFile_;  // the caller's, or a copy in an encoding that can be merged
 };
 
 /// Merges a main document with a data file and closes it; the kind of the merge is that of the marker in its text, else

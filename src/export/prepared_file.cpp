@@ -1,6 +1,7 @@
 #include "export/prepared_file.h"
 
 #include "export/column_names.h"
+#include "export/data_encoding.h"
 #include "export/export_failure.h"
 #include "runtime/error.h"
 
@@ -8,8 +9,9 @@ namespace zorkanca {
 
 namespace {
 
-Text ReadWhole(FileSystem& files, const Text& path) {
-  return files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi)->ReadAll();
+Text ReadWhole(const ExportContext& context, const Text& path) {
+  const TextFormat format = EncodingOfFile(context, path);
+  return context.platform.files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, format)->ReadAll();
 }
 
 Error NotFound(FileSystem& files, const Text& path) {
@@ -25,17 +27,19 @@ Error EmptyFile(const Text& path) {
 
 }  // namespace
 
-Text ReadPreparedHeader(FileSystem& files, const Text& path) {
+Text ReadPreparedHeader(const ExportContext& context, const Text& path) {
+  FileSystem& files = context.platform.files;
   if (!files.FileExists(path)) StopExport(kHeaderFileNotFound, NotFound(files, path));
-  const Text text = ReadWhole(files, path);
+  const Text text = ReadWhole(context, path);
   if (IsBlank(text)) StopExport(kHeaderFileEmpty, EmptyFile(path));
   return Text(Trim(text));
 }
 
-PreparedData::PreparedData(FileSystem& files, const Text& path) {
+PreparedData::PreparedData(const ExportContext& context, const Text& path) {
+  FileSystem& files = context.platform.files;
   AccessingData([&] {
     if (!files.FileExists(path)) StopExport(kDataFileNotFound, NotFound(files, path));
-    text_ = ReadWhole(files, path);
+    text_ = ReadWhole(context, path);
   });
   SplitLines();
   const bool lastIsBlank = IsBlank(lines_.back());

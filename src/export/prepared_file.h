@@ -1,5 +1,5 @@
 // Data that the caller has prepared instead of handing over a query: a file with the column names, and one with a
-// record per line. Both are ANSI texts.
+// record per line. Both are ANSI texts, unless the caller prefers another encoding.
 //
 //   header   = names separated by ";", may be followed by a bar-code specification
 //   data     = {record CR LF}     one blank line at the end is no record; a lone CR or LF belongs to its value
@@ -12,7 +12,7 @@
 
 #include <vector>
 
-#include "platform/file_system.h"
+#include "export/export_context.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -24,13 +24,13 @@ inline constexpr TextView kHeaderFileEmpty = u"Hlavičkový soubor je prázdný 
 inline constexpr TextView kDataFileNotFound = u"Datový soubor nebyl nalezen !";
 
 /// The text of a header file, trimmed. Errors: stops the export when the file is missing or blank; those of files.
-Text ReadPreparedHeader(FileSystem& files, const Text& path);
+Text ReadPreparedHeader(const ExportContext& context, const Text& path);
 
 /// The records of a data file, one line each; read whole, because their number has to be known before the first.
 class PreparedData {
  public:
   /// Errors: stops the export when the file is missing, cannot be read or has no records.
-  PreparedData(FileSystem& files, const Text& path);
+  PreparedData(const ExportContext& context, const Text& path);
   PreparedData(const PreparedData&) = delete;
   PreparedData& operator=(const PreparedData&) = delete;
 

@@ -8,6 +8,12 @@
 
 namespace zorkanca {
 
+void WarnOfNameCount(const ExportContext& context, std::size_t names, std::int32_t columns) {
+  if (static_cast<std::int64_t>(names) == columns) return;
+  context.Warn(Text(u"There are ") + DecimalText(static_cast<std::int64_t>(names)) + u" column names for " +
+               DecimalText(columns) + u" columns.");
+}
+
 void QueryReader::Open(Database& database, TextView select, std::int16_t options) {
   const bool found = AccessingData([&] {
     session_.Hold(database.OpenRecordset(select, RecordsetType::kDynaset, options));

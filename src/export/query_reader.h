@@ -17,6 +17,9 @@ struct QueryColumn {
   bool isMultiplier;  ///< written as "1": its name is the caller's multiplier to the letter
 };
 
+/// Warns where names and columns differ in number: then names stand over the wrong values.
+void WarnOfNameCount(const ExportContext& context, std::size_t names, std::int32_t columns);
+
 class QueryReader {
  public:
   /// @param session  receives the recordset and keeps it open for the whole export

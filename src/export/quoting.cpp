@@ -41,4 +41,12 @@ void AppendQuotedValue(Text& line, TextView value) {
   }
 }
 
+void AppendQuotedIfHasQuotes(Text& line, TextView value) {
+  if (value.find(kQuote) == TextView::npos) {
+    line.append(value);
+  } else {
+    AppendEnclosedValue(line, value);
+  }
+}
+
 }  // namespace zorkanca

@@ -12,4 +12,8 @@ void AppendQuotedValue(Text& line, TextView value);
 /// Appends a value enclosed in double quotes, whatever is in it; its own are doubled.
 void AppendEnclosedValue(Text& line, TextView value);
 
+/// Appends a value that stands beside other text: with a double quote in it, every double quote is doubled and the
+/// value enclosed in double quotes; any other value as it is.
+void AppendQuotedIfHasQuotes(Text& line, TextView value);
+
 }  // namespace zorkanca

@@ -34,17 +34,21 @@ void QueryTemplateRecords::ForEach(const std::function<void(std::int16_t copies)
   reader_.ForEachRecord(QueryReader::Reporting::kSilent, write);
 }
 
+std::vector<Text> QueryTemplateRecords::ColumnNames() {
+  return FieldNames(session_.recordset());
+}
+
 Field* QueryTemplateRecords::Column(TextView name) {
   NoteName(name);
   return &session_.recordset().FieldNamed(name);
 }
 
 std::int32_t PreparedTemplateRecords::Open() {
-  const Platform& platform = session_.context().platform;
-  Text header = ReadPreparedHeader(platform.files, headersFile_);
-  TakeCode(header, platform.locale);
+  const ExportContext& context = session_.context();
+  Text header = ReadPreparedHeader(context, headersFile_);
+  TakeCode(header, context.platform.locale);
   session_.ShowPointer(MousePointer::kHourglass);
-  data_.emplace(platform.files, dataFile_);
+  data_.emplace(context, dataFile_);
   std::vector<Text> names;
   for (const TextView name : Split(header, kExportSeparator)) names.emplace_back(name);
   records_.emplace(std::move(names), *data_);
@@ -54,6 +58,10 @@ std::int32_t PreparedTemplateRecords::Open() {
 
 void PreparedTemplateRecords::ForEach(const std::function<void(std::int16_t copies)>& write) {
   for (; !records_->Eof(); records_->MoveNext()) write(1);
+}
+
+std::vector<Text> PreparedTemplateRecords::ColumnNames() {
+  return FieldNames(*records_);
 }
 
 Field* PreparedTemplateRecords::Column(TextView name) {

@@ -23,6 +23,9 @@ class TemplateRecords : public PatternSource {
   /// Calls `write` for each record with the number of times that it is written, 0 or less: not at all.
   virtual void ForEach(const std::function<void(std::int16_t copies)>& write) = 0;
 
+  /// The names that placeholders may have. Only while the records are open.
+  virtual std::vector<Text> ColumnNames() = 0;
+
   Text Code() override { return barCode_ ? barCode_->EncodeRecord() : Text(); }
   /// Name of the column that was looked up last.
   const Text& LastName() const { return lastName_; }
@@ -56,6 +59,7 @@ class QueryTemplateRecords final : public TemplateRecords {
   std::int32_t Open() override;
   void ForEach(const std::function<void(std::int16_t copies)>& write) override;
   Field* Column(TextView name) override;
+  std::vector<Text> ColumnNames() override;
 
  private:
   std::int32_t MultiplierSum();
@@ -77,6 +81,7 @@ class PreparedTemplateRecords final : public TemplateRecords {
   std::int32_t Open() override;
   void ForEach(const std::function<void(std::int16_t copies)>& write) override;
   Field* Column(TextView name) override;
+  std::vector<Text> ColumnNames() override;
 
  private:
   ExportSession& session_;

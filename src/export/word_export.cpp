@@ -5,8 +5,10 @@
 
 namespace zorkanca {
 
-bool MergeIntoTemplate(ExportSession& session, TemplateChoice& choice, WordExportArguments& arguments) {
+bool MergeIntoTemplate(ExportSession& session, TemplateChoice& choice, TemplateCheck& check,
+                       WordExportArguments& arguments) {
   if (!choice.Settle()) return false;
+  check.Chosen(arguments.rsTemplate);
   session.ShowPointer(MousePointer::kHourglass);
   MakeMailDocumentArguments merge{.rsTemplate = arguments.rsTemplate,
                                   .rsDataSourceFile = arguments.rsSourceFile,

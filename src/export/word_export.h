@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "export/export_session.h"
+#include "export/template_check.h"
 #include "export/template_choice.h"
 #include "platform/word/word_document.h"
 #include "runtime/text.h"
@@ -25,9 +26,10 @@ struct WordExportArguments : TemplateArguments {
   bool rbSetAppVisible = true;       ///< leave Word visible and maximised
 };
 
-/// Settles the template and merges the finished data file into it.
+/// Settles the template, has it checked unless that was done before, and merges the finished data file into it.
 /// @return false when the user chose no template
 /// Errors: stops the export when the template's name is invalid or the merge failed.
-bool MergeIntoTemplate(ExportSession& session, TemplateChoice& choice, WordExportArguments& arguments);
+bool MergeIntoTemplate(ExportSession& session, TemplateChoice& choice, TemplateCheck& check,
+                       WordExportArguments& arguments);
 
 }  // namespace zorkanca

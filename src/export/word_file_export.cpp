@@ -13,18 +13,26 @@ bool WordFileExport::Run() {
 }
 
 bool WordFileExport::Export() {
-  FileSystem& files = context_.platform.files;
-  Text header = ReadPreparedHeader(files, headersFileName_);
+  Text header = ReadPreparedHeader(context_, headersFileName_);
   barCode_ = TakeBarCode(header, context_.platform.locale);
+  TemplateCheck check(context_, TemplateUse::kMerge);
+  check.Before(arguments_, ColumnsOf(header));
   {
     session_.ShowPointer(MousePointer::kHourglass);
-    const PreparedData data(files, dataFileName_);
+    const PreparedData data(context_, dataFileName_);
     session_.ShowPointer(MousePointer::kDefault);
     WriteMergeData(std::move(header), data);
   }
   session_.ShowPointer(MousePointer::kDefault);
   TemplateChoice choice(context_, ApplOffice::MSWord, arguments_);
-  return MergeIntoTemplate(session_, choice, arguments_);
+  return MergeIntoTemplate(session_, choice, check, arguments_);
+}
+
+std::vector<Text> WordFileExport::ColumnsOf(TextView header) const {
+  std::vector<Text> columns;
+  SplitColumnsFromDataRow(header, columns);
+  if (barCode_) columns.push_back(barCode_->BarCodeField());
+  return columns;
 }
 
 void WordFileExport::WriteMergeData(Text header, const PreparedData& data) {

@@ -28,6 +28,7 @@ class WordFileExport {
 
  private:
   bool Export();
+  std::vector<Text> ColumnsOf(TextView header) const;
   void WriteMergeData(Text header, const PreparedData& data);
   void WriteRecords(MergeDataFile& file, const PreparedData& data, std::size_t columnCount);
 

@@ -1,7 +1,9 @@
 #include "export/word_form_export.h"
 
+#include "export/column_names.h"
 #include "export/export_failure.h"
 #include "export/progress.h"
+#include "export/template_check.h"
 #include "export/word_export.h"
 #include "export/word_opening.h"
 #include "foundation/ignore_errors.h"
@@ -65,6 +67,7 @@ bool WordFormExport::Export() {
     barCode_->SetRecordset(session_.recordset());
   }
   columns_ = reader_.Columns();
+  TemplateCheck(context_, TemplateUse::kForm).Before(arguments_, FieldNames(session_.recordset()));
   FillDocuments();
   return true;
 }

@@ -35,6 +35,11 @@ bool WordQueryExport::Export() {
   session_.ShowPointer(MousePointer::kHourglass);
   reader_.Open(database_, select_, arguments_.ri_rsOptions);
   if (barCode_) barCode_->SetRecordset(session_.recordset());
+  std::vector<Text> columns = ColumnNamesOf(names, arguments_.rsFieldNames, session_.recordset());
+  WarnOfNameCount(context_, columns.size(), reader_.FieldCount());
+  if (barCode_) columns.push_back(barCode_->BarCodeField());
+  TemplateCheck check(context_, TemplateUse::kMerge);
+  check.Before(arguments_, columns);
   WriteQueryMergeData(session_, reader_, names, arguments_.rsFieldNames, arguments_.rsSourceFile,
                       {.multiDocument = arguments_.MultiDocument,
                        .formats = arguments_.rvFormat,
@@ -43,7 +48,7 @@ bool WordQueryExport::Export() {
   session_.ShowPointer(MousePointer::kDefault);
   TemplateChoice choice(context_, ApplOffice::MSWord, arguments_);
   checkpointNumber_ = 8;
-  if (!MergeIntoTemplate(session_, choice, arguments_)) return false;
+  if (!MergeIntoTemplate(session_, choice, check, arguments_)) return false;
   checkpointNumber_ = 9;
   session_.CloseRecordset();
   return true;

@@ -29,6 +29,7 @@ class OfficeEngines final : public OfficeApplications {
   ExcelApplicationReference AttachExcel() override { return excel_.AttachExcel(); }
   ExcelApplicationReference StartExcel() override { return excel_.StartExcel(); }
   ExcelWorkbookReference GetWorkbook(TextView path) override { return excel_.GetWorkbook(path); }
+  std::vector<TemplateField> WordTemplateFields(TextView path) override { return word_.TemplateFields(path); }
 
  private:
   WordEngine word_;

@@ -14,8 +14,9 @@ namespace zorkanca {
 /// How `OpenTextFile` opens (numbers of the scripting object).
 enum class IoMode { kForReading = 1, kForWriting = 2, kForAppending = 8 };
 
-/// Encoding of a text file: the ANSI code page of the user's locale, or UTF-16 little-endian with byte-order mark.
-enum class TextFormat { kAnsi = 0, kUnicode = -1 };
+/// Encoding of a text file: the ANSI code page of the user's locale, UTF-16 little-endian with byte-order mark, or
+/// UTF-8, which is written without a mark; one that is read is skipped.
+enum class TextFormat { kAnsi = 0, kUnicode = -1, kUtf8 = 1 };
 
 /// An open text file.
 /// A file opened for writing takes its place only when `Close` succeeds, whole and at once, and is locked until then;
@@ -34,6 +35,8 @@ class TextStream {
   virtual bool AtEndOfStream() = 0;
   /// Errors: 61 when the disk is full, 57, 70. Nothing is written then. A second call does nothing.
   virtual void Close() = 0;
+  /// How many of the characters written so far the encoding does not have: another one stands in their place.
+  virtual std::int64_t LostCharacters() const { return 0; }
 };
 
 /// One file of a folder.

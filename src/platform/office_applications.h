@@ -2,7 +2,9 @@
 #pragma once
 
 #include "platform/excel/excel_application.h"
+#include "platform/template_fields.h"
 #include "platform/word/word_application.h"
+#include "runtime/error.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -24,6 +26,11 @@ class OfficeApplications {
   /// `GetObject(path)`: the workbook of a file, from the running Excel that has it open, else opened in Excel.
   /// Errors: 429 when Excel cannot be started; 1004 when the file is missing, 5 when it cannot be read.
   virtual ExcelWorkbookReference GetWorkbook(TextView path) = 0;
+  /// What a Word template asks for, in the order of the first places, as Word reads it.
+  /// Errors: as `GetDocument`; 438 when these applications cannot tell.
+  virtual std::vector<TemplateField> WordTemplateFields(TextView path) {
+    Raise(RuntimeError::kNotSupported, Text(u"The office applications cannot tell the fields of ").append(path));
+  }
 };
 
 }  // namespace zorkanca

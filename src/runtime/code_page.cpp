@@ -57,7 +57,8 @@ void CodePage::AppendDecoded(Text& text, std::string_view bytes) const {
   for (const char byte : bytes) *out++ = characters_[static_cast<std::uint8_t>(byte)];
 }
 
-void CodePage::AppendEncoded(std::string& bytes, TextView text) const {
+std::size_t CodePage::AppendEncoded(std::string& bytes, TextView text) const {
+  std::size_t lost = 0;
   const std::size_t start = bytes.size();
   bytes.resize(start + text.size());
   char* out = bytes.data() + start;
@@ -71,10 +72,17 @@ void CodePage::AppendEncoded(std::string& bytes, TextView text) const {
     if (bits < 0x80) {
       for (std::ptrdiff_t index = 0; index < kBlock; ++index) out[index] = static_cast<char>(next[index]);
     } else {
-      for (std::ptrdiff_t index = 0; index < kBlock; ++index) out[index] = static_cast<char>(bytes_[next[index]]);
+      for (std::ptrdiff_t index = 0; index < kBlock; ++index) {
+        out[index] = static_cast<char>(bytes_[next[index]]);
+        lost += Lacks(next[index]);
+      }
     }
   }
-  for (; next != end; ++next, ++out) *out = static_cast<char>(bytes_[*next]);
+  for (; next != end; ++next, ++out) {
+    *out = static_cast<char>(bytes_[*next]);
+    lost += Lacks(*next);
+  }
+  return lost;
 }
 
 }  // namespace zorkanca

@@ -27,9 +27,15 @@ class CodePage {
   /// Appends the characters of the bytes.
   void AppendDecoded(Text& text, std::string_view bytes) const;
   /// Appends the bytes of the text, one for each UTF-16 unit.
-  void AppendEncoded(std::string& bytes, TextView text) const;
+  /// @return how many of its characters the page does not have
+  std::size_t AppendEncoded(std::string& bytes, TextView text) const;
 
  private:
+  bool Lacks(char16_t unit) const {
+    const bool isSecondHalf = (unit & 0xFC00) == 0xDC00;  // counted with its first
+    return characters_[bytes_[unit]] != unit && !isSecondHalf;
+  }
+
   explicit CodePage(int number);
 
   int number_;

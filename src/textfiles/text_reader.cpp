@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "runtime/error.h"
+#include "runtime/utf8.h"
 
 namespace zorkanca {
 
@@ -29,7 +30,11 @@ bool TextReader::FillPiece() {
     piece_.clear();
     position_ = 0;
     if (count == 0) {
-      if (held_ > 0) piece_.push_back(static_cast<std::uint8_t>(bytes_[0]));  // half a unit: not lost
+      if (held_ > 0 && format_ == TextFormat::kUtf8) {
+        AppendUtf8(piece_, std::string_view(bytes_).substr(0, held_));
+      } else if (held_ > 0) {
+        piece_.push_back(static_cast<std::uint8_t>(bytes_[0]));  // half a unit: not lost
+      }
       held_ = 0;
       return !piece_.empty();
     }
@@ -43,12 +48,30 @@ void TextReader::Decode(std::string_view bytes) {
     codePage_.AppendDecoded(piece_, bytes);
     return;
   }
+  if (format_ == TextFormat::kUtf8) return DecodeUtf8(bytes);
   const std::size_t units = bytes.size() / 2;
   piece_.resize(units);
   std::memcpy(piece_.data(), bytes.data(), units * 2);
   held_ = bytes.size() % 2;
   if (held_ > 0) bytes_[0] = bytes.back();
   if (units > 0 && std::exchange(atStart_, false) && piece_.front() == kByteOrderUnit) position_ = 1;
+}
+
+// A character that the piece has only begun waits for the next one.
+void TextReader::DecodeUtf8(std::string_view bytes) {
+  std::size_t end = bytes.size();
+  for (std::size_t back = 1; back <= 3 && back <= bytes.size(); ++back) {
+    const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
+    if (byte < 0x80) break;
+    if (byte < 0xC0) continue;
+    const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+    if (length > back) end = bytes.size() - back;
+    break;
+  }
+  AppendUtf8(piece_, bytes.substr(0, end));
+  held_ = bytes.size() - end;
+  std::copy(bytes.begin() + static_cast<std::ptrdiff_t>(end), bytes.end(), bytes_.begin());
+  if (!piece_.empty() && std::exchange(atStart_, false) && piece_.front() == kByteOrderUnit) position_ = 1;
 }
 
 Text TextReader::ReadLine() {

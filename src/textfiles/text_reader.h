@@ -28,11 +28,12 @@ class TextReader final : public TextStream {
  private:
   bool FillPiece();
   void Decode(std::string_view bytes);
+  void DecodeUtf8(std::string_view bytes);
 
   std::unique_ptr<ByteSource> source_;  // null once closed
   TextFormat format_;
   const CodePage& codePage_;
-  std::string bytes_;  // room for what the source gives; with UTF-16 a half unit may wait at its start
+  std::string bytes_;  // room for what the source gives; an unfinished unit or character may wait at its start
   std::size_t held_ = 0;
   bool atStart_ = true;
   Text piece_;

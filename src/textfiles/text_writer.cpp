@@ -1,6 +1,7 @@
 #include "textfiles/text_writer.h"
 
 #include "runtime/error.h"
+#include "runtime/utf8.h"
 #include "textfiles/utf16.h"
 
 namespace zorkanca {
@@ -14,20 +15,32 @@ constexpr std::size_t kPieceSize = 16 * 1024;   // units encoded at a time, so t
 
 TextWriter::TextWriter(std::unique_ptr<ByteSink> sink, TextFormat format, const CodePage& codePage)
     : sink_(std::move(sink)), format_(format), codePage_(codePage) {
-  buffer_.reserve(kBufferSize + kPieceSize * sizeof(char16_t));
+  buffer_.reserve(kBufferSize + kPieceSize * 3);  // a unit is three bytes of UTF-8 at the most
 }
 
 void TextWriter::Write(TextView text) {
   if (!sink_) Raise(RuntimeError::kBadFileName);
   while (!text.empty()) {
-    const TextView piece = text.substr(0, kPieceSize);
-    if (format_ == TextFormat::kAnsi) {
-      codePage_.AppendEncoded(buffer_, piece);
-    } else {
-      AppendUtf16(buffer_, piece);
-    }
+    TextView piece = text.substr(0, kPieceSize);
+    // The two halves of a character stay together.
+    if (piece.size() < text.size() && (piece.back() & 0xFC00) == 0xD800) piece.remove_suffix(1);
+    Encode(piece);
     text.remove_prefix(piece.size());
     if (buffer_.size() >= kBufferSize) Flush();
+  }
+}
+
+void TextWriter::Encode(TextView piece) {
+  switch (format_) {
+    case TextFormat::kAnsi:
+      lost_ += static_cast<std::int64_t>(codePage_.AppendEncoded(buffer_, piece));
+      break;
+    case TextFormat::kUnicode:
+      AppendUtf16(buffer_, piece);
+      break;
+    case TextFormat::kUtf8:
+      AppendAsUtf8(buffer_, piece);
+      break;
   }
 }
 

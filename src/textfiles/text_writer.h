@@ -24,14 +24,17 @@ class TextWriter final : public TextStream {
   Text Read(std::int32_t characters) override;
   bool AtEndOfStream() override { return true; }
   void Close() override;
+  std::int64_t LostCharacters() const override { return lost_; }
 
  private:
+  void Encode(TextView piece);
   void Flush();
 
   std::unique_ptr<ByteSink> sink_;  // null once closed
   TextFormat format_;
   const CodePage& codePage_;
   std::string buffer_;
+  std::int64_t lost_ = 0;
 };
 
 }  // namespace zorkanca

@@ -12,6 +12,7 @@
 #include "runtime/error.h"
 #include "word/document/last_template.h"
 #include "word/document/tree_content.h"
+#include "word/merge/template_reading.h"
 #include "word/open_document.h"
 #include "word/xml/word_errors.h"
 
@@ -79,14 +80,18 @@ void RequireFile(const std::string& path) {
   RaiseWordError(WordError::kFileNotFound, u"The file " + FromNativePath(path) + u" could not be found.");
 }
 
-}  // namespace
-
-word::WordPackage EngineWord::Read(const std::string& path) const {
+word::WordPackage ReadWith(const LibreOfficeConverter& converter, const std::string& path) {
   RequireFile(path);
   if (DocumentKindOf(path) == DocumentKind::kPackage) return word::WordPackage(Package::Open(path));
   const TemporaryPackage converted(".docx");  // the package keeps the file open
-  environment_->converter.ToOpenXml(path, converted.path());
+  converter.ToOpenXml(path, converted.path());
   return word::WordPackage(Package::Open(converted.path()));
+}
+
+}  // namespace
+
+word::WordPackage EngineWord::Read(const std::string& path) const {
+  return ReadWith(environment_->converter, path);
 }
 
 WordDocumentReference EngineWord::AddDocument(TextView Template, bool NewTemplate) {
@@ -179,6 +184,11 @@ WordDocumentReference WordEngine::GetDocument(TextView path) {
     if (WordDocumentReference document = word->Documents(index); document->FullName() == wanted) return document;
   }
   return word->OpenDocument({.FileName = wanted});
+}
+
+std::vector<TemplateField> WordEngine::TemplateFields(TextView path) const {
+  word::WordPackage package = ReadWith(environment_->converter, AbsolutePath(ToNativePath(path)));
+  return word::ReadTemplateFields(package);
 }
 
 }  // namespace zorkanca

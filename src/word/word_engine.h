@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "libreoffice/libreoffice_converter.h"
+#include "platform/template_fields.h"
 #include "platform/word/word_application.h"
 #include "runtime/locale.h"
 
@@ -29,6 +30,8 @@ class WordEngine final {
   WordApplicationReference StartWord();
   /// The open document of that file, which is opened if need be. Errors: as `WordApplication::OpenDocument`.
   WordDocumentReference GetDocument(TextView path);
+  /// What the file asks for as a template, see merge/template_reading.h. Errors: as `WordApplication::AddDocument`.
+  std::vector<TemplateField> TemplateFields(TextView path) const;
 
  private:
   struct Environment;

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """What the program must not hide: names of columns, causes of failures, what a template or the data lack."""
+import json
 import sqlite3
 
 from command_line import SAMPLE, CommandLineCase, main
@@ -131,6 +132,122 @@ class TruthTest(CommandLineCase):
         self.assertEqual(cells(), ["6\u00a0909,00", "10\u00a0486,50"])
         self.assertEqual(cells("--type", "soucet=boolean"), ["Pravda", "Pravda"])
         self.assertEqual(cells("--type", "SOUCET=integer"), ["6909", "10486,5"])
+
+    def test_what_a_template_and_the_columns_do_not_agree_on(self):
+        for name in ("cenovky.xltx", "registrace.dotx"):
+            (self.folder / name).write_bytes((SAMPLE.parent / name).read_bytes())
+        self.document("plain.docx")
+        missing = "zorkanca: warning: There is no column for the "
+        query = ["--db", "sklad.db", "--select"]
+        fields = "cislo, nazev, ulice, psc, mesto, ico, zalozen AS vystavena, zalozen AS splatna"
+        for arguments, warnings in [
+            (["word", *query, f"SELECT {fields}, 1 AS celkem FROM odberatele LIMIT 2", "--template", "upominka.dotx"], []),
+            (["word", *query, f"SELECT {fields}, 1 AS celkm FROM odberatele LIMIT 2", "--template", "upominka.dotx"],
+             [missing + "merge field celkem."]),
+            (["word", *query, f"SELECT {fields}, 1 AS celkem FROM odberatele LIMIT 2", "--names", "a;b", "--template",
+              "plain.docx"],
+             ["zorkanca: warning: There are 2 column names for 9 columns.",
+              f"zorkanca: warning: The template has no merge field, every record gives the same text: {self.folder}/plain.docx"]),
+            (["merge", "--data-file", self.data_file("a\n1\n"), "--template", "plain.docx"],
+             [f"zorkanca: warning: The template has no merge field, every record gives the same text: {self.folder}/plain.docx"]),
+            (["form", *query, "SELECT cislo AS kod FROM odberatele LIMIT 1", "--template", "plain.docx"],
+             [f"zorkanca: warning: The template has no form field, every record gives the same text: {self.folder}/plain.docx"]),
+            (["excel-template-file", "--headers", self.ansi("h.txt", "nazev;cena;jednotka;kod"), "--data",
+              self.ansi("d.txt", "a;1;ks;K1\r\n"), "--template", "cenovky.xltx"],
+             [missing + "placeholder {ean}."]),
+        ]:
+            output = "t.xlsx" if arguments[0].startswith("excel") else "t.docx"
+            stdout, stderr = self.run_program(*arguments, "-o", output)
+            self.assertEqual((stdout, stderr.splitlines()), (f"{self.folder}/{output}\n", warnings), arguments)
+            (self.folder / output).unlink()
+            stdout, stderr = self.run_program(*arguments, "-o", output, "--check")
+            self.assertEqual(sorted(stderr.splitlines()), sorted(warnings), arguments)
+            self.assertTrue(stdout.endswith("ok: the output can be written\n"))
+            for strictly in (["--strict"], ["--strict", "--check"]):
+                self.run_program(*arguments, "-o", output, *strictly, status=1 if warnings else 0)
+                written = strictly == ["--strict"] and not warnings
+                self.assertEqual((self.folder / output).exists(), written, (arguments, strictly))
+                (self.folder / output).unlink(missing_ok=True)
+        self.run_program("word", *query, "SELECT 1 AS a", "--template", "upominka.dotx", "--multi", "--strict", "-o", "strict/",
+                         status=1)
+        self.assertFalse((self.folder / "strict").exists())
+
+    def ansi(self, name, text):
+        (self.folder / name).write_bytes(text.encode("cp1250"))
+        return name
+
+    def test_check_tells_all_that_is_wrong(self):
+        stdout, stderr = self.run_program("word", "--db", "none.db", "--select", "SELECT 1", "--template", "none.dotx", "-o",
+                                          "none/x.docx", "--check", status=1)
+        self.assertEqual(stdout, "")
+        self.assertEqual(stderr.splitlines()[0], "zorkanca: 3024 - unable to open database file: none.db")
+        self.assertIn("zorkanca: 53 - The template was not found: ", stderr)
+        self.assertEqual(stderr.splitlines()[2], f"zorkanca: 76 - Path not found: {self.folder}/none")
+        stdout, stderr = self.run_program("excel-template", "--db", "sklad.db", "--select", "SELECT 1 AS a WHERE 0",
+                                          "--template", "stav-zasob.xltx", "-o", "x.xlsx", "--check")
+        self.assertIn("ok: the query, columns a\n", stdout)
+        self.assertIn("zorkanca: warning: The query gives no records.\n", stderr)
+        self.assertFalse((self.folder / "x.xlsx").exists())
+
+    def test_fields_of_templates(self):
+        for name, lines in [
+            ("upominka.dotx", ["field\tnazev\t1", "field\tulice\t1"]),
+            ("registrace.dotx", ["form\tkod\t1", "form\tcislo\t1"]),
+            ("cenovky.xltx", ["cell\tnazev\t1", "cell\tcena\t1"]),
+            ("faktura.xml", ["marker\tworksheet_begin\t2", "marker\tGD-C9-c[***]-R1-r[***]-\t2"]),
+        ]:
+            self.assertEqual(self.output("fields", SAMPLE.parent / name).splitlines()[:2], lines)
+        first = json.loads(self.output("fields", "upominka.dotx", "--json"))[0]
+        self.assertEqual(first, {"kind": "field", "name": "nazev", "count": 1})
+        self.assertIn("The template was not found: ", self.run_program("fields", "none.dotx", status=1)[1])
+
+    def test_encodings_of_data_files(self):
+        warning = "zorkanca: warning: The file is read as ANSI, but it looks like UTF-8; --encoding utf-8 reads it so: "
+        text = "Řehoř Žížala\n" * 3
+        template = ["--template", "upominka.dotx", "-o", "e.docx"]
+        for encoding, arguments, isRight, warns in [
+            ("cp1250", [], True, False),
+            ("utf-8", [], False, True),
+            ("utf-8", ["--encoding", "utf-8"], True, False),
+            ("utf-8-sig", [], True, False),
+            ("utf-8", ["--encoding", "ansi"], False, False),
+            ("utf-16", [], True, False),
+            ("utf-16-le", ["--encoding", "utf-16"], True, False),
+        ]:
+            header, data = self.folder / "h.txt", self.folder / "d.txt"
+            header.write_bytes("nazev".encode(encoding))
+            data.write_bytes(text.replace("\n", "\r\n").encode(encoding))
+            merged = self.folder / "m.txt"
+            merged.write_bytes(("nazev\n" + text).replace("\n", "\r\n").encode(encoding))
+            for command in (["word-file", "--headers", header, "--data", data], ["merge", "--data-file", merged],
+                            ["merge", "--data-file", merged, "--multi"]):
+                target = ["--template", "upominka.dotx", "-o", "e/"] if "--multi" in command else template
+                stderr = self.run_program(*command, *target, *arguments)[1]
+                document = self.folder / ("e/0001.docx" if "--multi" in command else "e.docx")
+                found = "Řehoř Žížala" in self.part(document, "word/document.xml")
+                self.assertEqual((found, warning in stderr), (isRight, warns), (command, encoding, arguments))
+        self.assertEqual(self.left_behind(), [])
+
+    def test_characters_that_the_ansi_page_does_not_have(self):
+        select = "SELECT 'α β ☺ Ř' AS a, 1234.5 AS b"
+        warning = "zorkanca: warning: 3 characters are not in the ANSI page 1250 and became another one; --unicode keeps every character.\n"
+        self.assertEqual(self.html(select, "-o", "u.htm")[1], warning)
+        self.assertEqual(self.html(select, "-o", "u.htm", "--unicode")[1], "")
+        page = (self.folder / "u.htm").read_text(encoding="utf-8")
+        self.assertIn('<META charset="utf-8">', page)
+        self.assertIn("α β ☺ Ř", page)
+        excel = ["excel", "--db", "sklad.db", "--select", select, "-o", "u.xlsx"]
+        self.assertEqual(self.run_program(*excel)[1], warning)
+        self.assertEqual(self.run_program(*excel, "--unicode")[1], "")
+        self.assertEqual(self.cells("u.xlsx")[2], {"A": "α β ☺ Ř", "B": "1234.5"})
+
+    def test_nothing_is_said_that_nobody_needs(self):
+        self.assertEqual(self.run_program("--home", "fresh", "templates", "show", "--application", "X"), ("", ""))
+        (self.folder / "fresh.dot").touch()
+        self.assertEqual(self.run_program("--home", "fresh", "templates", "add", "fresh.dot", "--application", "X"), ("", ""))
+        self.assertIn("ZorSabl.txt", self.run_program("--home", "fresh", "templates", "supply", "--application", "X", status=1)[1])
+        stderr = self.run_program("fill", SAMPLE.parent / "faktura.xml", "-", "-o", "f.xml", stdin="[]", status=1)[1]
+        self.assertEqual(stderr, "Není definován ani jeden list!\n")
 
 
 if __name__ == "__main__":

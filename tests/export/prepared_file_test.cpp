@@ -37,10 +37,11 @@ TEST(PreparedFile, RowsAreSplitAtSeparatorsOutsideQuotes) {
 
 TEST(PreparedFile, LinesAndMessages) {
   MemoryPlatform computer;
+  const ExportContext context{.platform = computer.platform};
   const auto message = [](auto read) { return StopMessage(ErrorOf(read)).value_or(u"unforeseen"); };
   const auto linesOf = [&](const char* bytes) {
     computer.files.Put(u"C:\\Temp\\d.txt", bytes);
-    const PreparedData data(computer.files, u"C:\\Temp\\d.txt");
+    const PreparedData data(context, u"C:\\Temp\\d.txt");
     return std::vector<Text>(data.lines().begin(), data.lines().end());
   };
   using Lines = std::vector<Text>;
@@ -50,22 +51,21 @@ TEST(PreparedFile, LinesAndMessages) {
   EXPECT_EQ(linesOf("\r\n"), Lines{u""});
   EXPECT_EQ(message([&] { linesOf("  "); }), kNoRecords);
   EXPECT_EQ(message([&] { linesOf(""); }), kNoRecords);
-  EXPECT_EQ(message([&] { PreparedData(computer.files, u"C:\\Temp\\no.txt"); }), u"Datový soubor nebyl nalezen !");
+  EXPECT_EQ(message([&] { PreparedData(context, u"C:\\Temp\\no.txt"); }), u"Datový soubor nebyl nalezen !");
   computer.files.FailFromCall(1);
-  EXPECT_EQ(message([&] { PreparedData(computer.files, u"C:\\Temp\\d.txt"); }), u"Chyba při přístupu k datům !");
+  EXPECT_EQ(message([&] { PreparedData(context, u"C:\\Temp\\d.txt"); }), u"Chyba při přístupu k datům !");
   computer.files.FailFromCall(0);
 
   const auto headerOf = [&](const char* bytes) {
     computer.files.Put(u"C:\\Temp\\h.txt", bytes);
-    return ReadPreparedHeader(computer.files, u"C:\\Temp\\h.txt");
+    return ReadPreparedHeader(context, u"C:\\Temp\\h.txt");
   };
   EXPECT_EQ(headerOf(" k\xF3"
                      "d;cena \r\n"),
             u"kód;cena \r\n")
       << "only blanks are trimmed";
   EXPECT_EQ(message([&] { headerOf("   "); }), u"Hlavičkový soubor je prázdný !");
-  EXPECT_EQ(message([&] { ReadPreparedHeader(computer.files, u"C:\\Temp\\no.txt"); }),
-            u"Hlavičkový soubor nebyl nalezen !");
+  EXPECT_EQ(message([&] { ReadPreparedHeader(context, u"C:\\Temp\\no.txt"); }), u"Hlavičkový soubor nebyl nalezen !");
 }
 
 TEST(BarCodeSpecification, IsTakenOffTheNames) {

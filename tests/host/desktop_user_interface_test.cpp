@@ -82,7 +82,8 @@ TEST(TerminalDialogs, ARowOfAListIsChosenByItsNumber) {
   user.ShowModal(form, nullptr);
   EXPECT_EQ(form.Heard(), "activate; row 1; down 13; ok");
   const std::string shown = "Ukázka & zkouška\n*  1  první\n   2  druhý\n   3  třetí\nČíslo (prázdné zruší): ";
-  EXPECT_EQ(terminal.Printed(), shown + shown + shown);
+  const std::string wrong = shown + "Takové číslo v seznamu není.\n";
+  EXPECT_EQ(terminal.Printed(), wrong + wrong + shown);
 
   form.ok.SetEnabled(false);  // the row cannot be chosen
   terminal.Type("3\n\n");

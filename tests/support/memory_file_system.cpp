@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 #include "runtime/error.h"
 #include "runtime/like.h"
+#include "runtime/utf8.h"
 
 namespace zorkanca::testing {
 
@@ -14,7 +15,11 @@ class MemoryTextStream final : public TextStream {
 
   void Write(TextView text) override {
     files_.MayFail();
-    if (format_ == TextFormat::kAnsi) return files_.codePage_.AppendEncoded(bytes_, text);
+    if (format_ == TextFormat::kUtf8) return AppendAsUtf8(bytes_, text);
+    if (format_ == TextFormat::kAnsi) {
+      lost_ += static_cast<std::int64_t>(files_.codePage_.AppendEncoded(bytes_, text));
+      return;
+    }
     if (bytes_.empty()) AppendUnit(u'\xFEFF');
     for (const char16_t unit : text) AppendUnit(unit);
   }
@@ -53,6 +58,8 @@ class MemoryTextStream final : public TextStream {
     files_.Put(path_, bytes_);
   }
 
+  std::int64_t LostCharacters() const override { return lost_; }
+
  private:
   void AppendUnit(char16_t unit) {
     bytes_.push_back(static_cast<char>(unit & 0xFF));
@@ -61,6 +68,7 @@ class MemoryTextStream final : public TextStream {
 
   Text Decoded() const {
     Text text;
+    if (format_ == TextFormat::kUtf8) return FromUtf8(bytes_);
     if (format_ == TextFormat::kAnsi) {
       files_.codePage_.AppendDecoded(text, bytes_);
       return text;
@@ -79,6 +87,7 @@ class MemoryTextStream final : public TextStream {
   std::string bytes_;
   bool writing_;
   std::size_t position_ = 0;
+  std::int64_t lost_ = 0;
 };
 
 std::optional<std::string> MemoryFileSystem::Bytes(TextView path) const {

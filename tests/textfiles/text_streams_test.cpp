@@ -48,7 +48,7 @@ TextReader ReaderOf(std::string bytes, std::size_t pieceSize, TextFormat format)
 
 // Lines of all lengths around the size of the buffers, so that ends and units are cut by them.
 TEST(TextStreams, BuffersLeaveNoSeams) {
-  for (const TextFormat format : {TextFormat::kAnsi, TextFormat::kUnicode}) {
+  for (const TextFormat format : {TextFormat::kAnsi, TextFormat::kUnicode, TextFormat::kUtf8}) {
     std::vector<Text> lines;
     for (std::size_t length = 0; length < 70; ++length) lines.push_back(Text(length * 1021 + 1, u'č'));
     std::string bytes;
@@ -70,6 +70,27 @@ TEST(TextStreams, UnitsMayComeInHalves) {
     TextReader reader = ReaderOf(bytes, pieceSize, TextFormat::kUnicode);
     EXPECT_EQ(Shown(reader.ReadAll()), "čab") << "the half at the end is not lost";
   }
+}
+
+TEST(TextStreams, Utf8MayComeInPieces) {
+  const std::string bytes =
+      "\xEF\xBB\xBF"
+      "a\xC5\xBE\xE2\x98\xBA\xF0\x9F\x98\x80"
+      "b\xC5";
+  for (std::size_t pieceSize = 1; pieceSize < 8; ++pieceSize) {
+    TextReader reader = ReaderOf(bytes, pieceSize, TextFormat::kUtf8);
+    EXPECT_EQ(ToUtf8(reader.ReadAll()), bytes.substr(3)) << "a mark is skipped, half a character at the end is kept";
+  }
+}
+
+TEST(TextStreams, CharactersThatThePageDoesNotHaveAreCounted) {
+  std::string bytes;
+  TextWriter ansi(std::make_unique<BytesInMemory>(bytes), TextFormat::kAnsi, CodePage::Get(1250));
+  ansi.Write(u"Žluťoučký kůň, \x3B1\x3B2 and \xD83D\xDE00");
+  EXPECT_EQ(ansi.LostCharacters(), 3);
+  TextWriter unicode(std::make_unique<BytesInMemory>(bytes), TextFormat::kUtf8, CodePage::Get(1250));
+  unicode.Write(u"\x3B1");
+  EXPECT_EQ(unicode.LostCharacters(), 0);
 }
 
 }  // namespace

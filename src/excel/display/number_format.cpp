@@ -7,6 +7,7 @@
 #include "excel/grid/serial_date.h"
 #include "runtime/date.h"
 #include "runtime/decimal_digits.h"
+#include "runtime/digit_writer.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::excel {
@@ -122,48 +123,36 @@ Text GeneralText(double value, const Locale& locale) {
 namespace {
 
 // The digits of a number as a section's placeholders take them.
-class DigitWriter {
+class Placeholders {
  public:
-  DigitWriter(Text& text, const DecimalDigits& number, const Locale& locale, bool grouped)
-      : text_(text), number_(number), locale_(locale), grouped_(grouped) {}
+  Placeholders(TextSink& sink, const DecimalDigits& number, TextView groupSeparator)
+      : sink_(sink), number_(number), digits_(sink, number, groupSeparator) {}
 
   // One placeholder left of the point; the first takes all digits for which there is none.
   void Integer(char16_t placeholder, std::int64_t place, bool isFirst) {
-    if (isFirst) {
-      for (std::int64_t extra = number_.point - 1; extra > place; --extra) PutDigit(extra);
-    }
-    if (place < number_.point) {
-      PutDigit(place);
-    } else if (placeholder == u'0') {
-      PutDigit(place);
+    if (isFirst) digits_.PutInteger(number_.point - 1, place + 1);
+    if (place < number_.point || placeholder == u'0') {
+      digits_.PutInteger(place, place);
     } else if (placeholder == u'?') {
-      text_.push_back(u' ');
+      sink_.Put(u' ');
     }
   }
 
+  // All digits of the integer part, where it has no placeholder.
+  void Integers() { digits_.PutInteger(number_.point - 1, 0); }
+
   void Fraction(char16_t placeholder, std::int64_t decimal, std::int64_t lastNeeded) {
-    const bool has = number_.point + decimal < number_.count;
-    if (has || placeholder == u'0' || decimal <= lastNeeded) {
-      text_.push_back(Digit(number_.point + decimal));
+    if (decimal < digits_.Decimals() || placeholder == u'0' || decimal <= lastNeeded) {
+      digits_.PutFraction(decimal, decimal + 1);
     } else if (placeholder == u'?') {
-      text_.push_back(u' ');
+      sink_.Put(u' ');
     }
   }
 
  private:
-  char16_t Digit(std::int64_t index) const {
-    return index >= 0 && index < number_.count ? static_cast<char16_t>(number_.digits[index]) : u'0';
-  }
-  // @param place  of the digit, 0 for ones
-  void PutDigit(std::int64_t place) {
-    text_.push_back(Digit(number_.point - 1 - place));
-    if (grouped_ && place > 0 && place % 3 == 0) text_ += locale_.groupSeparator;
-  }
-
-  Text& text_;
+  TextSink& sink_;
   const DecimalDigits& number_;
-  const Locale& locale_;
-  bool grouped_;
+  DigitWriter digits_;
 };
 
 }  // namespace
@@ -190,8 +179,9 @@ void NumberFormat::ShowNumber(Text& text, double value, const Section& section) 
     // Rounding may have carried into a digit that has no place: 9.996 is 1.00E+01.
     if (scientific) exponent += TakeExponent(number, std::max<std::int64_t>(integers, 1));
   }
-  if (number.negative && section.isNumber) text.push_back(u'-');
-  DigitWriter writer(text, number, locale_, section.grouped);
+  TextSink sink(text);
+  if (number.negative && section.isNumber) sink.Put(u'-');
+  Placeholders writer(sink, number, section.grouped ? TextView(locale_.groupSeparator) : TextView());
   std::int64_t place = integers;
   std::int64_t decimal = 0;
   behindPoint = false;
@@ -206,26 +196,24 @@ void NumberFormat::ShowNumber(Text& text, double value, const Section& section) 
         }
         break;
       case StepKind::kPoint:
-        if (integers == 0 && number.point > 0) {
-          for (std::int64_t digit = number.point; digit > 0; --digit) writer.Integer(u'#', digit - 1, false);
-        }
+        if (integers == 0) writer.Integers();
         behindPoint = true;
-        text += locale_.decimalSeparator;
+        sink.Put(locale_.decimalSeparator);
         break;
       case StepKind::kExponent:
-        text += exponent < 0 ? u"E-" : step.plus ? u"E+" : u"E";
+        sink.Put(exponent < 0 ? u"E-" : step.plus ? u"E+" : u"E");
+        sink.Flush();
         AppendPadded(text, exponent < 0 ? -exponent : exponent, step.width);
         break;
       case StepKind::kGeneral:
-        text += GeneralText(value, locale_);
-        break;
       case StepKind::kValueText:
-        text += GeneralText(value, locale_);
+        sink.Put(GeneralText(value, locale_));
         break;
       default:
-        text += step.text;
+        sink.Put(step.text);
     }
   }
+  sink.Flush();
 }
 
 void NumberFormat::ShowDate(Text& text, double value, const Section& section) const {

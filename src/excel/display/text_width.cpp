@@ -183,7 +183,8 @@ int MarginPixels(int digitPixels) {
 
 int PixelsOfWidth(double width, int digitPixels) {
   constexpr double kWidest = 255;
-  return static_cast<int>((256 * std::clamp(width, 0.0, kWidest) + 128 / digitPixels) / 256 * digitPixels);
+  const int half = 128 / digitPixels;
+  return static_cast<int>((256 * std::clamp(width, 0.0, kWidest) + half) / 256 * digitPixels);
 }
 
 double ColumnWidthFor(double pixels, int digitPixels) {

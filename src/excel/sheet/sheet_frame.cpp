@@ -319,7 +319,7 @@ class ShellMaker {
                 inside.empty() ? std::string() : "<" + name + attributes + ">" + inside + "</" + name + ">");
   }
 
-  SheetFrame Split(std::string xml) {
+  SheetFrame Split(const std::string& xml) {
     const std::string rows = "<?" + std::string(SheetPart::kRowsMark) + "?>";
     const std::size_t at = xml.find(rows);
     SheetFrame frame{.before = xml.substr(0, at), .behind = xml.substr(at + rows.size())};

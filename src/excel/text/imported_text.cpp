@@ -43,9 +43,12 @@ std::shared_ptr<const OpenedText> OpenFile(const std::string& path, char delimit
   return text;
 }
 
+constexpr std::int32_t kUtf8Origin = 65001;
+
 // The arguments that the exports never vary; another value would mean another result.
 char RequireDelimiter(const OpenTextArguments& arguments) {
-  if (arguments.Origin != 2) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with another Origin");
+  if (arguments.Origin != 2 && arguments.Origin != kUtf8Origin)
+    RaiseUnsupportedExcelMember(u"Workbooks.OpenText with another Origin");
   if (arguments.DataType != 1) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with fixed widths");
   if (arguments.TextQualifier != 1) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with another TextQualifier");
   if (arguments.ConsecutiveDelimiter) RaiseUnsupportedExcelMember(u"Workbooks.OpenText with ConsecutiveDelimiter");
@@ -132,7 +135,7 @@ class ImportedText::TextCursor final : public Cursor {
 
   Content Read(std::string_view field, bool isTextColumn) {
     if (!isTextColumn) {
-      Content content = block_->reader_.Read(field, out_);
+      Content content = block_->reader_.Read(block_->isUtf8_ ? InAnsi(field) : field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
         content.shown = Shown(content, field);
@@ -154,8 +157,16 @@ class ImportedText::TextCursor final : public Cursor {
     return block_->ShowsAsSpelled(content.format, field) ? InUtf8(field) : std::string_view();
   }
 
-  std::string_view InUtf8(std::string_view field) {
+  // What the reader of numbers and dates knows; a text is not taken from here.
+  std::string_view InAnsi(std::string_view field) {
     if (IsAscii(field)) return field;
+    ansi_.clear();
+    block_->locale_.codePage->AppendEncoded(ansi_, FromUtf8(field));
+    return ansi_;
+  }
+
+  std::string_view InUtf8(std::string_view field) {
+    if (block_->isUtf8_ || IsAscii(field)) return field;
     const char* const start = out_;
     out_ = utf8_.Put(out_, field);
     return {start, static_cast<std::size_t>(out_ - start)};
@@ -165,6 +176,7 @@ class ImportedText::TextCursor final : public Cursor {
   RecordReader records_;
   Utf8Table utf8_;
   std::vector<char> bytes_;
+  std::string ansi_;
   char* out_ = nullptr;
   std::vector<Content> contents_;
   std::int32_t current_ = -1;
@@ -183,12 +195,13 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
                            const Locale& locale)
     : text_(std::move(text)),
       locale_(locale),
+      isUtf8_(arguments.Origin == kUtf8Origin),
       reader_(locale, arguments.DecimalSeparator.value_or(locale.decimalSeparator),
               arguments.ThousandsSeparator.value_or(locale.groupSeparator)),
       trueWord_(ToUtf8(UpperCase(locale.trueWord))),
       falseWord_(ToUtf8(UpperCase(locale.falseWord))),
-      shortDateIsShortest_(locale.shortDate.find_first_of(u" ") == Text::npos &&
-                           locale.shortDate.find(u"dd") == Text::npos && locale.shortDate.find(u"mm") == Text::npos) {
+      shortDateIsShortest_(locale.shortDate.find(u' ') == Text::npos && locale.shortDate.find(u"dd") == Text::npos &&
+                           locale.shortDate.find(u"mm") == Text::npos) {
   for (const ExcelColumnInfo& info : arguments.FieldInfo) {
     if (info.column < 1 || info.column > kLastColumn || info.type != ExcelColumnType::kText) continue;
     textColumns_.resize(std::max(textColumns_.size(), static_cast<std::size_t>(info.column)));

@@ -16,7 +16,7 @@ namespace zorkanca::excel {
 class ImportedText final : public CellSource, public std::enable_shared_from_this<ImportedText> {
  public:
   /// Reads the file once to count its rows and columns.
-  /// @param path    native
+  /// @param path    native; ANSI or, by the argument Origin, UTF-8
   /// @param locale  outlives the block
   /// @param watch   asked and told meanwhile
   /// Errors: 1004 when it is missing, has more rows or columns than a sheet, or a value longer than a cell holds; 438
@@ -43,6 +43,7 @@ class ImportedText final : public CellSource, public std::enable_shared_from_thi
 
   std::shared_ptr<const OpenedText> text_;
   const Locale& locale_;
+  bool isUtf8_;  // else ANSI
   GeneralReader reader_;
   std::string trueWord_, falseWord_;  // as cells show them, in UTF-8
   bool shortDateIsShortest_ = false;  // the locale's short date adds no zeros and blanks

@@ -26,7 +26,7 @@ std::optional<bool> AnswerOf(TextView answer) {
 }  // namespace
 
 MessageAnswer ConsoleUserInterface::Show(const Message& message) {
-  Text line = message.title;
+  Text line = message.title == message.text ? Text() : message.title;  // some messages are their own title
   if (!line.empty()) line.append(u": ");
   line.append(message.text).append(u"\n");
   if (terminal_.Prints()) terminal_.Print("\r\x1b[K");  // a progress bar may stand in the line

@@ -101,6 +101,11 @@ void TerminalDialogs::ShowModal(Form& form) const {
 // @return false at the end of input
 bool TerminalDialogs::ChooseRow(Form& form, ListBox& list) const {
   const std::vector<Text>& rows = list.rows();
+  if (rows.empty()) {
+    terminal_.Print(u"Seznam je prázdný.\n");
+    Cancel(form);
+    return false;
+  }
   for (std::size_t index = 0; index < rows.size(); ++index) {
     terminal_.Print(Numbered(index + 1, list.selectedRow() == static_cast<int>(index), rows[index]));
   }
@@ -114,6 +119,8 @@ bool TerminalDialogs::ChooseRow(Form& form, ListBox& list) const {
     form.PressKey(kEnterKey);
     if (form.visible()) form.ReleaseKey(kEnterKey);
     if (form.visible()) terminal_.Print(u"Tuto položku nelze zvolit.\n");
+  } else {
+    terminal_.Print(u"Takové číslo v seznamu není.\n");
   }
   return more;
 }

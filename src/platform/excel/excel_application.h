@@ -28,7 +28,7 @@ struct ExcelColumnInfo {
 /// is never given. A call with separators is the one with 16 arguments, without them the one with 13.
 struct OpenTextArguments {
   Text Filename = {};
-  std::int32_t Origin = 2;         ///< 2: the ANSI code page of the system
+  std::int32_t Origin = 2;         ///< 2: the ANSI code page of the system; 65001: UTF-8
   std::int32_t StartRow = 1;       ///< first line that is read
   std::int32_t DataType = 1;       ///< 1: delimited
   std::int32_t TextQualifier = 1;  ///< 1: double quote
