@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
 #include "export/data_encoding.h"
@@ -15,7 +16,6 @@
 #include "foundation/ignore_errors.h"
 #include "platform/paths.h"
 #include "runtime/utf8.h"
-#include "sqlite/sqlite_database.h"
 #include "xmltemplate/template_markers.h"
 
 namespace zorkanca::cli {
@@ -72,8 +72,7 @@ class Check {
   void Ok(const Text& text) { context_.report.Value(u"ok: " + text); }
 
   void LookAtQuery() {
-    SqliteDatabase database(SqlitePath(order_.query.database), &context_.interrupted);
-    database.SettleTypes(TypesOf(order_.query));
+    QueryDatabase database(context_, order_.query);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
     Ok(u"the database " + FromUtf8(order_.query.database));

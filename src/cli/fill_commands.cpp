@@ -5,8 +5,8 @@
 
 #include "cli/command_line.h"
 #include "cli/fill_steps.h"
+#include "cli/interrupt.h"
 #include "cli/output_file.h"
-#include "files/file_bytes.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "xmltemplate/template_factory.h"
@@ -115,7 +115,7 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
   FileSystem& files = context.platform.files;
   OutputFile output(context, options.output, {u"xml"});
   const std::vector<FillStep> steps =
-      ReadFillSteps(options.steps == "-" ? ReadToEnd(STDIN_FILENO, "-") : BytesOf(options.steps));
+      ReadFillSteps(options.steps == "-" ? ReadStandardInput() : BytesOf(options.steps));
 
   cExcel2003XmlTemplateFactory factory(context.platform);
   if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;

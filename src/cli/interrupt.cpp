@@ -1,6 +1,11 @@
 #include "cli/interrupt.h"
 
 #include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "runtime/error.h"
 
 namespace zorkanca::cli {
 
@@ -22,6 +27,19 @@ const std::atomic<bool>& WatchForInterrupt() {
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   sigaction(SIGINT, &action, nullptr);
   return interruptedFlag;
+}
+
+std::string ReadStandardInput() {
+  std::string bytes;
+  char block[16384];
+  for (;;) {
+    const ssize_t count = read(STDIN_FILENO, block, sizeof block);
+    if (interruptedFlag) Raise(RuntimeError::kUserInterrupt);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) Raise(RuntimeError::kDeviceIo);
+    if (count == 0) return bytes;
+    bytes.append(block, static_cast<std::size_t>(count));
+  }
 }
 
 }  // namespace zorkanca::cli

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "cli/command_line.h"
-#include "files/file_bytes.h"
+#include "cli/interrupt.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -131,9 +131,7 @@ SqliteColumnTypes TypesOf(const QueryOptions& query) {
 
 Text Statement(const QueryOptions& query) {
   const bool fromFile = !query.sqlFile.empty();
-  std::string statement = fromFile              ? BytesOf(query.sqlFile)
-                          : query.select == "-" ? ReadToEnd(STDIN_FILENO, "-")
-                                                : query.select;
+  std::string statement = fromFile ? BytesOf(query.sqlFile) : query.select == "-" ? ReadStandardInput() : query.select;
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   if (statement.starts_with(kMark)) statement.erase(0, kMark.size());
   if (statement.find_first_not_of(" \t\r\n;") == std::string::npos) throw UsageError(EmptyStatement(query));

@@ -107,8 +107,13 @@ class CommandLineCase(unittest.TestCase):
 
     def running(self, word):
         """How many processes were started with the word among their arguments."""
-        commands = (path.read_bytes() for path in pathlib.Path("/proc").glob("[0-9]*/cmdline") if path.exists())
-        return sum(word.encode() in command for command in commands)
+        count = 0
+        for path in pathlib.Path("/proc").glob("[0-9]*/cmdline"):
+            try:
+                count += word.encode() in path.read_bytes()
+            except OSError:
+                pass  # it has ended meanwhile
+        return count
 
     def query(self, name, limit=1000):
         return f"SELECT * FROM ({(SAMPLE.parent / name).read_text()}) LIMIT {limit}"

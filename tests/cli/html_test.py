@@ -80,6 +80,13 @@ class HtmlTest(CommandLineCase):
             self.assertEqual(stderr.decode(), TITLE + "Výstup byl přerušen uživatelem !\n")
             self.assertEqual([path for path in self.folder.iterdir() if "cut" in path.name], [])
 
+    def test_interruption_while_input_is_waited_for(self):
+        with subprocess.Popen([PROGRAM, "html", "--db", "sklad.db", "--select", "-", "-o", "cut.htm"], cwd=self.folder,
+                              env=self.environment(), stdin=subprocess.PIPE) as process:
+            time.sleep(0.3)
+            process.send_signal(signal.SIGINT)
+            self.assertEqual(process.wait(timeout=5), 130)
+
 
 if __name__ == "__main__":
     main()

@@ -54,6 +54,7 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   database.failsToOpen = false;
 
   database.rows = {{std::int32_t{1}, Binary{}}};
+  html = {};
   EXPECT_FALSE(office.HTMLExport(database, u"SELECT * FROM t", html));
   const std::string binary = Taken();
   EXPECT_NE(binary.find("cause 13 - The column \"a;b\" holds binary data (BLOB)"), std::string::npos) << binary;

@@ -97,6 +97,19 @@ TEST(TerminalDialogs, ARowOfAListIsChosenByItsNumber) {
   EXPECT_FALSE(form.visible()) << "nobody is left to answer";
 }
 
+TEST(TerminalDialogs, AnEmptyListAsksForNothing) {
+  const PseudoTerminal terminal;
+  DesktopUserInterface user = OnTerminal(terminal);
+  SampleForm form;
+  form.rows.SetRows({});
+  form.Heard();
+  terminal.Type("1\n");
+  user.ShowModal(form, nullptr);
+  EXPECT_FALSE(form.visible());
+  EXPECT_EQ(form.Heard(), "activate; cancel; close?");
+  EXPECT_EQ(terminal.Printed(), "Ukázka & zkouška\nSeznam je prázdný.\n");
+}
+
 TEST(TerminalDialogs, FormsWithoutListAreMenus) {
   const PseudoTerminal terminal;
   DesktopUserInterface user = OnTerminal(terminal);

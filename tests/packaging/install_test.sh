@@ -48,7 +48,7 @@ done < <(zorkanca complete '')
 
 # The completion offers commands, sub-commands, options and values.
 # shellcheck disable=SC1091
-source "$prefix/share/bash-completion/completions/zorkanca"
+source "$prefix/share/bash-completion/completions/zorkanca.bash"
 completions() {
   COMP_WORDS=(zorkanca "$@") COMP_CWORD=$#
   _zorkanca
