@@ -36,7 +36,8 @@ class ExcelSteps {
     std::string first;
     words >> verb >> first;
     words >> std::ws;
-    const std::string rest(std::istreambuf_iterator<char>(words), {});
+    std::string rest;
+    std::getline(words, rest, '\0');  // all of it
     const Text place = FromUtf8(first);
     if (verb == "repeat") {
       ExcelFixture::Repeat(sheet_, std::atoi(first.c_str()), std::atoi(rest.c_str()));
