@@ -171,7 +171,6 @@ constexpr auto kExamples = std::to_array<CommandExamples>({
      {{{"registry import nastaveni.reg", "reads settings"},
        {"--home /tmp/zkouska registry import nastaveni.reg", "reads them into another home"}}}},
     {"log", {{{"log", "what failed today"}, {"log --path", "where that stands"}}}},
-    {"doctor", {{{"doctor", "a line for each thing the program can use"}, {"doctor --json", "the same for programs"}}}},
     {"help",
      {{{"help word", "the options of a command"}, {"help templates add", "those of a command inside a group"}}}},
     {"man", {{{"man | man -l -", "reads the man page"}, {"man >zorkanca.1", "writes it to a file"}}}},
