@@ -38,6 +38,10 @@ CodePage::CodePage(int number) : number_(number) {
       }
     }
   }
+  for (std::size_t unit = 0; unit < bytes_.size(); ++unit) {
+    const bool isSecondHalf = (unit & 0xFC00) == 0xDC00;  // counted with its first
+    if (!isOnPage(static_cast<char16_t>(unit)) && !isSecondHalf) bytes_[unit] |= kLost;
+  }
 }
 
 const CodePage& CodePage::Get(int number) {
@@ -73,14 +77,16 @@ std::size_t CodePage::AppendEncoded(std::string& bytes, TextView text) const {
       for (std::ptrdiff_t index = 0; index < kBlock; ++index) out[index] = static_cast<char>(next[index]);
     } else {
       for (std::ptrdiff_t index = 0; index < kBlock; ++index) {
-        out[index] = static_cast<char>(bytes_[next[index]]);
-        lost += Lacks(next[index]);
+        const std::uint16_t entry = bytes_[next[index]];
+        out[index] = static_cast<char>(entry);
+        lost += entry / kLost;
       }
     }
   }
   for (; next != end; ++next, ++out) {
-    *out = static_cast<char>(bytes_[*next]);
-    lost += Lacks(*next);
+    const std::uint16_t entry = bytes_[*next];
+    *out = static_cast<char>(entry);
+    lost += entry / kLost;
   }
   return lost;
 }

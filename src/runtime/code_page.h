@@ -22,7 +22,7 @@ class CodePage {
   /// Character of a byte; a byte that the page leaves open is the control character of its own code.
   char16_t Decode(std::uint8_t byte) const { return characters_[byte]; }
   /// Byte of a UTF-16 unit, by the page, best fit or "?".
-  std::uint8_t Encode(char16_t unit) const { return bytes_[unit]; }
+  std::uint8_t Encode(char16_t unit) const { return static_cast<std::uint8_t>(bytes_[unit]); }
 
   /// Appends the characters of the bytes.
   void AppendDecoded(Text& text, std::string_view bytes) const;
@@ -31,16 +31,13 @@ class CodePage {
   std::size_t AppendEncoded(std::string& bytes, TextView text) const;
 
  private:
-  bool Lacks(char16_t unit) const {
-    const bool isSecondHalf = (unit & 0xFC00) == 0xDC00;  // counted with its first
-    return characters_[bytes_[unit]] != unit && !isSecondHalf;
-  }
-
   explicit CodePage(int number);
+
+  static constexpr std::uint16_t kLost = 0x100;  // beside the byte of a character that the page does not have
 
   int number_;
   std::array<char16_t, 256> characters_{};
-  std::array<std::uint8_t, 65536> bytes_{};  // a flat table: encoding a text is the hot path of every export
+  std::array<std::uint16_t, 65536> bytes_{};  // a flat table: encoding a text is the hot path of every export
 };
 
 }  // namespace zorkanca
