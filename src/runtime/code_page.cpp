@@ -44,14 +44,24 @@ CodePage::CodePage(int number) : number_(number) {
   }
 }
 
+// A table is made when its page is first asked for: a program needs one of them.
 const CodePage& CodePage::Get(int number) {
-  static const CodePage centralEuropean(1250);
-  static const CodePage cyrillic(1251);
-  static const CodePage western(1252);
-  for (const CodePage* page : {&centralEuropean, &cyrillic, &western}) {
-    if (page->number_ == number) return *page;
+  switch (number) {
+    case 1250: {
+      static const CodePage centralEuropean(1250);
+      return centralEuropean;
+    }
+    case 1251: {
+      static const CodePage cyrillic(1251);
+      return cyrillic;
+    }
+    case 1252: {
+      static const CodePage western(1252);
+      return western;
+    }
+    default:
+      Raise(RuntimeError::kInvalidCall);
   }
-  Raise(RuntimeError::kInvalidCall);
 }
 
 void CodePage::AppendDecoded(Text& text, std::string_view bytes) const {
