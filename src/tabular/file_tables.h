@@ -22,7 +22,7 @@ enum class FileFormat : unsigned char { kCsv, kJson };
 struct FileTable {
   std::string path;
   FileFormat format = FileFormat::kCsv;
-  std::optional<char> separator;  ///< nothing: it is found
+  std::optional<char> separator{};  ///< nothing: it is found
 
   /// The name of its table: that of the file without folder and extension.
   std::string Name() const;
