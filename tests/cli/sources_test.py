@@ -6,11 +6,10 @@ import json
 import os
 import random
 import re
-import sqlite3
 import subprocess
 import unittest
 
-from command_line import PROGRAM, CommandLineCase, main
+from command_line import SAMPLE, CommandLineCase, main
 
 
 class SourcesTest(CommandLineCase):
@@ -22,7 +21,7 @@ class SourcesTest(CommandLineCase):
         """The query's rows as an export writes them."""
         given = [word for source in sources for word in ("--db", source)]
         self.run_program(*before, "html", *given, "--select", select, "--unicode", "--no-open", "-o", "rows.htm", *more)
-        page = (self.folder / "rows.htm").read_text(encoding="utf-8", newline="")
+        page = (self.folder / "rows.htm").read_bytes().decode()
         found = []
         for row in re.findall(r"<TR.*?</TR>", page, re.DOTALL)[1:]:
             found.append([cell.replace("&nbsp;", " ").strip() for cell in re.findall(r"<TD[^>]*>(.*?)</TD>", row, re.DOTALL)])
@@ -54,7 +53,7 @@ class SourcesTest(CommandLineCase):
                                     "-o", "x.htm")
         self.assertEqual(shown, f"{self.folder}/x.htm\n")
         self.run_program("excel", "--db", "kody.csv", "--select", "SELECT * FROM kody", "-o", "kody.xlsx")
-        self.assertEqual([row["A"] for row in self.cells("kody.xlsx")], ["kod", "A1", "B2"])
+        self.assertEqual([row["A"] for row in self.cells("kody.xlsx").values()], ["kod", "A1", "B2"])
         os.mkfifo(self.folder / "roura")
         writer = subprocess.Popen(["sh", "-c", "printf 'a,b\\n1,x\\n' > roura"], cwd=self.folder)
         self.assertEqual(self.rows(["csv:roura"], "SELECT * FROM roura"), [["1", "x"]])
@@ -62,7 +61,7 @@ class SourcesTest(CommandLineCase):
 
     def test_check_tells_tables_and_types(self):
         self.write("typy.csv", "i,d,t,b,s\n1,\"1,5\",1.3.2026,Ano,x\n")
-        (self.folder / "upominka.dotx").write_bytes((PROGRAM_SAMPLES / "upominka.dotx").read_bytes())
+        (self.folder / "upominka.dotx").write_bytes((SAMPLE.parent / "upominka.dotx").read_bytes())
         shown, _ = self.run_program("word", "--db", "typy.csv", "--db", "sklad.db", "--select", "SELECT * FROM typy", "--template",
                                     "upominka.dotx", "-o", "x.docx", "--check")
         self.assertEqual(shown.splitlines()[:3], [
@@ -168,9 +167,5 @@ class SourcesTest(CommandLineCase):
             self.assertEqual(stored("data.json"), expected)
 
 
-PROGRAM_SAMPLES = None
-
 if __name__ == "__main__":
-    from command_line import SAMPLE
-    PROGRAM_SAMPLES = SAMPLE.parent
     main()
