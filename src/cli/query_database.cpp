@@ -96,6 +96,7 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
                               .interrupted = &context.interrupted};
     database->BeforeFirstQuery([this, reading](SqliteConnection& connection) { return Load(connection, reading); });
   }
+  details_ = database.get();
   database_ = std::move(database);
 }
 
@@ -113,6 +114,10 @@ std::vector<Text> QueryDatabase::Load(SqliteConnection& connection, const FileRe
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
   return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);
+}
+
+std::unique_ptr<DetailQuery> QueryDatabase::PrepareDetail(TextView sql) {
+  return details_->PrepareDetail(sql);
 }
 
 }  // namespace zorkanca::cli

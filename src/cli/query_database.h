@@ -9,6 +9,7 @@
 #include "cli/query_arguments.h"
 #include "cli/query_sources.h"
 #include "platform/database.h"
+#include "platform/detail_query.h"
 
 namespace zorkanca::cli {
 
@@ -26,7 +27,7 @@ struct Share {
 /// "2/5". Errors: `UsageError` for anything else. @param text  empty for all records
 Share ShareOf(const std::string& text);
 
-class QueryDatabase final : public Database {
+class QueryDatabase final : public Database, public DetailSource {
  public:
   /// Opens what --db names, once it is needed. Errors: `UsageError` for options that make no sense.
   QueryDatabase(const CommandContext& context, const QueryOptions& options);
@@ -36,6 +37,9 @@ class QueryDatabase final : public Database {
 
   /// Errors: those of the database.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
+
+  /// Errors: those of the database.
+  std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
 
   const QuerySources& sources() const { return sources_; }
   /// The tables of CSV and JSON files; known once the database was opened.
@@ -58,6 +62,7 @@ class QueryDatabase final : public Database {
   QuerySources sources_;
   std::vector<LoadedTable> loaded_;
   std::unique_ptr<Database> database_;
+  DetailSource* details_ = nullptr;  // the database, too
   Share share_;
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };

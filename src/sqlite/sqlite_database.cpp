@@ -6,6 +6,7 @@
 #include "runtime/error.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_connection.h"
+#include "sqlite/sqlite_detail_query.h"
 #include "sqlite/sqlite_recordset.h"
 
 namespace zorkanca {
@@ -43,6 +44,10 @@ const std::shared_ptr<SqliteConnection>& SqliteDatabase::connection() {
     connection_ = std::move(opened);
   }
   return connection_;
+}
+
+std::unique_ptr<DetailQuery> SqliteDatabase::PrepareDetail(TextView sql) {
+  return std::make_unique<SqliteDetailQuery>(connection(), ToUtf8(sql), types_);
 }
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(TextView name, RecordsetType /*type*/, std::int16_t options) {

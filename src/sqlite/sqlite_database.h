@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/database.h"
+#include "platform/detail_query.h"
 
 namespace zorkanca {
 
@@ -20,7 +21,7 @@ using SqliteColumnTypes = std::vector<std::pair<Text, FieldType>>;
 
 /// Opens its file at the first `OpenRecordset`, so that a missing or foreign file is a failure of the export that needs
 /// it. One thread at a time. The file is never created or changed; see docs/formats/sqlite.md for locks and side files.
-class SqliteDatabase final : public Database {
+class SqliteDatabase final : public Database, public DetailSource {
  public:
   /// @param path         file in the system's own bytes; nothing: no file and no tables
   /// @param interrupted  may be null; when it becomes true, a running query ends with error 18 within a moment
@@ -32,6 +33,9 @@ class SqliteDatabase final : public Database {
   /// Errors: 3024 when the file cannot be opened, 3343 when it is no database, 3061 when the statement holds
   /// parameters, 3146 for everything else that SQLite says and for more or less than one reading statement; 18.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
+
+  /// Prepares a query of details. Errors: those of `OpenRecordset`, but parameters ":name" are what it is for.
+  std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
 
   /// What gives the connection tables of its own once it is open. What it raises, the `OpenRecordset` that needed the
   /// connection raises, and the next one begins anew.
