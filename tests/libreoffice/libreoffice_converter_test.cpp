@@ -290,7 +290,7 @@ TEST_F(Converter, TheRealProgramMakesPdfAndReadsOtherFormats) {
   for (const auto& error : converter.ToPdf(documents)) EXPECT_FALSE(error) << error->what();
   EXPECT_TRUE(IsWholePdf(folder_.Path("1.pdf")));
   EXPECT_TRUE(IsWholePdf(folder_.Path("2.pdf")));
-  EXPECT_FALSE(folder_.Exists("private/profile-0/user/GraphicsRenderTests.log")) << "drawing was tested at the start";
+  EXPECT_FALSE(folder_.Has("private/profile-0/user/GraphicsRenderTests.log")) << "drawing was tested at the start";
   converter.ToOpenXml(old, folder_.Path("old.docx"));
   const Package package = Package::Open(folder_.Path("old.docx"));
   EXPECT_EQ(package.MainPart(), "/word/document.xml");
