@@ -57,7 +57,7 @@ Package BlankWorkbook(const Locale& locale) {
           "<sheetFormatPr defaultRowHeight=\"15\"/><sheetData/>"
           "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>"
           "</worksheet>");
-  package.AddPart(styles, Type("styles"), BlankStyles(kFamily));
+  package.AddPart(styles, Type("styles"), BlankStyles());
   Relationships top{std::string(Package::kRoot)};
   top.Add(OfficeRelationshipType("officeDocument"), main);
   package.SetRelationships(top);
