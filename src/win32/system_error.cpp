@@ -7,6 +7,8 @@ namespace zorkanca::win32 {
 
 namespace {
 
+constexpr std::uint32_t kQuotaExceeded = 1295;
+
 RuntimeError ErrorOf(std::uint32_t code) {
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
@@ -31,7 +33,7 @@ RuntimeError ErrorOf(std::uint32_t code) {
       return RuntimeError::kPermissionDenied;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-    case ERROR_DISK_QUOTA_EXCEEDED:
+    case kQuotaExceeded:
     case ERROR_FILE_TOO_LARGE:
       return RuntimeError::kDiskFull;
     case ERROR_INVALID_NAME:

@@ -45,8 +45,7 @@ void StagedFile::Open() {
 }
 
 void StagedFile::DeleteWithHandle(bool deletes) {
-  FILE_DISPOSITION_INFO disposition{};
-  disposition.DeleteFile = deletes;
+  FILE_DISPOSITION_INFO disposition{static_cast<BOOLEAN>(deletes)};
   if (!SetFileInformationByHandle(file_.get(), FileDispositionInfo, &disposition, sizeof disposition)) {
     RaiseSystemError(GetLastError(), shownPath_);
   }
