@@ -82,7 +82,7 @@ CellGrid ToGrid(const Variant& variant) {
   return grid;
 }
 
-Variant ToVariant(const CellGrid& grid) {
+Variant GridToVariant(const CellGrid& grid) {
   SafeArray array(VT_VARIANT, {{static_cast<ULONG>(grid.rows()), 1}, {static_cast<ULONG>(grid.columns()), 1}});
   {
     const SafeArrayAccess access = array.Access();

@@ -11,6 +11,6 @@ namespace zorkanca::win32 {
 CellGrid ToGrid(const Variant& variant);
 
 /// An array of variants with two dimensions, counted from 1. Null becomes Empty.
-Variant ToVariant(const CellGrid& grid);
+Variant GridToVariant(const CellGrid& grid);
 
 }  // namespace zorkanca::win32

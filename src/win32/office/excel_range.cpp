@@ -45,7 +45,7 @@ CellGrid LateExcelRange::FormulaR1C1() {
 }
 
 void LateExcelRange::FormulaR1C1(const CellGrid& contents) {
-  object_.PutMember(u"FormulaR1C1", ToVariant(contents));
+  object_.PutMember(u"FormulaR1C1", GridToVariant(contents));
 }
 
 CellGrid LateExcelRange::Value2() {
