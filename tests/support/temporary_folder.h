@@ -8,11 +8,11 @@
 #include <fstream>
 #include <iterator>
 #include <random>
-#include <sstream>
 #include <string>
 
 #include "runtime/text.h"
 #include "runtime/utf8.h"
+#include "support/file_text.h"
 
 namespace zorkanca::testing {
 
@@ -36,8 +36,9 @@ class TemporaryFolder {
     fs::remove_all(Native(path_), failure);
     if (!failure) return;
     // Some systems keep what is read-only.
-    for (const auto& entry : fs::recursive_directory_iterator(Native(path_), failure)) {
-      fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add, failure);
+    for (fs::recursive_directory_iterator entry(Native(path_), failure), end; entry != end; entry.increment(failure)) {
+      std::error_code ignored;
+      fs::permissions(entry->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
     }
     fs::remove_all(Native(path_), failure);
   }
@@ -49,12 +50,7 @@ class TemporaryFolder {
   std::string Path(const std::string& name) const { return path_ + "/" + name; }
   Text TextPath(const std::string& name) const { return FromUtf8(Path(name)); }
 
-  std::string Read(const std::string& name) const {
-    std::ifstream file(Native(Path(name)), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
+  std::string Read(const std::string& name) const { return FileText(Native(Path(name))); }
   /// Writes the file in place.
   void Write(const std::string& name, const std::string& bytes) const {
     std::ofstream(Native(Path(name)), std::ios::binary) << bytes;

@@ -48,7 +48,8 @@ TEST_F(WindowsFiles, WhatIsOpenElsewhereIsNotReplaced) {
   stream->Write(u"new");
   {
     const FileHandle viewer = OpenElsewhere("a.htm", GENERIC_READ, FILE_SHARE_READ);
-    EXPECT_EQ(ErrorOf([&] { stream->Close(); }).number(), 70) << "opened meanwhile";
+    const Error error = ErrorOf([&] { stream->Close(); });
+    EXPECT_EQ(error.number(), 70) << "opened meanwhile: " << error.what();
   }
   EXPECT_EQ(folder_.Read("a.htm"), "old");
   EXPECT_EQ(folder_.Count(), 1) << "nothing is left behind";
@@ -75,9 +76,11 @@ TEST_F(WindowsFiles, LockedFilesAreOpenToOthers) {
 
 TEST_F(WindowsFiles, PathsMayBeOfAnyLength) {
   Text folder = FromUtf8(folder_.path());
+  std::vector<Text> folders;
   for (int level = 0; level < 8; ++level) {
     folder.append(u"\\příliš žluťoučký kůň úpěl ďábelské ódy ").append(DecimalText(level));
     files_.CreateFolder(folder);
+    folders.push_back(folder);
   }
   ASSERT_GT(folder.size(), 300U);
   const Text path = folder + u"\\a.txt";
@@ -90,6 +93,7 @@ TEST_F(WindowsFiles, PathsMayBeOfAnyLength) {
   EXPECT_EQ(files_.OpenTextFile(path, IoMode::kForReading, false, TextFormat::kUtf8)->ReadLine(), u"ž");
   files_.ClearFolder(folder, u"*.txt");
   EXPECT_TRUE(files_.Files(folder).empty());
+  for (; !folders.empty(); folders.pop_back()) EXPECT_TRUE(RemoveDirectoryW(Wide(NativePath(folders.back()))));
 }
 
 TEST_F(WindowsFiles, OnlyLongPathsTakeTheLongForm) {

@@ -237,17 +237,17 @@ TEST_F(OfficeMembers, FailuresOfOfficeComeOut) {
 class RunningObject {
  public:
   RunningObject(const wchar_t* program, IUnknown* object) {
-    Text key = Text(u"Software\\Classes\\").append(FromWide(program)).append(u"\\CLSID");
+    const Text key = Text(FromWide(program)).append(u"\\CLSID");
     const wchar_t id[] = L"{5F1CBA7A-9C31-4B8C-9F4E-0B1A7C0E55D1}";
-    RegSetKeyValueW(HKEY_CURRENT_USER, win32::Wide(key), nullptr, REG_SZ, id, sizeof id);
+    RegSetKeyValueW(HKEY_CLASSES_ROOT, win32::Wide(key), nullptr, REG_SZ, id, sizeof id);
     CLSID classId{};
     EXPECT_EQ(CLSIDFromString(id, &classId), S_OK);
     EXPECT_EQ(RegisterActiveObject(object, classId, ACTIVEOBJECT_STRONG, &token_), S_OK);
-    key_ = Text(u"Software\\Classes\\").append(FromWide(program));
+    key_ = Text(FromWide(program));
   }
   ~RunningObject() {
     RevokeActiveObject(token_, nullptr);
-    RegDeleteTreeW(HKEY_CURRENT_USER, win32::Wide(key_));
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, win32::Wide(key_));
   }
 
  private:
