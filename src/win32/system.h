@@ -1,31 +1,33 @@
-// The system's headers: all that src/win32 and src/com include of them. Sources include this last, so that no macro of
-// theirs reaches the headers of the project.
+// The system's headers: the one place where src/win32 and src/com get them from. Their macros that would rename members
+// of ours are taken away again.
 #pragma once
 
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
+#ifndef UNICODE
 #define UNICODE
-#define _UNICODE
+#endif
+#ifndef NOMINMAX  // the compiler's own library defines it, too
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#undef _WIN32_WINNT
 #define _WIN32_WINNT 0x0601
 
-// clang-format off: each header needs those before it
+#include <windows.h>
+
+#include <ole2.h>
+
 #include <commdlg.h>
 #include <dispex.h>
 #include <ocidl.h>
-#include <ole2.h>
 #include <olectl.h>
 #include <shellapi.h>
 #include <shlobj.h>
-#include <windows.h>
-// clang-format on
 
-// Macros that would rename members of ours.
+#undef CopyFile
+#undef CreateFile
 #undef DeleteFile
+#undef FindText
 #undef GetObject
 #undef GetTempFileName
-#undef CopyFile
-#undef FindText
 #undef ReplaceText
-#undef CreateFile
-#undef RegisterEventSource
 #undef ERROR
