@@ -70,7 +70,7 @@ FOLDERS = {
         "": set(),
         "automation": {""},
         "database": {"", "automation"},
-        "desktop": {""},
+        "desktop": {"", "forms"},
         "files": {""},
         "forms": {""},
         "office": {"", "automation"},
