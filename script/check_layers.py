@@ -70,7 +70,7 @@ FOLDERS = {
         "": set(),
         "automation": {""},
         "database": {"", "automation"},
-        "desktop": {"", "forms"},
+        "desktop": {"", "files", "forms"},
         "files": {""},
         "forms": {""},
         "office": {"", "automation"},

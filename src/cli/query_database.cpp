@@ -87,6 +87,7 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
     : share_(ShareOf(options.part)) {
   auto database = std::make_unique<SqliteDatabase>(SqlitePath(options.database), &context.interrupted);
   database->SettleTypes(TypesOf(options));
+  details_ = database.get();
   database_ = std::move(database);
 }
 
@@ -94,6 +95,10 @@ QueryDatabase::~QueryDatabase() = default;
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
   return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);
+}
+
+std::unique_ptr<DetailQuery> QueryDatabase::PrepareDetail(TextView sql) {
+  return details_->PrepareDetail(sql);
 }
 
 }  // namespace zorkanca::cli
