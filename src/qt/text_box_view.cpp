@@ -1,7 +1,6 @@
 #include "qt/text_box_view.h"
 
 #include <QEvent>
-#include <QTimer>
 #include <limits>
 
 #include "platform/text_edit.h"
@@ -19,7 +18,7 @@ class FocusWatcher final : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::FocusIn && box_.allSelected()) {
-      QTimer::singleShot(0, &line_, [&line = line_] { line.selectAll(); });
+      QMetaObject::invokeMethod(&line_, "selectAll", Qt::QueuedConnection);  // behind the click
     }
     return QObject::eventFilter(watched, event);
   }
