@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/export_run.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
@@ -21,17 +22,6 @@
 namespace zorkanca::cli {
 
 namespace {
-
-// Passes what the library warns of on to the report.
-class Warnings final : public ExportListener {
- public:
-  explicit Warnings(Report& report) : report_(report) {}
-  void Cause(const Error& cause) override { report_.Cause(cause); }
-  void Warning(TextView text) override { report_.Warning(text); }
-
- private:
-  Report& report_;
-};
 
 class Check {
  public:
@@ -126,7 +116,7 @@ class Check {
 
   const CommandContext& context_;
   const CheckOrder& order_;
-  Warnings warnings_;
+  ReportedExport warnings_;
   ExportReport told_;
   ExportContext export_;
   std::optional<std::vector<Text>> columns_;  // nothing while they are not known

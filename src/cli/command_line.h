@@ -70,6 +70,7 @@ void AddLogCommands(CLI::App& app, Command& chosen);
 void AddFillCommands(CLI::App& app, Command& chosen);
 void AddPdfCommands(CLI::App& app, Command& chosen);
 void AddFieldsCommand(CLI::App& app, Command& chosen);
+void AddDoctorCommand(CLI::App& app, Command& chosen);
 void AddManualCommands(CLI::App& app, Command& chosen);
 
 /// All bytes of a file that the user named. Errors: 53 when it cannot be opened, 57 when it cannot be read.

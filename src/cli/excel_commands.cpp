@@ -74,7 +74,7 @@ class WorkbookOutput {
 // @param basis  see `WorkbookOutput::Save`; known when the operation is done
 template <typename Arguments, typename Operation>
 int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arguments& arguments, const Text& basis,
-                 const char* name, Operation run, const QueryDatabase* query = nullptr) {
+                 const char* name, Operation run) {
   WorkbookOutput output(context, options);
   const DataFile dataFile(context, options.dataFile, arguments.rsSourceFile);
   arguments.rbSetAppVisible = false;
@@ -82,16 +82,15 @@ int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arg
   const bool done = run(exporting.office());
   if (done) exporting.RequireNoWarnings();
   if (done) output.Save(*arguments.roRetXls, basis);
-  return exporting.StatusOf(done, name, query);
+  return exporting.StatusOf(done, name);
 }
 
 int RunExcel(const CommandContext& context, const ExcelOptions& options) {
   QueryDatabase database(context, options.query);
   const Text select = Statement(options.query);
   XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
-  return MakeWorkbook(
-      context, options, arguments, u"export", "XlExport",
-      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); }, &database);
+  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
+                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
 }
 
 // Where the workbook would go, for --check.
@@ -110,9 +109,8 @@ int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options)
   SetTemplate(arguments, options.fromTemplate);
   arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
-  return MakeWorkbook(
-      context, options, arguments, arguments.rsTemplate, "XlExport_sab",
-      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); }, &database);
+  return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab",
+                      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); });
 }
 
 int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& options) {

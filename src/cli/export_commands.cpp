@@ -52,7 +52,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
   const bool done = run.office().HTMLExport(database, Statement(options.query), arguments);
   if (done && output) output->Written(arguments.rsSourceFile);
   if (done && !output) context.report.File(arguments.rsSourceFile);
-  return run.StatusOf(done, "HTMLExport", &database);
+  return run.StatusOf(done, "HTMLExport");
 }
 
 void AddHtml(CLI::App& app, Command& chosen) {

@@ -91,6 +91,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddBarcodeCommands(app, command);
   AddRegistryCommands(app, command);
   AddLogCommands(app, command);
+  AddDoctorCommand(app, command);
   AddManualCommands(app, command);
 }
 

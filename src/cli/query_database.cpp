@@ -49,10 +49,7 @@ class QueryDatabase::CountedRecordset final : public Recordset {
     records_->MoveFirst();
     for (position_ = 1; position_ < first_;) Step();
   }
-  void MoveNext() override {
-    Step();
-    state_->read = std::max(state_->read, position_ - first_);
-  }
+  void MoveNext() override { Step(); }
   void MoveLast() override {
     if (!IsPart()) return records_->MoveLast();
     while (position_ < last_) Step();

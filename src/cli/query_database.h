@@ -1,4 +1,4 @@
-// The database of a command's query: it serves the share of the records that --part asks for, and counts what was read.
+// The database of a command's query: it serves the share of the records that --part asks for.
 #pragma once
 
 #include <cstdint>
@@ -36,13 +36,10 @@ class QueryDatabase final : public Database {
 
   /// How many records of the query stand before the share; known once it was opened.
   std::int64_t RecordsBefore() const { return state_->before; }
-  /// How many records were gone through, the most of all times.
-  std::int64_t RecordsRead() const { return state_->read; }
 
  private:
   struct State {
     std::int64_t before = 0;
-    std::int64_t read = 0;
   };
   class CountedRecordset;
 

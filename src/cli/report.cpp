@@ -73,7 +73,8 @@ void Report::Warning(TextView text) {
 void Report::Cause(const Error& error) {
   const std::lock_guard lock(mutex_);
   cause_ = error;
-  Tell(u"cause: " + NumberAndDescription(error));
+  const Text text = NumberAndDescription(error);
+  if (Replace(message_, u"\n", u" ").find(text) == Text::npos) Tell(u"cause: " + text);
 }
 
 void Report::Failure(const Error& error) {

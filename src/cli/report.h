@@ -35,7 +35,7 @@ class Report {
   void Warning(TextView text);
   bool HasWarnings() const { return !warnings_.empty(); }
 
-  /// "zorkanca: cause: NUMBER - DESCRIPTION": what a message box hides.
+  /// "zorkanca: cause: NUMBER - DESCRIPTION": what a message box hides; what the last one has said is not said again.
   void Cause(const Error& error);
   /// "zorkanca: NUMBER - DESCRIPTION": why the command failed.
   void Failure(const Error& error);

@@ -52,7 +52,7 @@ int MakeDocuments(const CommandContext& context, const WordOptions& options, con
   const bool done = run(exporting.office());
   if (done && !options.multi) add({result, nullptr});
   output.Finish(done);
-  return exporting.StatusOf(done, name, query);
+  return exporting.StatusOf(done, name);
 }
 
 template <typename Operation>
@@ -149,7 +149,7 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
   });
   const bool done = run.office().WdExportForm(database, Statement(options.query), arguments);
   output.Finish(done);
-  return run.StatusOf(done, "WdExportForm", &database);
+  return run.StatusOf(done, "WdExportForm");
 }
 
 void AddMultiOption(CLI::App& command, WordOptions& options) {

@@ -72,15 +72,19 @@ void QueryReader::NoteBinaryColumn(const Error& failure) {
 void QueryReader::ForEachRecord(Reporting reporting, const std::function<void(std::int16_t copies)>& write) {
   Progress progress(session_.context(), recordCount_);
   Recordset& recordset = session_.recordset();
+  std::int64_t written = 0;
   for (; !recordset.Eof(); recordset.MoveNext()) {
     try {
-      write(Copies());
+      const std::int16_t copies = Copies();
+      write(copies);
+      if (copies > 0) ++written;
     } catch (const Error& failure) {
       NoteBinaryColumn(failure);
       throw;
     }
     if (reporting == Reporting::kPercent) progress.RecordDone();
   }
+  session_.context().NoteRecords(written);
   if (reporting == Reporting::kPercent) progress.Finish();
 }
 

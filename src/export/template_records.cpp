@@ -58,6 +58,7 @@ std::int32_t PreparedTemplateRecords::Open() {
 
 void PreparedTemplateRecords::ForEach(const std::function<void(std::int16_t copies)>& write) {
   for (; !records_->Eof(); records_->MoveNext()) write(1);
+  session_.context().NoteRecords(records_->RecordCount());
 }
 
 std::vector<Text> PreparedTemplateRecords::ColumnNames() {

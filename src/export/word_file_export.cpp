@@ -62,6 +62,7 @@ void WordFileExport::WriteRecords(MergeDataFile& file, const PreparedData& data,
     file.EndRecord(1);
     if (!arguments_.MultiDocument) progress.RecordDone();
   }
+  context_.NoteRecords(static_cast<std::int64_t>(data.lines().size()));
   if (!arguments_.MultiDocument) progress.Finish();
 }
 

@@ -28,6 +28,10 @@ void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types) {
 
 }  // namespace
 
+Text SqliteVersion() {
+  return FromUtf8(sqlite3_libversion());
+}
+
 SqliteDatabase::SqliteDatabase(std::string path, const std::atomic<bool>* interrupted)
     : path_(std::move(path)), interrupted_(interrupted) {}
 

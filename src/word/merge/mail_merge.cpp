@@ -1,6 +1,7 @@
 #include "word/merge/mail_merge.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "files/native_path.h"
 #include "runtime/error.h"
@@ -8,6 +9,12 @@
 #include "word/xml/word_errors.h"
 
 namespace zorkanca::word {
+
+namespace {
+
+constexpr std::size_t kMostRecords = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
 
 void MailMerge::OpenDataSource(const OpenDataSourceArguments& arguments) {
   owner_.package();
@@ -58,6 +65,11 @@ void MailMerge::FirstRecord(std::int32_t record) {
 void MailMerge::LastRecord(std::int32_t record) {
   if (record < 1 && record != kLastRecordOfSource) RaiseWordError(WordError::kOutOfRange, u"Value out of range.");
   lastRecord_ = record;
+}
+
+std::int32_t MailMerge::RecordCount() {
+  if (!source_) RaiseWordError(WordError::kNoDataSource, u"The document has no data source.");
+  return static_cast<std::int32_t>(std::min<std::size_t>(source_->records().count(), kMostRecords));
 }
 
 // Whether codes or results are seen on the screen: there is none, and results are what the text of a document has.
