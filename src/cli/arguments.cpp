@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "cli/command_line.h"
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca::cli {
 

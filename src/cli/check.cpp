@@ -38,7 +38,7 @@ class Check {
   int Run() {
     const bool isPrepared = !order_.headers.empty() || !order_.data.empty();
     Attempt([&] { isPrepared ? LookAtFiles() : LookAtQuery(); });
-    Attempt([&] { LookAtTemplate(); });
+    if (order_.hasTemplate) Attempt([&] { LookAtTemplate(); });
     Attempt([&] {
       order_.tryOutput();
       Ok(u"the output can be written");
@@ -63,6 +63,7 @@ class Check {
 
   void LookAtQuery() {
     QueryDatabase database(context_, order_.query);
+    if (order_.require) order_.require(database);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
     Ok(u"the database " + FromUtf8(order_.query.database));

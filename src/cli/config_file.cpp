@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "cli/command_line.h"
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca::cli {
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "cli/bar_code_arguments.h"
 #include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
@@ -85,12 +86,8 @@ int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arg
   return exporting.StatusOf(done, name);
 }
 
-int RunExcel(const CommandContext& context, const ExcelOptions& options) {
-  QueryDatabase database(context, options.query);
-  const Text select = Statement(options.query);
-  XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
-  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
-                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
+void RequireColumns(QueryDatabase& database, const ExcelOptions& options, const CommandContext& context) {
+  database.Require("--names", ColumnsOfBarCodeBehind(options.query.names, context.platform.locale));
 }
 
 // Where the workbook would go, for --check.
@@ -98,12 +95,33 @@ CheckOrder CheckOf(const CommandContext& context, const ExcelOptions& options) {
   return {.query = options.query,
           .fromTemplate = options.fromTemplate,
           .use = TemplateUse::kCells,
-          .tryOutput = [&context, &options] { WorkbookOutput(context, options); }};
+          .tryOutput = [&context, &options] { WorkbookOutput(context, options); },
+          .require = [&context, &options](QueryDatabase& database) { RequireColumns(database, options, context); }};
+}
+
+int RunExcel(const CommandContext& context, const ExcelOptions& options) {
+  if (options.fromTemplate.check) {
+    CheckOrder order = CheckOf(context, options);
+    order.use = TemplateUse::kMerge;  // its columns are called as those of a merge
+    order.hasTemplate = false;
+    order.require = nullptr;  // nor do they have a bar code
+    return RunCheck(context, order);
+  }
+  QueryDatabase database(context, options.query);
+  const Text select = Statement(options.query);
+  XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
+  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
+                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
 }
 
 int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
+  // The rows of the sheet are made by the sum of the multiplier over the whole query.
+  if (!options.query.part.empty() && !options.query.multiplier.empty()) {
+    throw UsageError("--part and --multiplier do not go together in a workbook of a template");
+  }
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options));
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   const Text select = Statement(options.query);
   XlSabArguments arguments;
   SetTemplate(arguments, options.fromTemplate);
@@ -144,6 +162,7 @@ void AddExcel(CLI::App& app, Command& chosen) {
   AddQueryOptions(*command, options->query);
   AddRecordOptions(*command, options->query);
   AddWorkbookOptions(*command, *options, "export.xlsx)");
+  AddCheckOption(*command, options->fromTemplate);
   SetCallback(*command, chosen, options, RunExcel);
 }
 

@@ -4,7 +4,12 @@
 #include <charconv>
 #include <limits>
 #include <string_view>
+#include <utility>
 
+#include "export/column_names.h"
+#include "runtime/error.h"
+#include "runtime/nearest_name.h"
+#include "runtime/utf8.h"
 #include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
@@ -85,12 +90,29 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
   auto database = std::make_unique<SqliteDatabase>(SqlitePath(options.database), &context.interrupted);
   database->SettleTypes(TypesOf(options));
   database_ = std::move(database);
+  if (!options.multiplier.empty()) Require("--multiplier", {FromUtf8(options.multiplier)});
 }
 
 QueryDatabase::~QueryDatabase() = default;
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
-  return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);
+  auto recordset = database_->OpenRecordset(name, type, options);
+  CheckColumns(*recordset);
+  return std::make_unique<CountedRecordset>(std::move(recordset), share_, state_);
+}
+
+void QueryDatabase::Require(const std::string& option, const std::vector<Text>& columns) {
+  for (const Text& column : columns) required_.push_back({FromUtf8(option), column});
+}
+
+// The first statement is the query, a further one asks for a sum over it.
+void QueryDatabase::CheckColumns(Recordset& recordset) {
+  const std::vector<Text> columns = FieldNames(recordset);
+  for (const auto& [option, name] : std::exchange(required_, {})) {
+    const auto isThis = [&wanted = name](const Text& column) { return EqualsIgnoringCase(column, wanted); };
+    if (std::any_of(columns.begin(), columns.end(), isThis)) continue;
+    Raise(RuntimeError::kItemNotFound, option + u": " + NoColumn(name, columns));
+  }
 }
 
 }  // namespace zorkanca::cli

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
@@ -31,7 +32,11 @@ class QueryDatabase final : public Database {
   QueryDatabase(const CommandContext& context, const QueryOptions& options);
   ~QueryDatabase() override;
 
-  /// Errors: those of the database.
+  /// Columns that an option asks for. The query must have them, case ignored.
+  /// @param option  with its dashes, for the error
+  void Require(const std::string& option, const std::vector<Text>& columns);
+
+  /// Errors: those of the database; for the query itself also 3265 for a column that an option asks for.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
   /// How many records of the query stand before the share; known once it was opened.
@@ -42,9 +47,16 @@ class QueryDatabase final : public Database {
     std::int64_t before = 0;
   };
   class CountedRecordset;
+  struct Required {
+    Text option;
+    Text column;
+  };
+
+  void CheckColumns(Recordset& recordset);
 
   std::unique_ptr<Database> database_;
   Share share_;
+  std::vector<Required> required_;
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 

@@ -22,6 +22,10 @@ void AddCheckOptions(CLI::App& command, TemplateOptions& options) {
                    "tell what is wrong with database, query, template and output; write nothing");
 }
 
+void AddCheckOption(CLI::App& command, TemplateOptions& options) {
+  command.add_flag("--check", options.check, "tell what is wrong with database, query and output; write nothing");
+}
+
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options) {
   arguments.rsZorApl = FromUtf8(options.application);
   arguments.rsTemplate = FromUtf8(options.name);

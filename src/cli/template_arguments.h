@@ -22,6 +22,8 @@ struct TemplateOptions {
 void AddTemplateOptions(CLI::App& command, TemplateOptions& options);
 /// --strict and --check alone, for a command with a --template of its own.
 void AddCheckOptions(CLI::App& command, TemplateOptions& options);
+/// --check for a command without a template.
+void AddCheckOption(CLI::App& command, TemplateOptions& options);
 
 /// The options as arguments of an export.
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options);

@@ -2,9 +2,11 @@
 #include <memory>
 #include <vector>
 
+#include "cli/bar_code_arguments.h"
 #include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
+#include "cli/document_names.h"
 #include "cli/document_output.h"
 #include "cli/export_run.h"
 #include "cli/query_arguments.h"
@@ -66,15 +68,33 @@ int RunWordExport(const CommandContext& context, const WordOptions& options, Wor
   return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run, query);
 }
 
+// What --name asks for is known before the work where the names of the records are the database's own.
+void RequireNames(QueryDatabase& database, const QueryOptions& query, const OutputOptions& output) {
+  if (!NamesOf(query).empty() || !TakesNamesOfRecordset(query)) return;
+  database.Require("--name", DocumentNames(output.name).ColumnNames());
+}
+
+void RequireColumns(QueryDatabase& database, const WordOptions& options, const CommandContext& context) {
+  database.Require("--names", ColumnsOfBarCodeBehind(options.query.names, context.platform.locale));
+  RequireNames(database, options.query, options.output);
+}
+
+void RequireColumns(QueryDatabase& database, const FormOptions& options, const CommandContext& context) {
+  RequireNames(database, options.query, options.output);
+  if (!options.barCode.empty()) {
+    database.Require("--barcode", ColumnsOfBarCode(options.barCode, context.platform.locale));
+  }
+}
+
 // Where the documents would go, for --check.
 template <typename Options>
 CheckOrder CheckOf(const CommandContext& context, const Options& options, DocumentOutput::Count count,
                    TemplateUse use = TemplateUse::kMerge) {
-  return {
-      .query = options.query,
-      .fromTemplate = options.fromTemplate,
-      .use = use,
-      .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); }};
+  return {.query = options.query,
+          .fromTemplate = options.fromTemplate,
+          .use = use,
+          .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); },
+          .require = [&context, &options](QueryDatabase& database) { RequireColumns(database, options, context); }};
 }
 
 DocumentOutput::Count CountOf(const WordOptions& options) {
@@ -84,6 +104,7 @@ DocumentOutput::Count CountOf(const WordOptions& options) {
 int RunWord(const CommandContext& context, const WordOptions& options) {
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options, CountOf(options)));
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   const Text select = Statement(options.query);
   WdExportArguments arguments;
   arguments.rsFieldNames = NamesOf(options.query);
@@ -131,6 +152,7 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
     return RunCheck(context, CheckOf(context, options, DocumentOutput::Count::kUnknown, TemplateUse::kForm));
   }
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   WdExportFormArguments arguments = options.arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.ri_rsOptions = options.query.options;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "runtime/error.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_connection.h"
 #include "sqlite/sqlite_recordset.h"
@@ -21,8 +22,7 @@ void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types) {
   for (const auto& [name, type] : types) {
     const auto isThis = [&wanted = name](const Text& each) { return EqualsIgnoringCase(each, wanted); };
     if (std::any_of(names.begin(), names.end(), isThis)) continue;
-    Raise(RuntimeError::kItemNotFound,
-          u"The query has no column \"" + name + u"\"; its columns are " + Join(names, u", "));
+    Raise(RuntimeError::kItemNotFound, NoColumn(name, names));
   }
 }
 

@@ -1,12 +1,14 @@
 // The distance is that of optimal string alignment, by dynamic programming over the prefixes of both words: three rows
 // of the table are enough, since a swap looks back two letters.
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 
-namespace zorkanca::cli {
+#include "runtime/utf8.h"
+
+namespace zorkanca {
 
 namespace {
 
@@ -57,7 +59,7 @@ std::string NearestName(std::string_view word, const std::vector<std::string>& c
     const std::size_t away = Distance(wanted, name);
     const std::size_t common = CommonBeginning(wanted, name);
     const bool alike = common >= kAlike || (common > 0 && common == shorter);
-    if (away <= kNear && away < shorter && away < distance) {
+    if (away <= kNear && 2 * away <= shorter && away < distance) {
       distance = away;
       nearest = candidate;
     } else if (distance > kNear && alike && common > beginning) {
@@ -72,4 +74,23 @@ std::string DidYouMean(const std::string& name) {
   return name.empty() ? "" : "; did you mean " + name + "?";
 }
 
-}  // namespace zorkanca::cli
+Text NearestText(TextView word, std::span<const Text> candidates) {
+  std::vector<std::string> names;
+  for (const Text& candidate : candidates) names.push_back(ToUtf8(candidate));
+  return FromUtf8(NearestName(ToUtf8(word), names));
+}
+
+Text NearestHint(TextView word, std::span<const Text> candidates) {
+  const Text nearest = NearestText(word, candidates);
+  return nearest.empty() ? Text() : u"; the nearest is " + nearest;
+}
+
+Text NoColumn(TextView name, std::span<const Text> columns) {
+  const Text nearest = NearestText(name, columns);
+  Text text = u"The query has no column \"";
+  text.append(name).append(u"\"");
+  text += nearest.empty() ? u"; its columns are " : u"; did you mean " + nearest + u"? Its columns are ";
+  return text + Join({columns.begin(), columns.end()}, u", ");
+}
+
+}  // namespace zorkanca
