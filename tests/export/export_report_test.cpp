@@ -16,8 +16,10 @@ class Told final : public ExportListener {
  public:
   void Cause(const Error& cause) override { lines += std::string("cause ") + cause.what() + "\n"; }
   void Warning(TextView text) override { lines += "warning " + ToUtf8(text) + "\n"; }
+  void Written(std::int64_t count) override { records = count; }
 
   std::string lines;
+  std::int64_t records = -1;  // of the last operation that was done
 };
 
 class ExportReportTest : public ::testing::Test {
@@ -74,6 +76,26 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   EXPECT_EQ(Taken(), "") << "nothing is left over from an operation before";
 }
 
+TEST_F(ExportReportTest, RecordsThatWereWritten) {
+  database.columns.push_back({u"krát", FieldType::kLong});
+  for (const std::int32_t copies : {2, 0, 1}) database.rows.push_back({copies, Text(u"y"), copies});
+  database.rows[0].push_back(std::int32_t{1});
+  computer.files.Put(u"C:\\T\\h.txt", "a;b");
+  computer.files.Put(u"C:\\T\\d.txt", "1;2\r\n3;4\r\n");
+  computer.files.Put(u"C:\\T\\t.dot", "");
+  office.Multiplier(u"krát");
+  HtmlExportArguments html;
+  EXPECT_TRUE(office.HTMLExport(database, u"SELECT * FROM t", html));
+  EXPECT_EQ(told.records, 3) << "a record that is written twice is one, one that is not written is none";
+  WordExportArguments prepared{};
+  prepared.rsTemplate = u"C:\\T\\t.dot";
+  EXPECT_TRUE(office.WdExport_file(u"C:\\T\\h.txt", u"C:\\T\\d.txt", prepared));
+  EXPECT_EQ(told.records, 2);
+  told.records = -1;
+  EXPECT_FALSE(office.WdExport_file(u"C:\\T\\none.txt", u"C:\\T\\d.txt", prepared));
+  EXPECT_EQ(told.records, -1) << "nothing of an operation that failed";
+}
+
 TEST_F(ExportReportTest, NamesOfTheRecordset) {
   for (const bool preferred : {false, true}) {
     office.Prefer({.namesOfRecordset = preferred});
@@ -119,7 +141,8 @@ TEST(TemplateCheck, Warnings) {
       {TemplateUse::kForm, {}, "The template has no form field, every record gives the same text: T\n"},
       {TemplateUse::kForm,
        {{kForm, u"psc_1"}, {kForm, u"psc_x"}, {kForm, u"psc_"}},
-       "There is no column for the form field psc_x.\nThere is no column for the form field psc_.\n"},
+       "There is no column for the form field psc_x; the nearest is psc.\n"
+       "There is no column for the form field psc_; the nearest is psc.\n"},
       {TemplateUse::kCells, {}, "The first block of the template has no placeholder, no record will be seen: T\n"},
       {TemplateUse::kCells, {{kCell, u"psc"}, {kCell, u"Psč"}}, "There is no column for the placeholder {Psč}.\n"},
   };
