@@ -36,8 +36,9 @@ void RequireBarCode(const std::string& parameters, const Locale& locale) {
     list += " " + known.back();
   }
   if (std::find(known.begin(), known.end(), symbology) != known.end()) return;
+  const std::string nearest = NearestName(symbology, known);
   throw UsageError("there is no symbology " + (symbology.empty() ? "''" : symbology) +
-                   DidYouMean(NearestName(symbology, known)) + "; there are" + list);
+                   (nearest.empty() ? "; there are" : "; did you mean " + nearest + "? There are") + list);
 }
 
 std::vector<Text> ColumnsOfBarCode(const std::string& parameters, const Locale& locale) {
@@ -47,6 +48,11 @@ std::vector<Text> ColumnsOfBarCode(const std::string& parameters, const Locale& 
     if (item.ReadsField()) columns.push_back(item.text);
   }
   return columns;
+}
+
+Text OutputOfBarCode(const std::string& parameters, const Locale& locale) {
+  RequireBarCode(parameters, locale);
+  return Parse(parameters, locale).outputColumn;
 }
 
 std::vector<Text> ColumnsOfBarCodeBehind(const std::string& names, const Locale& locale) {

@@ -14,6 +14,8 @@ void RequireBarCode(const std::string& parameters, const Locale& locale);
 
 /// The columns that a bar code reads. Errors: as `RequireBarCode`.
 std::vector<Text> ColumnsOfBarCode(const std::string& parameters, const Locale& locale);
+/// The column that it takes the place of. Errors: as `RequireBarCode`.
+Text OutputOfBarCode(const std::string& parameters, const Locale& locale);
 /// Those of a bar code in braces behind column names; none without it.
 std::vector<Text> ColumnsOfBarCodeBehind(const std::string& names, const Locale& locale);
 

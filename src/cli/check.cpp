@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/document_kinds.h"
 #include "cli/export_run.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
@@ -138,6 +139,8 @@ const char* NameOf(TemplateFieldKind kind) {
 std::vector<TemplateField> FieldsOf(const CommandContext& context, const Text& path) {
   const Text extension = LowerCase(GetExtensionName(path));
   if (extension == u"xml") {
+    if (!IsSpreadsheetXml(BytesOf(ToUtf8(path))))
+      Raise(RuntimeError::kInvalidCall, u"No template in spreadsheet XML: " + path);
     return MarkersOf(
         context.platform.files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi)->ReadAll());
   }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "cli/report.h"
 #include "platform/platform.h"
@@ -43,6 +44,8 @@ struct CommandContext {
   const Platform& platform;
   const std::atomic<bool>& interrupted;  ///< set by the first Ctrl-C
   Report& report;                        ///< where everything is told
+  /// Files that the command reads, as the line names them: none of them may be written.
+  const std::vector<std::string>& inputs;
 };
 
 /// What a command leaves to be run. @return the exit status

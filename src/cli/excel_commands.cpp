@@ -38,6 +38,8 @@ class WorkbookOutput {
   WorkbookOutput(const CommandContext& context, const ExcelOptions& options) : context_(context), options_(options) {
     if (options.output.empty()) {
       RequireWritableFolder(context, context.platform.files.GetAbsolutePathName(u"."));
+      const Text basis = FromUtf8(options.fromTemplate.name);
+      if (!basis.empty()) RequireNew(context, DefaultPath(basis));
     } else {
       file_.emplace(context, options.output, kExtensions);
     }
@@ -45,14 +47,8 @@ class WorkbookOutput {
 
   // @param basis  gives the workbook its name where -o does not: a template, or the name itself
   void Save(ExcelWorkbook& workbook, const Text& basis) {
-    FileSystem& files = context_.platform.files;
-    Text path = file_ ? file_->path() : files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
-    if (!file_) {
-      if (path == files.GetAbsolutePathName(basis)) {
-        throw UsageError("the workbook would take the place of its template; -o names another file");
-      }
-      RequireNew(context_, path);
-    }
+    const Text path = file_ ? file_->path() : DefaultPath(basis);
+    if (!file_) RequireNew(context_, path);
     if (LowerCase(GetExtensionName(path)) == u"pdf") {
       workbook.ExportAsFixedFormat({.fileName = path});
     } else {
@@ -64,6 +60,10 @@ class WorkbookOutput {
   }
 
  private:
+  Text DefaultPath(const Text& basis) const {
+    return context_.platform.files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
+  }
+
   inline static const std::vector<Text> kExtensions = {u"xlsx", u"xlsm", u"pdf"};
 
   const CommandContext& context_;

@@ -90,7 +90,11 @@ void AddNames(CLI::App& app, Command& chosen) {
   command->add_option("SELECT", *select, "SELECT statement")->required();
   command->callback([&chosen, select] {
     chosen = [select](const CommandContext& context) {
-      context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
+      try {
+        context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
+      } catch (const Error&) {
+        throw UsageError("names are read from SELECT ... FROM ..., not from " + (select->empty() ? "''" : *select));
+      }
       return kDone;
     };
   });

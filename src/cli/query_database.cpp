@@ -105,9 +105,19 @@ void QueryDatabase::Require(const std::string& option, const std::vector<Text>& 
   for (const Text& column : columns) required_.push_back({FromUtf8(option), column});
 }
 
+void QueryDatabase::RequireCount(const std::string& option, std::size_t columns) {
+  counts_.emplace_back(FromUtf8(option), columns);
+}
+
 // The first statement is the query, a further one asks for a sum over it.
 void QueryDatabase::CheckColumns(Recordset& recordset) {
   const std::vector<Text> columns = FieldNames(recordset);
+  for (const auto& [option, count] : std::exchange(counts_, {})) {
+    if (count <= columns.size()) continue;
+    Raise(RuntimeError::kSubscriptOutOfRange, option + u" asks for column " +
+                                                  DecimalText(static_cast<std::int64_t>(count)) + u"; the query has " +
+                                                  DecimalText(static_cast<std::int64_t>(columns.size())));
+  }
   for (const auto& [option, name] : std::exchange(required_, {})) {
     const auto isThis = [&wanted = name](const Text& column) { return EqualsIgnoringCase(column, wanted); };
     if (std::any_of(columns.begin(), columns.end(), isThis)) continue;

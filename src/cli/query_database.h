@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/command_line.h"
@@ -36,6 +37,9 @@ class QueryDatabase final : public Database {
   /// @param option  with its dashes, for the error
   void Require(const std::string& option, const std::vector<Text>& columns);
 
+  /// The query must have so many columns at least. @param option  for the error
+  void RequireCount(const std::string& option, std::size_t columns);
+
   /// Errors: those of the database; for the query itself also 3265 for a column that an option asks for.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
@@ -57,6 +61,7 @@ class QueryDatabase final : public Database {
   std::unique_ptr<Database> database_;
   Share share_;
   std::vector<Required> required_;
+  std::vector<std::pair<Text, std::size_t>> counts_;
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 

@@ -1,5 +1,6 @@
 #include "cli/template_arguments.h"
 
+#include "cli/command_line.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -27,6 +28,11 @@ void AddCheckOption(CLI::App& command, TemplateOptions& options) {
 }
 
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options) {
+  if (options.application.empty() && (options.name.empty() || options.name.starts_with('['))) {
+    const std::string what = options.name.empty() ? "" : options.name + " is a list of an application: ";
+    throw UsageError(
+        what + (what.empty() ? "--template is required, or --application for its lists" : "--application is required"));
+  }
   arguments.rsZorApl = FromUtf8(options.application);
   arguments.rsTemplate = FromUtf8(options.name);
   arguments.rbAdmin = options.admin;

@@ -1,4 +1,5 @@
 // Commands that make Word documents: merges, of a query, of prepared files or of a data file, and forms.
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "cli/query_arguments.h"
 #include "cli/query_database.h"
 #include "cli/template_arguments.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -54,6 +56,8 @@ int MakeDocuments(const CommandContext& context, const WordOptions& options, con
   const bool done = run(exporting.office());
   if (done && !options.multi) add({result, nullptr});
   output.Finish(done);
+  if (done && output.IsEmpty())
+    Raise(RuntimeError::kNoCurrentRecord, u"There is no record, so that no document was made");
   return exporting.StatusOf(done, name);
 }
 
@@ -76,14 +80,17 @@ void RequireNames(QueryDatabase& database, const QueryOptions& query, const Outp
 
 void RequireColumns(QueryDatabase& database, const WordOptions& options, const CommandContext& context) {
   database.Require("--names", ColumnsOfBarCodeBehind(options.query.names, context.platform.locale));
+  database.RequireCount("--format", options.formats.size());
   RequireNames(database, options.query, options.output);
 }
 
 void RequireColumns(QueryDatabase& database, const FormOptions& options, const CommandContext& context) {
   RequireNames(database, options.query, options.output);
-  if (!options.barCode.empty()) {
-    database.Require("--barcode", ColumnsOfBarCode(options.barCode, context.platform.locale));
-  }
+  database.RequireCount("--format", options.formats.size());
+  for (const std::size_t column : options.oneChar) database.RequireCount("--one-char", column);
+  if (options.barCode.empty()) return;
+  database.Require("--barcode", ColumnsOfBarCode(options.barCode, context.platform.locale));
+  database.Require("--barcode", {OutputOfBarCode(options.barCode, context.platform.locale)});
 }
 
 // Where the documents would go, for --check.
@@ -148,6 +155,11 @@ int RunMerge(const CommandContext& context, const WordOptions& options) {
 }
 
 int RunForm(const CommandContext& context, const FormOptions& options) {
+  const auto isGiven = [](float margin) { return margin != WdExportFormArguments().LeftMargin; };
+  if (isGiven(options.arguments.LeftMarginP2) && !isGiven(options.arguments.LeftMargin))
+    throw UsageError("--left2 needs --left");
+  if (isGiven(options.arguments.TopMarginP2) && !isGiven(options.arguments.TopMargin))
+    throw UsageError("--top2 needs --top");
   if (options.fromTemplate.check) {
     return RunCheck(context, CheckOf(context, options, DocumentOutput::Count::kUnknown, TemplateUse::kForm));
   }
@@ -206,6 +218,15 @@ void AddWordFile(CLI::App& app, Command& chosen) {
   SetCallback(*command, chosen, options, RunWordFile);
 }
 
+// What the largest page takes.
+CLI::Validator IsMargin() {
+  const auto isOne = [](const std::string& value) {
+    const float centimetres = std::strtof(value.c_str(), nullptr);
+    return centimetres >= 0 && centimetres <= 55.8f ? "" : "takes centimetres from 0 to 55.8, not " + value;
+  };
+  return CLI::Validator(isOne, "");
+}
+
 void AddForm(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("form", "Fill a Word form once for each row of a query");
   const auto options = std::make_shared<FormOptions>();
@@ -219,12 +240,18 @@ void AddForm(CLI::App& app, Command& chosen) {
                    "column, from 1, of which each character has a field of its own (default: none)")
       ->allow_extra_args(false)
       ->check(CLI::Range(1, 1000));
-  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm (default: the template's)");
-  command->add_option("--top", options->arguments.TopMargin, "top margin in cm (default: the template's)");
-  command->add_option("--left2", options->arguments.LeftMarginP2,
-                      "left margin of the second section in cm (default: the template's)");
-  command->add_option("--top2", options->arguments.TopMarginP2,
-                      "top margin of the second section in cm (default: the template's)");
+  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm (default: the template's)")
+      ->check(IsMargin());
+  command->add_option("--top", options->arguments.TopMargin, "top margin in cm (default: the template's)")
+      ->check(IsMargin());
+  command
+      ->add_option("--left2", options->arguments.LeftMarginP2,
+                   "left margin of the second section in cm (default: the template's)")
+      ->check(IsMargin());
+  command
+      ->add_option("--top2", options->arguments.TopMarginP2,
+                   "top margin of the second section in cm (default: the template's)")
+      ->check(IsMargin());
   AddOutputOptions(*command, options->output);
   SetCallback(*command, chosen, options, RunForm);
 }

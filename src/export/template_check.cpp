@@ -72,7 +72,14 @@ std::vector<Text> TemplateWarnings(TemplateUse use, std::span<const TemplateFiel
   bool asks = false;
   for (const TemplateField& field : fields) {
     asks = asks || field.kind == texts.kind || field.kind == TemplateFieldKind::kBarcode;
-    if (field.kind != texts.kind || Fills(use, columns, field.name)) continue;
+    if (field.kind != texts.kind) continue;
+    const auto same = std::count_if(columns.begin(), columns.end(), [&](const Text& column) {
+      return EqualsIgnoringCase(Trim(column), Trim(field.name));
+    });
+    if (same > 1)
+      warnings.push_back(u"There are " + DecimalText(same) + u" columns called " + field.name +
+                         u"; the first one is taken.");
+    if (Fills(use, columns, field.name)) continue;
     warnings.push_back(Text(texts.missing)
                            .append(field.name)
                            .append(texts.missingEnd)

@@ -51,7 +51,11 @@ std::int32_t PreparedTemplateRecords::Open() {
   data_.emplace(context, dataFile_);
   std::vector<Text> names;
   for (const TextView name : Split(header, kExportSeparator)) names.emplace_back(name);
+  const std::size_t columns = names.size();
   records_.emplace(std::move(names), *data_);
+  records_->onShortLine = [this, columns](TextView line, std::size_t values) {
+    session_.context().NoteCause(ShortLine(*data_, line, dataFile_, values, columns));
+  };
   SetCodeRecordset(*records_);
   return records_->RecordCount();
 }

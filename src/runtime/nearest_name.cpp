@@ -48,7 +48,7 @@ std::size_t CommonBeginning(std::string_view one, std::string_view other) {
 
 }  // namespace
 
-std::string NearestName(std::string_view word, const std::vector<std::string>& candidates) {
+std::string NearestName(std::string_view word, const std::vector<std::string>& candidates, bool byBeginning) {
   const std::string wanted = InSmallLetters(word);
   std::string nearest;
   std::size_t distance = kNear + 1;
@@ -58,7 +58,7 @@ std::string NearestName(std::string_view word, const std::vector<std::string>& c
     const std::size_t shorter = std::min(name.size(), wanted.size());
     const std::size_t away = Distance(wanted, name);
     const std::size_t common = CommonBeginning(wanted, name);
-    const bool alike = common >= kAlike || (common > 0 && common == shorter);
+    const bool alike = byBeginning && (common >= kAlike || (common > 0 && common == shorter));
     if (away <= kNear && 2 * away <= shorter && away < distance) {
       distance = away;
       nearest = candidate;

@@ -20,7 +20,7 @@ class ArgumentsTest(CommandLineCase):
             (["html", "-title=x"], "did you mean --title?"),
             (["--quite", "text", "1"], "there is no option --quite; did you mean --quiet?"),
             (["text", "1", "--tpye", "text"], "did you mean --type?"),
-            (["word", "--border", "1"], "word has no option --border\n"),
+            (["word", "--border", "1"], "word has no option --border; it is an option of html\n"),
             (["html", "--db"], "--db needs a value"),
             (["html", "--db", "--select", "x"], "--db needs a value before --select"),
             (["html", "--db", "a", "--db", "b"], "--db may be given only once"),

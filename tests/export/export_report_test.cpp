@@ -66,7 +66,7 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   word.rsTemplate = u"C:\\Temp\\none.dot";
   EXPECT_FALSE(office.WdExport(database, u"SELECT cislo FROM t", word));
   EXPECT_EQ(Taken(),
-            "warning There are 1 column names for 2 columns.\n"
+            "warning There is 1 column name for 2 columns.\n"
             "cause 53 - The template was not found: C:\\Temp\\none.dot\n");
   WordExportArguments prepared;
   EXPECT_FALSE(office.WdExport_file(u"C:\\Temp\\h.txt", u"C:\\Temp\\d.txt", prepared));

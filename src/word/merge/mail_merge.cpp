@@ -5,6 +5,7 @@
 
 #include "files/native_path.h"
 #include "runtime/error.h"
+#include "runtime/utf8.h"
 #include "word/merge/merge_settings.h"
 #include "word/xml/word_errors.h"
 
@@ -91,7 +92,8 @@ void MailMerge::Execute(bool Pause) {
   order.firstRecord = static_cast<std::size_t>(firstRecord_) - 1;
   order.endRecord = lastRecord_ == kLastRecordOfSource ? count : std::min(count, static_cast<std::size_t>(lastRecord_));
   if (order.firstRecord >= order.endRecord) {
-    RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
+    RaiseWordError(WordError::kNoDataSource,
+                   u"The data source " + FromUtf8(source_->path()) + u" holds no record that could be merged.");
   }
   owner_.merge(order);
 }
