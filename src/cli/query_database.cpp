@@ -89,6 +89,7 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
     : share_(ShareOf(options.part)) {
   auto database = std::make_unique<SqliteDatabase>(SqlitePath(options.database), &context.interrupted);
   database->SettleTypes(TypesOf(options));
+  details_ = database.get();
   database_ = std::move(database);
   if (!options.multiplier.empty()) Require("--multiplier", {FromUtf8(options.multiplier)});
 }
@@ -123,6 +124,10 @@ void QueryDatabase::CheckColumns(Recordset& recordset) {
     if (std::any_of(columns.begin(), columns.end(), isThis)) continue;
     Raise(RuntimeError::kItemNotFound, option + u": " + NoColumn(name, columns));
   }
+}
+
+std::unique_ptr<DetailQuery> QueryDatabase::PrepareDetail(TextView sql) {
+  return details_->PrepareDetail(sql);
 }
 
 }  // namespace zorkanca::cli

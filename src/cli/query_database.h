@@ -10,6 +10,7 @@
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
 #include "platform/database.h"
+#include "platform/detail_query.h"
 
 namespace zorkanca::cli {
 
@@ -27,7 +28,7 @@ struct Share {
 /// "2/5". Errors: `UsageError` for anything else. @param text  empty for all records
 Share ShareOf(const std::string& text);
 
-class QueryDatabase final : public Database {
+class QueryDatabase final : public Database, public DetailSource {
  public:
   /// Opens the database that --db names, once it is needed. Errors: `UsageError` for options that make no sense.
   QueryDatabase(const CommandContext& context, const QueryOptions& options);
@@ -42,6 +43,9 @@ class QueryDatabase final : public Database {
 
   /// Errors: those of the database; for the query itself also 3265 for a column that an option asks for.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
+
+  /// Errors: those of the database.
+  std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
 
   /// How many records of the query stand before the share; known once it was opened.
   std::int64_t RecordsBefore() const { return state_->before; }
@@ -59,6 +63,7 @@ class QueryDatabase final : public Database {
   void CheckColumns(Recordset& recordset);
 
   std::unique_ptr<Database> database_;
+  DetailSource* details_ = nullptr;  // the database, too
   Share share_;
   std::vector<Required> required_;
   std::vector<std::pair<Text, std::size_t>> counts_;

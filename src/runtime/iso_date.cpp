@@ -55,6 +55,12 @@ bool TakeDay(Reader& reader, Day& day) {
          reader.TakeNumber(2, day.day);
 }
 
+void AppendNumber(std::string& text, std::int32_t number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  if (digits.size() < width) text.append(width - digits.size(), '0');
+  text += digits;
+}
+
 }  // namespace
 
 std::optional<Date> ParseIsoDate(std::string_view text) {
@@ -76,6 +82,26 @@ std::optional<Date> ParseIsoDate(std::string_view text) {
   }
   reader.Take('Z');
   return reader.AtEnd() ? MakeDate(day.year, day.month, day.day, hour, minute, second) : std::nullopt;
+}
+
+std::string IsoDateText(Date date) {
+  const DateParts parts = Disassemble(date);
+  const bool hasTime = parts.hour != 0 || parts.minute != 0 || parts.second != 0;
+  const Day none;
+  const bool hasDay = !hasTime || parts.year != none.year || parts.month != none.month || parts.day != none.day;
+  std::string text;
+  if (hasDay) {
+    AppendNumber(text, parts.year, 4);
+    AppendNumber(text += '-', parts.month, 2);
+    AppendNumber(text += '-', parts.day, 2);
+  }
+  if (hasTime) {
+    if (hasDay) text += ' ';
+    AppendNumber(text, parts.hour, 2);
+    AppendNumber(text += ':', parts.minute, 2);
+    AppendNumber(text += ':', parts.second, 2);
+  }
+  return text;
 }
 
 }  // namespace zorkanca

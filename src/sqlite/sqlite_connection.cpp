@@ -90,24 +90,39 @@ void SqliteConnection::Protect() {
   if (flag != nullptr) sqlite3_progress_handler(handle, kStepsBetweenLooks, StopWhenInterrupted, flag);
 }
 
-SqliteQuery SqliteConnection::PrepareQuery(const std::string& sql) {
+SqliteQuery SqliteConnection::PrepareReading(const std::string& sql, unsigned flags) {
   if (sql.find('\0') != std::string::npos) RaiseSqlite(kCallFailed, u"the statement holds a NUL character");
   const char* const begin = sql.data();
   const char* const end = begin + sql.size();
   const char* rest = begin;
   sqlite3_stmt* prepared = nullptr;
-  const int code = sqlite3_prepare_v2(handle_.get(), begin, static_cast<int>(sql.size() + 1), &prepared, &rest);
+  const int code = sqlite3_prepare_v3(handle_.get(), begin, static_cast<int>(sql.size() + 1), flags, &prepared, &rest);
   SqliteQuery query{SqliteStatement(prepared), std::string(begin, rest)};
   if (code != SQLITE_OK) RaiseFailure(code);
   if (prepared == nullptr) RaiseSqlite(kCallFailed, u"the statement is empty");
   RefuseFurtherStatements(rest, end);
   if (sqlite3_stmt_readonly(prepared) == 0) RaiseSqlite(kCallFailed, u"the statement would change the database");
   if (sqlite3_column_count(prepared) == 0) RaiseSqlite(kCallFailed, u"the statement returns no records");
-  if (const int parameters = sqlite3_bind_parameter_count(prepared); parameters > 0) {
+  return query;
+}
+
+SqliteQuery SqliteConnection::PrepareQuery(const std::string& sql) {
+  SqliteQuery query = PrepareReading(sql, 0);
+  if (const int parameters = sqlite3_bind_parameter_count(query.statement.get()); parameters > 0) {
     RaiseSqlite(kTooFewParameters, u"Too few parameters. Expected " + DecimalText(parameters) + u".");
   }
   if (query.text.ends_with(';')) query.text.pop_back();
   return query;
+}
+
+SqliteStatement SqliteConnection::PrepareDetail(const std::string& sql) {
+  SqliteStatement statement = std::move(PrepareReading(sql, SQLITE_PREPARE_PERSISTENT).statement);
+  for (int parameter = 1; parameter <= sqlite3_bind_parameter_count(statement.get()); ++parameter) {
+    const char* const name = sqlite3_bind_parameter_name(statement.get(), parameter);
+    if (name != nullptr && *name == ':') continue;
+    RaiseSqlite(kTooFewParameters, u"a parameter is written \":column\", not \"" + FromUtf8(name ? name : "?") + u"\"");
+  }
+  return statement;
 }
 
 void SqliteConnection::RefuseFurtherStatements(const char* rest, const char* end) {

@@ -38,6 +38,9 @@ class SqliteConnection {
   /// Errors: 3146 also for no or several statements, and for one that changes something or returns no columns;
   /// 3061 when it holds parameters.
   SqliteQuery PrepareQuery(const std::string& sql);
+  /// The same for a statement that is kept and run again and again, and that may hold parameters ":name".
+  /// Errors: 3061 for other parameters.
+  SqliteStatement PrepareDetail(const std::string& sql);
   /// Prepares the statement that surveys a query: its one row holds the number of the query's rows and then, for each
   /// of the columns asked for, the widest `ValueKind` that is in it. Null for the few queries that cannot stand in a
   /// FROM clause.
@@ -54,6 +57,7 @@ class SqliteConnection {
   };
 
   void Protect();
+  SqliteQuery PrepareReading(const std::string& sql, unsigned flags);
   void RefuseFurtherStatements(const char* rest, const char* end);
   void Execute(const char* sql);
   bool IsInterrupted() const { return interrupted_ != nullptr && *interrupted_; }

@@ -7,6 +7,7 @@
 #include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_connection.h"
+#include "sqlite/sqlite_detail_query.h"
 #include "sqlite/sqlite_recordset.h"
 
 namespace zorkanca {
@@ -37,10 +38,18 @@ SqliteDatabase::SqliteDatabase(std::string path, const std::atomic<bool>* interr
 
 SqliteDatabase::~SqliteDatabase() = default;
 
-std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(TextView name, RecordsetType /*type*/, std::int16_t options) {
+const std::shared_ptr<SqliteConnection>& SqliteDatabase::connection() {
   if (!connection_) connection_ = std::make_shared<SqliteConnection>(path_, interrupted_);
+  return connection_;
+}
+
+std::unique_ptr<DetailQuery> SqliteDatabase::PrepareDetail(TextView sql) {
+  return std::make_unique<SqliteDetailQuery>(connection(), ToUtf8(sql), types_);
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(TextView name, RecordsetType /*type*/, std::int16_t options) {
   const bool forwardOnly = (options & kForwardOnly) != 0;
-  auto recordset = std::make_unique<SqliteRecordset>(connection_, ToUtf8(name), forwardOnly, types_);
+  auto recordset = std::make_unique<SqliteRecordset>(connection(), ToUtf8(name), forwardOnly, types_);
   if (std::exchange(checksTypes_, false)) RequireColumns(*recordset, types_);
   return recordset;
 }

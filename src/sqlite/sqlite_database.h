@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/database.h"
+#include "platform/detail_query.h"
 
 namespace zorkanca {
 
@@ -21,7 +22,7 @@ using SqliteColumnTypes = std::vector<std::pair<Text, FieldType>>;
 
 /// Opens its file at the first `OpenRecordset`, so that a missing or foreign file is a failure of the export that needs
 /// it. One thread at a time. The file is never created or changed; see docs/formats/sqlite.md for locks and side files.
-class SqliteDatabase final : public Database {
+class SqliteDatabase final : public Database, public DetailSource {
  public:
   /// @param path         file in the system's own bytes
   /// @param interrupted  may be null; when it becomes true, a running query ends with error 18 within a moment
@@ -34,6 +35,9 @@ class SqliteDatabase final : public Database {
   /// parameters, 3146 for everything else that SQLite says and for more or less than one reading statement; 18.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
+  /// Prepares a query of details. Errors: those of `OpenRecordset`, but parameters ":name" are what it is for.
+  std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
+
   /// Settles the types of columns by their names, case ignored, for all recordsets to come. The next statement must
   /// have them all. Errors of `OpenRecordset` then: also 3265 for a column that it lacks.
   void SettleTypes(SqliteColumnTypes types) {
@@ -42,6 +46,8 @@ class SqliteDatabase final : public Database {
   }
 
  private:
+  const std::shared_ptr<SqliteConnection>& connection();
+
   std::string path_;
   const std::atomic<bool>* interrupted_;
   std::shared_ptr<SqliteConnection> connection_;

@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "runtime/utf8.h"
 #include "sqlite/sqlite_types.h"
 #include "sqlite/sqlite_values.h"
 
@@ -21,14 +20,10 @@ constexpr std::int32_t kInvalidOperation = 3219;
 class SqliteField final : public Field {
  public:
   SqliteField(SqliteRecordset& recordset, int column) : recordset_(recordset), column_(column) {
-    sqlite3_stmt* const statement = recordset.query_.statement.get();
-    const char* const name = sqlite3_column_name(statement, column);
-    if (name == nullptr) Raise(RuntimeError::kOutOfMemory);
-    AppendUtf8(name_, name);
-    if (const char* const declaration = sqlite3_column_decltype(statement, column)) {
-      isSettled_ = true;
-      type_ = DeclaredType(declaration);
-    }
+    SqliteColumn described = DescribeColumn(recordset.query_.statement.get(), column);
+    name_ = std::move(described.name);
+    isSettled_ = described.type.has_value();
+    if (described.type) type_ = *described.type;
   }
 
   bool isSettled() const { return isSettled_; }

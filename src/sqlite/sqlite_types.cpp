@@ -5,6 +5,9 @@
 #include <limits>
 #include <string>
 
+#include "runtime/error.h"
+#include "runtime/utf8.h"
+
 namespace zorkanca {
 
 namespace {
@@ -145,6 +148,16 @@ SqliteColumnType DeclaredType(std::string_view declaration) {
   if (type != FieldType::kText && type != FieldType::kChar) return {type, 0};
   const std::int32_t size = SizeInBrackets(declaration.substr(bracket));
   return size > kLongestText ? SqliteColumnType{FieldType::kMemo, 0} : SqliteColumnType{type, size};
+}
+
+SqliteColumn DescribeColumn(sqlite3_stmt* statement, int column) {
+  const char* const name = sqlite3_column_name(statement, column);
+  if (name == nullptr) Raise(RuntimeError::kOutOfMemory);
+  SqliteColumn described{.name = FromUtf8(name), .type = std::nullopt};
+  if (const char* const declaration = sqlite3_column_decltype(statement, column)) {
+    described.type = DeclaredType(declaration);
+  }
+  return described;
 }
 
 ValueKind KindOf(sqlite3_value* value) {

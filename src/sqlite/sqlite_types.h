@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "platform/database.h"
@@ -18,6 +19,15 @@ struct SqliteColumnType {
 /// The type that a column declares, for example "VARCHAR(40)" or "double precision"; case and runs of blanks do not
 /// matter. The table of all types is in docs/formats/sqlite.md.
 SqliteColumnType DeclaredType(std::string_view declaration);
+
+/// A column of a statement.
+struct SqliteColumn {
+  Text name;
+  std::optional<SqliteColumnType> type;  ///< nothing where none is declared
+};
+
+/// @param column  from 0. Errors: 7.
+SqliteColumn DescribeColumn(sqlite3_stmt* statement, int column);
 
 /// What the values of a column that declares no type (an expression) ask for, from the narrowest to the widest; a
 /// column that holds several kinds has the widest. Nothing but Null asks for nothing.

@@ -35,5 +35,12 @@ TEST(IsoDate, DatesOfText) {
   for (const Row& row : rows) EXPECT_TRUE(ParseIsoDate(row.text) == row.expected) << row.text;
 }
 
+TEST(IsoDate, TextsOfDates) {
+  for (const std::string_view text : {"1899-12-30", "1899-12-29 06:00:00", "0100-01-01", "9999-12-31 23:59:59",
+                                      "2024-02-29", "23:59:59", "2026-03-01 00:00:01"}) {
+    EXPECT_EQ(IsoDateText(ParseIsoDate(text).value()), text);
+  }
+}
+
 }  // namespace
 }  // namespace zorkanca::testing
