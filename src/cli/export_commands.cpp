@@ -93,7 +93,8 @@ void AddNames(CLI::App& app, Command& chosen) {
       try {
         context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
       } catch (const Error&) {
-        throw UsageError("names are read from SELECT ... FROM ..., not from " + (select->empty() ? "''" : *select));
+        Raise(RuntimeError::kInvalidCall,
+              u"Names are read from SELECT ... FROM ..., not from \"" + FromUtf8(*select) + u"\"");
       }
       return kDone;
     };

@@ -126,12 +126,12 @@ int RunFill(const CommandContext& context, const FillOptions& options) {
   FileSystem& files = context.platform.files;
   OutputFile output(context, options.output, {u"xml"});
   const std::vector<FillStep> steps = StepsOf(options);
-  if (!IsSpreadsheetXml(BytesOf(options.templateFile))) {
-    Raise(RuntimeError::kInvalidCall, u"No template in spreadsheet XML: " + FromUtf8(options.templateFile));
-  }
 
   cExcel2003XmlTemplateFactory factory(context.platform);
   if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;
+  if (!IsSpreadsheetXml(BytesOf(options.templateFile))) {
+    Raise(RuntimeError::kInvalidCall, u"No template in spreadsheet XML: " + FromUtf8(options.templateFile));
+  }
   FillRun run(factory, context.interrupted);
   try {
     run.Run(steps);

@@ -13,6 +13,7 @@ namespace zorkanca {
 namespace {
 
 constexpr std::size_t kNear = 2;
+constexpr std::size_t kShort = 4;  // letters of a word of which two are too much
 constexpr std::size_t kAlike = 3;
 
 std::string InSmallLetters(std::string_view word) {
@@ -59,7 +60,7 @@ std::string NearestName(std::string_view word, const std::vector<std::string>& c
     const std::size_t away = Distance(wanted, name);
     const std::size_t common = CommonBeginning(wanted, name);
     const bool alike = byBeginning && (common >= kAlike || (common > 0 && common == shorter));
-    if (away <= kNear && 2 * away <= shorter && away < distance) {
+    if (away <= kNear && away < distance && (away < kNear ? 2 * away <= shorter : shorter > kShort)) {
       distance = away;
       nearest = candidate;
     } else if (distance > kNear && alike && common > beginning) {

@@ -10,9 +10,9 @@
 
 namespace zorkanca {
 
-/// The candidate that is two letters away at most and no more than half the word (one left out, put in, changed, or two
-/// neighbours swapped, is a letter each), else one that begins alike: the longest common beginning of three letters and
-/// more, or one is the beginning of the other. Case is ignored.
+/// The candidate that is two letters away at most, one of a word of four letters or less (one left out, put in,
+/// changed, or two neighbours swapped, is a letter each), else one that begins alike: the longest common beginning of
+/// three letters and more, or one is the beginning of the other. Case is ignored.
 /// @param byBeginning  false: a beginning alone does not count
 /// @return empty when there is none
 std::string NearestName(std::string_view word, const std::vector<std::string>& candidates, bool byBeginning = true);

@@ -82,7 +82,7 @@ class ArgumentsTest(CommandLineCase):
             ("quiet = 'yes'", "c.toml:1: quiet is true or false"),
             ("locale = ['en-US', 'cs-CZ']", "c.toml:1: locale takes one value"),
             ("[number\n", "c.toml:1: ] is expected"),
-            ("type = 'guid'", "guid not in {"),
+            ("type = 'guid'", "--type takes double, single, currency, decimal, integer, long, boolean, date or text, not guid\n"),
         ]:
             self.assertIn(message, text(config, *number, status=2), config)
         self.run_program("--config", "none.toml", *number, status=1)

@@ -11,8 +11,8 @@ from command_line import PROGRAM, SAMPLE, CommandLineCase, main
 
 # What an example needs of the computer beside the files of examples/.
 OPENER = "#!/bin/sh\nexit 0\n"
-# Dialogs are asked on the terminal, what is typed there; without a row to choose they cannot be shown there.
-DIALOGS = {"templates choose": ("1\n", 0), "alternative dialog": ("", 1)}
+# Dialogs are asked on the terminal: what is typed there.
+DIALOGS = {"templates choose": "1\n", "alternative dialog": "3\n"}
 # These print one value, which their explanation names.
 PRINTS_VALUE = ("format", "number", "date", "text", "names", "barcode \"")
 
@@ -53,21 +53,21 @@ class ExamplesTest(CommandLineCase):
         tmp.mkdir(mode=0o700, exist_ok=True)
         return {"PATH": f"{folder}/bin:{os.environ['PATH']}", "HOME": str(folder), "TMPDIR": str(tmp)}
 
-    def shell(self, line, status=0, folder=None):
+    def shell(self, line, folder=None):
         folder = folder or self.here
         done = subprocess.run(line, shell=True, cwd=folder, env=self.environment_of(folder), capture_output=True, timeout=120)
         shown = done.stdout.decode() + done.stderr.decode()
-        self.assertEqual(done.returncode, status, f"{line}: {shown}")
+        self.assertEqual(done.returncode, 0, f"{line}: {shown}")
         return done.stdout.decode()
 
-    def on_a_terminal(self, line, typed, status, folder):
+    def on_a_terminal(self, line, typed, folder):
         master, slave = pty.openpty()
         os.write(master, typed.encode())
         done = subprocess.run(line, shell=True, cwd=folder, env=self.environment_of(folder), stdin=slave, stderr=slave,
                               stdout=subprocess.PIPE, timeout=60)
         os.close(slave)
         os.close(master)
-        self.assertEqual(done.returncode, status, f"{line}: {done.stdout.decode()}")
+        self.assertEqual(done.returncode, 0, f"{line}: {done.stdout.decode()}")
         return done.stdout.decode()
 
     def examples(self, *group):
@@ -81,9 +81,9 @@ class ExamplesTest(CommandLineCase):
         line = line.replace("/srv", f"{folder}/srv").replace("/tmp/zkouska", f"{folder}/zkouska")
         if not shutil.which("man"):
             line = line.replace("| man -l -", "| cat")
-        for dialog, (typed, status) in DIALOGS.items():
+        for dialog, typed in DIALOGS.items():
             if line.startswith(f"zorkanca {dialog}"):
-                return self.on_a_terminal(line, typed, status, folder)
+                return self.on_a_terminal(line, typed, folder)
         shown = self.shell(line, folder=folder).replace("\u00a0", " ")
         if line.removeprefix("zorkanca ").startswith(PRINTS_VALUE) and explanation.startswith("prints "):
             self.assertEqual(shown.strip(), explanation.removeprefix("prints "), line)

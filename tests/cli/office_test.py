@@ -89,6 +89,9 @@ class OfficeTest(CommandLineCase):
         self.run_program(*run, "set", "TableEditorStoreFolder", "-x", "--prefix", " abc ")
         self.assertEqual(self.output(*run, "get", "TableEditorStoreFolder", "--prefix", "abc"), "-x\n")
         self.assertEqual(self.output(*run, "get", "UseAlternativeTableEditor"), "1\n")
+        self.assertIn("53 - ", self.run_program(*run, "open", "none.xls", "--table", status=1)[1])
+        for name in ("a.xls", 'my "book".xls'):
+            (self.folder / name).touch()
         self.assertIn("53 - ", self.run_program(*run, "open", "a.xls", "--document", status=1)[1])
         self.assertIn("could not be started", self.run_program(*run, "open", "a.xls", "--table", status=1)[1])
         program.chmod(0o755)

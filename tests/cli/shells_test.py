@@ -2,6 +2,7 @@
 """The completion inside real shells, as far as they are installed."""
 import os
 import pty
+import re
 import select
 import shutil
 import subprocess
@@ -10,6 +11,11 @@ import time
 import unittest
 
 from command_line import PROGRAM, CommandLineCase, main
+
+
+def without_control(shown):
+    """What a terminal shows, without what places and colours it."""
+    return re.sub(r"\x1b\[[0-9;?]*[A-Za-z]|\x1b[=>]|[\x00\x07\x08]", "", shown)
 
 
 class ShellsTest(CommandLineCase):
@@ -63,13 +69,15 @@ class ShellsTest(CommandLineCase):
             end = time.monotonic() + 30
             while text not in shown and time.monotonic() < end:
                 if select.select([terminal], [], [], 0.1)[0]:
-                    shown += os.read(terminal, 4096).decode(errors="replace")
+                    shown = without_control(shown + os.read(terminal, 4096).decode(errors="replace"))
             self.assertIn(text, shown)
 
         try:
             wait_for("> ")
             os.write(terminal, b"autoload -Uz compinit && compinit -u -D && source completion.zsh && echo rea''dy\n")
             wait_for("ready\r\n")
+            shown = shown.partition("ready\r\n")[2]
+            wait_for("> ")
             shown = ""
             os.write(terminal, keys.encode())
             wait_for(expected)

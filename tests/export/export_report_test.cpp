@@ -80,19 +80,19 @@ TEST_F(ExportReportTest, RecordsThatWereWritten) {
   database.columns.push_back({u"krát", FieldType::kLong});
   for (const std::int32_t copies : {2, 0, 1}) database.rows.push_back({copies, Text(u"y"), copies});
   database.rows[0].push_back(std::int32_t{1});
-  computer.files.Put(u"C:\\T\\h.txt", "a;b");
-  computer.files.Put(u"C:\\T\\d.txt", "1;2\r\n3;4\r\n");
-  computer.files.Put(u"C:\\T\\t.dot", "");
+  computer.files.Put(u"C:\\Temp\\h.txt", "a;b");
+  computer.files.Put(u"C:\\Temp\\d.txt", "1;2\r\n3;4\r\n");
+  computer.files.Put(u"C:\\Temp\\t.dot", "");
   office.Multiplier(u"krát");
   HtmlExportArguments html;
   EXPECT_TRUE(office.HTMLExport(database, u"SELECT * FROM t", html));
   EXPECT_EQ(told.records, 3) << "a record that is written twice is one, one that is not written is none";
   WordExportArguments prepared{};
-  prepared.rsTemplate = u"C:\\T\\t.dot";
-  EXPECT_TRUE(office.WdExport_file(u"C:\\T\\h.txt", u"C:\\T\\d.txt", prepared));
+  prepared.rsTemplate = u"C:\\Temp\\t.dot";
+  EXPECT_TRUE(office.WdExport_file(u"C:\\Temp\\h.txt", u"C:\\Temp\\d.txt", prepared));
   EXPECT_EQ(told.records, 2);
   told.records = -1;
-  EXPECT_FALSE(office.WdExport_file(u"C:\\T\\none.txt", u"C:\\T\\d.txt", prepared));
+  EXPECT_FALSE(office.WdExport_file(u"C:\\Temp\\none.txt", u"C:\\Temp\\d.txt", prepared));
   EXPECT_EQ(told.records, -1) << "nothing of an operation that failed";
 }
 
