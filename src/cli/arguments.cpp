@@ -236,6 +236,7 @@ std::vector<std::string> InputsOf(const GivenArguments& given) {
     // A merge reads the file of that name, all others write it.
     const bool isMerged = each.option->check_name("--data-file") && each.option->get_required();
     if (isMerged || std::any_of(kRead.begin(), kRead.end(), isThis)) inputs.push_back(each.value);
+    if (each.option->check_name("--db")) inputs.push_back(each.value.substr(each.value.find('=') + 1));  // NAME=FILE
   }
   const bool readsValues = given.innermost().get_name() == "fill";
   if (readsValues) inputs.insert(inputs.end(), given.values.begin(), given.values.end());

@@ -9,6 +9,7 @@
 
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
+#include "cli/query_sources.h"
 #include "platform/database.h"
 #include "platform/detail_query.h"
 
@@ -30,9 +31,11 @@ Share ShareOf(const std::string& text);
 
 class QueryDatabase final : public Database, public DetailSource {
  public:
-  /// Opens the database that --db names, once it is needed. Errors: `UsageError` for options that make no sense.
+  /// Opens what --db names, once it is needed. Errors: `UsageError` for options that make no sense.
   QueryDatabase(const CommandContext& context, const QueryOptions& options);
   ~QueryDatabase() override;
+  QueryDatabase(const QueryDatabase&) = delete;
+  QueryDatabase& operator=(const QueryDatabase&) = delete;
 
   /// Columns that an option asks for. The query must have them, case ignored.
   /// @param option  with its dashes, for the error
@@ -46,6 +49,10 @@ class QueryDatabase final : public Database, public DetailSource {
 
   /// Errors: those of the database.
   std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
+
+  const QuerySources& sources() const { return sources_; }
+  /// The tables of CSV and JSON files; known once the database was opened.
+  const std::vector<LoadedTable>& LoadedTables() const { return loaded_; }
 
   /// How many records of the query stand before the share; known once it was opened.
   std::int64_t RecordsBefore() const { return state_->before; }
@@ -62,6 +69,10 @@ class QueryDatabase final : public Database, public DetailSource {
 
   void CheckColumns(Recordset& recordset);
 
+  std::vector<Text> Load(SqliteConnection& connection, const FileReading& reading);
+
+  QuerySources sources_;
+  std::vector<LoadedTable> loaded_;
   std::unique_ptr<Database> database_;
   DetailSource* details_ = nullptr;  // the database, too
   Share share_;

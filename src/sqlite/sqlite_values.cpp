@@ -136,6 +136,8 @@ bool SetIfNumber(Value& value, std::string_view bytes, FieldType type) {
 
 void ReadText(Value& value, std::string_view bytes, FieldType type, const Text& name) {
   if (IsDateType(type) && SetIfSome(value, ParseIsoDate(bytes))) return;
+  if (type == FieldType::kDecimal && SetIfSome(value, DecimalOf(bytes))) return;
+  if (type == FieldType::kCurrency && SetIfSome(value, CurrencyOf(bytes))) return;
   if (SetIfNumber(value, bytes, type)) return;
   Text* text = std::get_if<Text>(&value);
   if (text == nullptr) text = &value.emplace<Text>();
