@@ -120,8 +120,10 @@ std::optional<double> NumberOf(std::string_view bytes) {
   return isWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-// A column of numbers that SQLite holds as texts: a computed one whose type was settled. What is no number stays text.
+// A column of numbers that SQLite holds as texts: a computed one whose type was settled. What is no number stays text;
+// amounts and decimals take exact ones alone.
 bool SetIfNumber(Value& value, std::string_view bytes, FieldType type) {
+  if (type == FieldType::kCurrency || type == FieldType::kDecimal) return false;
   if (type != FieldType::kBoolean && !IsNumericType(type)) return false;
   const std::optional<double> number = NumberOf(bytes);
   if (!number) return false;
