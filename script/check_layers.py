@@ -66,6 +66,18 @@ FOLDERS = {
         "system": set(),
         "": {"desktop", "registry", "system"},
     },
+    "win32": {
+        "": set(),
+        "automation": {""},
+        "database": {"", "automation"},
+        "desktop": {"", "files"},
+        "files": {""},
+        "forms": {""},
+        "office": {"", "automation"},
+        "registry": {""},
+        "system": {""},
+        "computer": {"", "automation", "database", "desktop", "files", "forms", "office", "registry", "system"},
+    },
 }
 
 # Headers from outside that are not the standard library's, and the layers that may use them.

@@ -1,4 +1,4 @@
-#include "win32/system_clock.h"
+#include "win32/system/system_clock.h"
 
 #include "win32/system.h"
 
