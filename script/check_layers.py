@@ -28,12 +28,13 @@ LAYERS = {
     "word": {"files", "opc", "libreoffice", "platform", "runtime"},
     "excel": {"files", "opc", "libreoffice", "platform", "runtime"},
     "sqlite": {"platform", "runtime"},
+    "tabular": {"sqlite", "files", "platform", "runtime"},
     "host": {"files", "textfiles", "opc", "libreoffice", "word", "excel", "platform", "runtime"},
     "qt": {"platform", "runtime"},
     "win32": {"textfiles", "platform", "runtime"},
     "com": LOGIC | {"formats", "barcode", "templates", "xmltemplate", "office", "export", "win32"},
     "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "platform", "runtime", "sqlite",
-            "templates", "xmltemplate"},
+            "tabular", "templates", "xmltemplate"},
 }
 
 # Every arrow between the folders of a layer that has any; "" is the layer's own.

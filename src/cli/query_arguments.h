@@ -14,7 +14,7 @@ namespace zorkanca::cli {
 
 /// Options of the exports over a database.
 struct QueryOptions {
-  std::string database;
+  std::vector<std::string> databases;
   std::string select;
   std::string sqlFile;
   std::int16_t options = 0;
@@ -24,7 +24,9 @@ struct QueryOptions {
   std::string multiplier;
   std::string part;  ///< K/N
   std::int16_t blankRecords = 0;
-  std::string encoding;  ///< of prepared files and data files; empty: by the mark
+  std::string encoding;      ///< of prepared files and data files; empty: by the mark
+  std::string separator;     ///< of the fields of CSV files; empty: it is found
+  std::string fileEncoding;  ///< of CSV and JSON files without a mark; empty: UTF-8
   bool unicode = false;
 };
 
@@ -44,9 +46,6 @@ struct PreparedFileOptions {
 void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
 void AddEncodingOption(CLI::App& command, QueryOptions& query);
 void AddUnicodeOption(CLI::App& command, QueryOptions& query);
-
-/// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
-const std::string& SqlitePath(const std::string& argument);
 
 /// The types of columns as --type settles them. Errors: `UsageError` for an unknown type.
 SqliteColumnTypes TypesOf(const QueryOptions& query);

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "runtime/utf8.h"
 #include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
@@ -84,14 +85,32 @@ class QueryDatabase::CountedRecordset final : public Recordset {
 };
 
 QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& options)
-    : share_(ShareOf(options.part)) {
-  auto database = std::make_unique<SqliteDatabase>(SqlitePath(options.database), &context.interrupted);
-  database->SettleTypes(TypesOf(options));
+    : sources_(SourcesOf(options)), share_(ShareOf(options.part)) {
+  auto database = std::make_unique<SqliteDatabase>(sources_.sqliteFile, &context.interrupted);
+  const SqliteColumnTypes types = TypesOf(options);
+  database->SettleTypes(types);
+  if (!sources_.files.empty()) {
+    const FileReading reading{.locale = &context.platform.locale,
+                              .withoutMark = EncodingOf(options),
+                              .types = types,
+                              .interrupted = &context.interrupted};
+    database->BeforeFirstQuery([this, reading](SqliteConnection& connection) { return Load(connection, reading); });
+  }
   details_ = database.get();
   database_ = std::move(database);
 }
 
 QueryDatabase::~QueryDatabase() = default;
+
+// @return all names of the columns of files: what --type says of them is done
+std::vector<Text> QueryDatabase::Load(SqliteConnection& connection, const FileReading& reading) {
+  loaded_ = LoadFileTables(sources_.files, reading, connection);
+  std::vector<Text> names;
+  for (const LoadedTable& table : loaded_) {
+    for (const LoadedTable::Column& column : table.columns) names.push_back(FromUtf8(column.name));
+  }
+  return names;
+}
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
   return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);
