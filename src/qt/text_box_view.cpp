@@ -2,34 +2,14 @@
 
 #include <QEvent>
 #include <QTimer>
-#include <algorithm>
 #include <limits>
 
+#include "platform/text_edit.h"
 #include "qt/qt_text.h"
 
 namespace zorkanca {
 
 namespace {
-
-// One edit that turns a text into another: a part replaced by characters.
-struct Edit {
-  std::size_t start = 0;
-  std::size_t removed = 0;
-  TextView inserted;
-};
-
-// @param cursor  where the cursor stands after the edit: at the end of what was inserted
-Edit EditBetween(TextView before, TextView after, std::size_t cursor) {
-  const std::size_t common = std::min(before.size(), after.size());
-  const std::size_t mostBehind = std::min(common, after.size() - std::min(cursor, after.size()));
-  std::size_t behind = 0;
-  while (behind < mostBehind && before[before.size() - 1 - behind] == after[after.size() - 1 - behind]) ++behind;
-  std::size_t start = 0;
-  while (start < common - behind && before[start] == after[start]) ++start;
-  return {.start = start,
-          .removed = before.size() - behind - start,
-          .inserted = after.substr(start, after.size() - behind - start)};
-}
 
 // A text that is to be replaced by typing stays marked when a click, which would set the cursor, brings the person to
 // it.
@@ -72,7 +52,7 @@ void TextBoxView::RefreshContent() {
 void TextBoxView::PersonEdited() {
   const Text after = FromQt(line_.text());
   int cursor = line_.cursorPosition();
-  const Edit edit = EditBetween(box_.text(), after, static_cast<std::size_t>(cursor));
+  const TextEdit edit = EditBetween(box_.text(), after, static_cast<std::size_t>(cursor));
   Text accepted;
   run_([&] { accepted = box_.Type(edit.inserted, edit.start, edit.removed); });
   Refresh();
