@@ -7,6 +7,8 @@ add_library(zorkanca_windows_options INTERFACE)
 target_compile_options(zorkanca_windows_options INTERFACE -Wno-non-virtual-dtor -fno-strict-aliasing)
 
 zorkanca_layer(win32 textfiles)
+set_source_files_properties(${CMAKE_SOURCE_DIR}/src/win32/computer/win32_platform.cpp
+                            PROPERTIES COMPILE_DEFINITIONS ZORKANCA_VERSION="${PROJECT_VERSION}")
 target_link_libraries(zorkanca_win32 PUBLIC zorkanca_windows_options ole32 oleaut32 uuid advapi32 user32 gdi32 shell32
                                             comdlg32)
 

@@ -71,7 +71,7 @@ FOLDERS = {
         "": set(),
         "automation": {""},
         "database": {"", "automation"},
-        "desktop": {"", "files"},
+        "desktop": {"", "files", "forms"},
         "files": {""},
         "forms": {""},
         "office": {"", "automation"},

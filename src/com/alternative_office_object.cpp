@@ -4,8 +4,8 @@
 #include "com/public_classes.h"
 #include "office/alternative_office_manager.h"
 #include "win32/automation/late_object.h"
+#include "win32/computer/win32_platform.h"
 #include "win32/desktop/win32_user_interface.h"
-#include "win32/win32_platform.h"
 
 namespace zorkanca::com {
 

@@ -3,7 +3,7 @@
 #include "com/object.h"
 #include "com/public_classes.h"
 #include "office/kancel_apl.h"
-#include "win32/win32_platform.h"
+#include "win32/computer/win32_platform.h"
 
 namespace zorkanca::com {
 

@@ -3,7 +3,7 @@
 #include "com/object.h"
 #include "com/public_classes.h"
 #include "export/office_pdf_convert.h"
-#include "win32/win32_platform.h"
+#include "win32/computer/win32_platform.h"
 
 namespace zorkanca::com {
 

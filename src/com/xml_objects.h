@@ -12,7 +12,7 @@
 #include "com/arguments.h"
 #include "com/object.h"
 #include "runtime/value.h"
-#include "win32/win32_platform.h"
+#include "win32/computer/win32_platform.h"
 #include "xmltemplate/template_factory.h"
 
 namespace zorkanca::com {

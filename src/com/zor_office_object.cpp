@@ -4,8 +4,8 @@
 #include "com/object.h"
 #include "com/public_classes.h"
 #include "export/zor_office.h"
+#include "win32/computer/win32_platform.h"
 #include "win32/database/dao_database.h"
-#include "win32/win32_platform.h"
 
 namespace zorkanca::com {
 

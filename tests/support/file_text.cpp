@@ -7,7 +7,7 @@
 
 namespace zorkanca::testing {
 
-std::string FileText(const std::string& path) {
+std::string FileText(const std::filesystem::path& path) {
   const std::ifstream file(path, std::ios::binary);
   std::ostringstream bytes;
   bytes << file.rdbuf();

@@ -4,11 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
+#include <random>
 #include <string>
 
 #include "runtime/text.h"
@@ -17,17 +16,31 @@
 
 namespace zorkanca::testing {
 
-/// A fresh folder, removed with all in it at the end of the test.
+/// A fresh folder, removed with all in it at the end of the test. Names are UTF-8, separated by "/".
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zorkanca-test-XXXXXX").native();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    path_ = name;
+    namespace fs = std::filesystem;
+    std::random_device random;
+    fs::path folder;
+    do {
+      folder = fs::temp_directory_path() / ("zorkanca-test-" + std::to_string(random()));
+    } while (!fs::create_directory(folder));
+    fs::permissions(folder, fs::perms::owner_all);
+    const std::u8string name = folder.generic_u8string();
+    path_.assign(name.begin(), name.end());
   }
   ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    namespace fs = std::filesystem;
+    std::error_code failure;
+    fs::remove_all(Native(path_), failure);
+    if (!failure) return;
+    // Some systems keep what is read-only.
+    for (fs::recursive_directory_iterator entry(Native(path_), failure), end; entry != end; entry.increment(failure)) {
+      std::error_code ignored;
+      fs::permissions(entry->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+    fs::remove_all(Native(path_), failure);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -37,25 +50,36 @@ class TemporaryFolder {
   std::string Path(const std::string& name) const { return path_ + "/" + name; }
   Text TextPath(const std::string& name) const { return FromUtf8(Path(name)); }
 
-  std::string Read(const std::string& name) const { return FileText(Path(name)); }
+  std::string Read(const std::string& name) const { return FileText(Native(Path(name))); }
   /// Writes the file in place.
   void Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
+    std::ofstream(Native(Path(name)), std::ios::binary) << bytes;
   }
   bool Has(const std::string& name) const {
-    return std::filesystem::exists(std::filesystem::symlink_status(Path(name)));
+    return std::filesystem::exists(std::filesystem::symlink_status(Native(Path(name))));
   }
   /// Number of entries, whatever they are.
   std::ptrdiff_t Count() const {
-    return std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator());
+    return std::distance(std::filesystem::directory_iterator(Native(path_)), std::filesystem::directory_iterator());
   }
   /// Permission bits.
   unsigned Mode(const std::string& name) const {
-    struct stat status {};
-    return stat(Path(name).c_str(), &status) == 0 ? status.st_mode & 07777u : 0;
+    std::error_code failure;
+    const auto status = std::filesystem::status(Native(Path(name)), failure);
+    return failure ? 0 : static_cast<unsigned>(status.permissions()) & 07777u;
+  }
+  void MakeFolder(const std::string& name) const { std::filesystem::create_directory(Native(Path(name))); }
+  void MakeReadOnly(const std::string& name) const {
+    using std::filesystem::perms;
+    std::filesystem::permissions(Native(Path(name)), perms::owner_write | perms::group_write | perms::others_write,
+                                 std::filesystem::perm_options::remove);
   }
 
  private:
+  static std::filesystem::path Native(const std::string& name) {
+    return std::filesystem::path(std::u8string(name.begin(), name.end()));
+  }
+
   std::string path_;
 };
 

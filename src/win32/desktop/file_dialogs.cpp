@@ -5,20 +5,21 @@
 #include <cstdint>
 
 #include "runtime/error.h"
-#include "win32/forms/window_text.h"
+#include "win32/wide_text.h"
 
 namespace zorkanca::win32 {
 
 namespace {
 
 constexpr std::size_t kLongestPath = 32767;
+constexpr DWORD kInvalidFileName = 0x3002;  // FNERR_INVALIDFILENAME, which the short form of the headers leaves out
 
 Text WithBackslashes(TextView path) {
   return Replace(path, u"/", u"\\");
 }
 
 bool IsFolder(const Text& path) {
-  const DWORD attributes = GetFileAttributesW(AsWide(path));
+  const DWORD attributes = GetFileAttributesW(Wide(path));
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
@@ -71,18 +72,18 @@ Text AskForFile(const FileDialog& dialog, HWND owner) {
   OPENFILENAMEW description{};
   description.lStructSize = sizeof description;
   description.hwndOwner = owner;
-  description.lpstrFilter = dialog.filter.empty() ? nullptr : AsWide(filter);
+  description.lpstrFilter = dialog.filter.empty() ? nullptr : Wide(filter);
   description.lpstrFile = reinterpret_cast<wchar_t*>(file.data());
   description.nMaxFile = static_cast<DWORD>(file.size());
-  description.lpstrInitialDir = folder.empty() ? nullptr : AsWide(folder);
-  description.lpstrTitle = dialog.title.empty() ? nullptr : AsWide(dialog.title);
-  description.lpstrDefExt = extension.empty() ? nullptr : AsWide(extension);
+  description.lpstrInitialDir = folder.empty() ? nullptr : Wide(folder);
+  description.lpstrTitle = dialog.title.empty() ? nullptr : Wide(dialog.title);
+  description.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
   // The current folder is the client's.
   description.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
   if (dialog.fileMustExist) description.Flags |= OFN_FILEMUSTEXIST;
 
   bool chosen = GetOpenFileNameW(&description) != 0;
-  if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {  // it cannot even be shown
+  if (!chosen && CommDlgExtendedError() == kInvalidFileName) {  // it cannot even be shown
     file = BufferOf({});
     description.lpstrFile = reinterpret_cast<wchar_t*>(file.data());
     chosen = GetOpenFileNameW(&description) != 0;
@@ -100,7 +101,7 @@ Text AskForFolder(TextView title, TextView startFolder, HWND owner) {
   BROWSEINFOW description{};
   description.hwndOwner = owner;
   description.pszDisplayName = path.data();
-  description.lpszTitle = AsWide(heading);
+  description.lpszTitle = Wide(heading);
   description.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
   description.lpfn = StartInFolder;
   description.lParam = start.empty() ? 0 : reinterpret_cast<LPARAM>(start.c_str());
@@ -108,7 +109,7 @@ Text AskForFolder(TextView title, TextView startFolder, HWND owner) {
   if (chosen == nullptr) return {};
   const bool isPath = SHGetPathFromIDListW(chosen, path.data()) != 0;
   CoTaskMemFree(chosen);
-  return isPath ? Text(reinterpret_cast<const char16_t*>(path.data())) : Text();
+  return isPath ? Text(FromWide(path.data())) : Text();
 }
 
 }  // namespace zorkanca::win32

@@ -1,13 +1,14 @@
 #include "win32/desktop/win32_user_interface.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 #include "runtime/error.h"
 #include "win32/desktop/file_dialogs.h"
 #include "win32/forms/form_window.h"
 #include "win32/forms/scale.h"
-#include "win32/forms/window_text.h"
 #include "win32/system.h"
+#include "win32/wide_text.h"
 
 namespace zorkanca::win32 {
 
@@ -24,12 +25,26 @@ static_assert(static_cast<int>(MessageButtons::kYesNo) == MB_YESNO);
 static_assert(static_cast<int>(MessageAnswer::kOk) == IDOK && static_cast<int>(MessageAnswer::kCancel) == IDCANCEL);
 static_assert(static_cast<int>(MessageAnswer::kYes) == IDYES && static_cast<int>(MessageAnswer::kNo) == IDNO);
 
+// An answer that none of the buttons gives is that of the last one: where no box can be shown, and where Esc or the
+// close button end one that only tells.
 MessageAnswer AnswerOf(int pressed, MessageButtons buttons) {
-  for (const auto answer : {MessageAnswer::kOk, MessageAnswer::kCancel, MessageAnswer::kYes, MessageAnswer::kNo}) {
-    if (pressed == static_cast<int>(answer)) return answer;
+  const auto among = [pressed](std::initializer_list<MessageAnswer> answers) {
+    for (const MessageAnswer answer : answers) {
+      if (pressed == static_cast<int>(answer)) return answer;
+    }
+    return *(answers.end() - 1);
+  };
+  switch (buttons) {
+    case MessageButtons::kOk:
+      return MessageAnswer::kOk;
+    case MessageButtons::kOkCancel:
+      return among({MessageAnswer::kOk, MessageAnswer::kCancel});
+    case MessageButtons::kYesNo:
+      return among({MessageAnswer::kYes, MessageAnswer::kNo});
+    case MessageButtons::kYesNoCancel:
+      return among({MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel});
   }
-  if (buttons == MessageButtons::kOk) return MessageAnswer::kOk;
-  return buttons == MessageButtons::kYesNo ? MessageAnswer::kNo : MessageAnswer::kCancel;
+  return MessageAnswer::kCancel;
 }
 
 }  // namespace
@@ -37,7 +52,7 @@ MessageAnswer AnswerOf(int pressed, MessageButtons buttons) {
 MessageAnswer Win32UserInterface::Show(const Message& message) {
   const Text title = message.title.empty() ? Text(u"zorKancA") : message.title;
   const auto kind = static_cast<UINT>(message.icon) | static_cast<UINT>(message.buttons);
-  return AnswerOf(MessageBoxW(TopWindow(), AsWide(message.text), AsWide(title), kind), message.buttons);
+  return AnswerOf(MessageBoxW(TopWindow(), Wide(message.text), Wide(title), kind), message.buttons);
 }
 
 void Win32UserInterface::SetMousePointer(MousePointer pointer) {

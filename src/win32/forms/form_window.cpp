@@ -283,11 +283,8 @@ std::optional<LRESULT> FormWindow::Answer(UINT message, WPARAM first, LPARAM sec
 void FormWindow::Notified(HWND window, WORD code) {
   ControlView* view = ViewOf(window);
   if (view == nullptr) return;
-  if (code == view->focusCode()) {
-    form_.PersonFocused(view->control());
-  } else {
-    RunEvent([&] { view->Notified(code); });
-  }
+  if (code == view->focusCode()) form_.PersonFocused(view->control());
+  RunEvent([&] { view->Notified(code); });
 }
 
 // Somebody else has ended the window.

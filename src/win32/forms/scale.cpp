@@ -11,7 +11,7 @@ namespace {
 constexpr int kPointsPerInch = 72;
 constexpr int kFontPoints = 8;
 constexpr int kLineHeight = 13;
-constexpr float kLetterWidth = 6;
+constexpr int kLetterWidth = 6;
 constexpr float kTwipsPerPixel = 15;
 constexpr int kUsualResolution = 96;
 constexpr std::wstring_view kLetters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
@@ -29,7 +29,7 @@ HFONT MakeDialogFont(HDC screen) {
 
 }  // namespace
 
-Scale::Scale() : font_(nullptr), lineHeight_(kLineHeight), pixelsPerTwip_(1 / kTwipsPerPixel) {
+Scale::Scale() : font_(nullptr), lineHeight_(kLineHeight), twipsPerPixel_(kTwipsPerPixel) {
   HDC screen = GetDC(nullptr);
   font_ = MakeDialogFont(screen);
   if (screen == nullptr) return;
@@ -39,9 +39,11 @@ Scale::Scale() : font_(nullptr), lineHeight_(kLineHeight), pixelsPerTwip_(1 / kT
   if (GetTextMetricsW(screen, &metrics) != 0 &&
       GetTextExtentPoint32W(screen, kLetters.data(), static_cast<int>(kLetters.size()), &letters) != 0) {
     lineHeight_ = metrics.tmHeight;
-    const float letterWidth = static_cast<float>(letters.cx) / static_cast<float>(kLetters.size());
+    // Rounded as the system rounds the units of its dialogs.
+    const int letterWidth = (letters.cx / static_cast<int>(kLetters.size() / 2) + 1) / 2;
     const float higher = static_cast<float>(lineHeight_) / kLineHeight;
-    pixelsPerTwip_ = std::max({1.0F, higher, letterWidth / kLetterWidth}) / kTwipsPerPixel;
+    const float wider = static_cast<float>(letterWidth) / kLetterWidth;
+    twipsPerPixel_ = kTwipsPerPixel / std::max({1.0F, higher, wider});
   }
   SelectObject(screen, before);
   ReleaseDC(nullptr, screen);
@@ -52,7 +54,7 @@ Scale::~Scale() {
 }
 
 RECT Scale::ToPixels(const Bounds& twips) const {
-  const auto pixels = [this](float length) { return static_cast<LONG>(std::lround(length * pixelsPerTwip_)); };
+  const auto pixels = [this](float length) { return static_cast<LONG>(std::lround(length / twipsPerPixel_)); };
   return {.left = pixels(twips.left),
           .top = pixels(twips.top),
           .right = pixels(twips.left + twips.width),
@@ -60,7 +62,7 @@ RECT Scale::ToPixels(const Bounds& twips) const {
 }
 
 Bounds Scale::ToTwips(const RECT& pixels) const {
-  const auto twips = [this](LONG length) { return static_cast<float>(length) / pixelsPerTwip_; };
+  const auto twips = [this](LONG length) { return static_cast<float>(length) * twipsPerPixel_; };
   return {.left = twips(pixels.left),
           .top = twips(pixels.top),
           .width = twips(pixels.right - pixels.left),

@@ -17,7 +17,7 @@ class Scale {
 
   HFONT font() const { return font_; }
   int lineHeight() const { return lineHeight_; }  ///< pixels
-  float twipsPerPixel() const { return 1 / pixelsPerTwip_; }
+  float twipsPerPixel() const { return twipsPerPixel_; }
 
   /// Both ways, whole pixels; edges are rounded, so that neighbours stay neighbours.
   RECT ToPixels(const Bounds& twips) const;
@@ -26,7 +26,7 @@ class Scale {
  private:
   HFONT font_;
   int lineHeight_;
-  float pixelsPerTwip_;
+  float twipsPerPixel_;
 };
 
 }  // namespace zorkanca::win32

@@ -25,6 +25,8 @@ void TextBoxView::RefreshContent() {
 
 void TextBoxView::Notified(WORD code) {
   if (code == EN_CHANGE && !showing_) PersonEdited();
+  // A text that is to be replaced by typing stays marked when a click, which will set the cursor, brings the person.
+  if (code == EN_SETFOCUS && box_.allSelected()) PostMessageW(window(), EM_SETSEL, 0, -1);
 }
 
 void TextBoxView::PersonEdited() {
