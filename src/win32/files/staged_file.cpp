@@ -1,7 +1,6 @@
 #include "win32/files/staged_file.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstring>
 #include <vector>
 
@@ -74,12 +73,12 @@ void StagedFile::Commit() {
 
 void StagedFile::Rename() {
   const std::size_t nameBytes = target_.path.size() * sizeof(wchar_t);
-  std::vector<std::max_align_t> room((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(std::max_align_t) + 1);
+  std::vector<HANDLE> room((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(HANDLE) + 1);  // aligned as its handle
   auto* const rename = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
   rename->ReplaceIfExists = TRUE;
   rename->FileNameLength = static_cast<DWORD>(nameBytes);
   std::memcpy(rename->FileName, target_.path.data(), nameBytes);
-  const auto size = static_cast<DWORD>(room.size() * sizeof(std::max_align_t));
+  const auto size = static_cast<DWORD>(room.size() * sizeof(HANDLE));
   if (!SetFileInformationByHandle(file_.get(), FileRenameInfo, rename, size)) {
     RaiseSystemError(GetLastError(), shownPath_);
   }
