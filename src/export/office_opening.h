@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "export/export_context.h"
 #include "export/export_types.h"
@@ -19,18 +20,24 @@ struct AttachedApplication {
   bool startedHere = false;
 };
 
-/// Attaches to the running application; only when none runs it is started.
+/// Attaches to the running application; only when none runs it is started. One that is not to be found as running after
+/// that is used as it was started.
 template <typename Application>
 AttachedApplication<Application> AttachOrStart(OfficeApplications& office,
                                                std::shared_ptr<Application> (OfficeApplications::*attach)(),
                                                std::shared_ptr<Application> (OfficeApplications::*start)()) {
-  try {
-    return {.application = (office.*attach)()};
-  } catch (const Error& error) {
-    if (error.number() != static_cast<std::int32_t>(RuntimeError::kCannotCreateObject)) throw;
-  }
-  const std::shared_ptr<Application> started = (office.*start)();  // an unseen one without references would end
-  return {.application = (office.*attach)(), .startedHere = true};
+  const auto running = [&]() -> std::shared_ptr<Application> {
+    try {
+      return (office.*attach)();
+    } catch (const Error& error) {
+      if (error.number() != static_cast<std::int32_t>(RuntimeError::kCannotCreateObject)) throw;
+      return nullptr;
+    }
+  };
+  if (auto application = running()) return {.application = std::move(application)};
+  auto started = (office.*start)();  // held: an unseen one without references would end
+  auto found = running();
+  return {.application = found ? std::move(found) : std::move(started), .startedHere = true};
 }
 
 /// How the application is seen while and after something is opened in it.

@@ -40,9 +40,9 @@ class Registry {
   /// @param name  empty for the key's default value
   /// @return nothing when the key or the value is missing
   virtual std::optional<RegistryValue> Read(RegistryHive hive, TextView key, TextView name) = 0;
-  /// Names of the direct sub-keys in order of creation; empty when the key is missing.
+  /// Names of the direct sub-keys, in order of creation or as the system has them; empty when the key is missing.
   virtual std::vector<Text> SubkeyNames(RegistryHive hive, TextView key) = 0;
-  /// Names of the values in order of creation (the default value is ""); empty when the key is missing.
+  /// Names of the values (the default value is ""), in the same order; empty when the key is missing.
   virtual std::vector<Text> ValueNames(RegistryHive hive, TextView key) = 0;
 
   /// Makes the key with all its parents; nothing happens when it exists.
@@ -54,8 +54,9 @@ class Registry {
   /// Deletes the key with all below it. @return false when there was nothing to delete
   virtual bool DeleteKey(RegistryHive hive, TextView key) = 0;
 
-  /// Runs `changes`, which calls the writers above, as one change: others see all of it or nothing, and the store is
-  /// written once. An exception from `changes` drops them all.
+  /// Runs `changes`, which calls the writers above, as one change where the store knows such: others see all of it or
+  /// nothing, it is written once, and an exception from `changes` drops them all. The registry of Windows takes each
+  /// write at once and keeps those before an exception.
   virtual void Change(const std::function<void()>& changes) = 0;
 };
 

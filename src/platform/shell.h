@@ -17,7 +17,8 @@ class Shell {
  public:
   virtual ~Shell() = default;
   /// Starts the program that the system associates with the file, on that file, and does not wait for its end.
-  /// Errors: 53 when the file or the program is missing, 5 when it could not be started.
+  /// Errors: 53 when the file or the program is missing, 5 when it could not be started; on a system whose own numbers
+  /// people know from its messages, that number.
   virtual void OpenDocument(TextView path) = 0;
   /// Starts a program with a normal, focused window and does not wait for its end.
   /// @param commandLine  the program and its arguments, separated by blanks; '"' encloses one that holds blanks, and is

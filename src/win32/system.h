@@ -16,6 +16,7 @@
 
 #include <ole2.h>
 
+#include <cderr.h>
 #include <commdlg.h>
 #include <dispex.h>
 #include <ocidl.h>

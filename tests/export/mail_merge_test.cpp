@@ -225,6 +225,12 @@ TEST_F(MailMergeTest, AStartedWordIsHeldUntilItIsAttachedTo) {
   EXPECT_TRUE(office.MakeMailDocument(arguments));
 }
 
+TEST_F(MailMergeTest, AStartedWordThatIsNeverFoundIsUsedAsItIs) {
+  computer.word.isFound = false;
+  EXPECT_TRUE(office.MakeMailDocument(arguments));
+  EXPECT_NE(arguments.roRetDoc, nullptr);
+}
+
 TEST_F(MailMergeTest, OneDocumentForEachRecordNeedsUnicode) {
   arguments.MultiDocument = true;
   const struct {

@@ -229,7 +229,7 @@ class FakeApplication final : public WordApplication {
 
 WordApplicationReference FakeWord::AttachWord() {
   if (ends && application.use_count() == 1) running = false;
-  if (!running) throw Error(attachError ? attachError : 429, Text(), u"no Word");
+  if (!running || !isFound) throw Error(attachError ? attachError : 429, Text(), u"no Word");
   return application;
 }
 

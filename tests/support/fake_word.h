@@ -31,6 +31,7 @@ class FakeWord final {
   bool refusesKind = false;                ///< setting the kind of the main document raises 4605
   bool refusesToOpen = false;              ///< opening raises 5174
   std::string refusedLine;                 ///< the change that would write this line raises 5
+  bool isFound = true;                     ///< once started; else attaching to it raises 429
   bool ends = false;                       ///< unseen and without references, Word ends before it is attached to
   bool refusesToExport = false;            ///< ExportAsFixedFormat raises 5
   std::set<Text> formFields;               ///< of every document; others raise 5941

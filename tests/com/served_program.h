@@ -1,0 +1,28 @@
+// A stand-in for an office application, as other programs find it: registered, running, ready to be started.
+#pragma once
+
+#include <string>
+
+#include "com/server_under_test.h"
+#include "win32/fake_automation.h"
+
+namespace zorkanca::testing {
+
+class ServedProgram {
+ public:
+  /// @param name  "Word.Application" or "Excel.Application"
+  explicit ServedProgram(const std::wstring& name);
+  ~ServedProgram();
+  ServedProgram(const ServedProgram&) = delete;
+  ServedProgram& operator=(const ServedProgram&) = delete;
+
+  FakeWorld world{};
+
+ private:
+  std::wstring name_;
+  LateObject root_;
+  DWORD started_ = 0;
+  DWORD running_ = 0;
+};
+
+}  // namespace zorkanca::testing
