@@ -171,19 +171,24 @@ void StoryCompiler::AddMessage(const FoldedField& field, ResultRuns runs, TextVi
   AddValue(field, std::move(step), inCode);
 }
 
+// A tab is an element: as a character in a text it would be read as a blank.
 void StoryCompiler::AddTextRun(const pugi::xml_node& format, TextView text, bool inCode) {
-  const std::string_view element = inCode ? "w:instrText" : "w:t";
+  const std::string element = inCode ? "w:instrText" : "w:t";
   Xml("<w:r>");
   if (format) Xml(XmlBytes(format));
-  Xml("<");
-  Xml(element);
-  Xml(" xml:space=\"preserve\">");
-  std::string escaped;
-  AppendXmlText(escaped, text);
-  Xml(escaped);
-  Xml("</");
-  Xml(element);
-  Xml("></w:r>");
+  std::string content;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(u'\t', start), text.size());
+    if (end > start) {
+      content += "<" + element + " xml:space=\"preserve\">";
+      AppendXmlText(content, text.substr(start, end - start));
+      content += "</" + element + ">";
+    }
+    if (end < text.size()) content += "<w:tab/>";
+    start = end + 1;
+  }
+  Xml(content);
+  Xml("</w:r>");
   Units(text);
 }
 
