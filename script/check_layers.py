@@ -28,10 +28,11 @@ LAYERS = {
     "word": {"files", "opc", "libreoffice", "platform", "runtime"},
     "excel": {"files", "opc", "libreoffice", "platform", "runtime"},
     "sqlite": {"platform", "runtime"},
+    "odbc": {"platform", "runtime"},
     "host": {"files", "textfiles", "opc", "libreoffice", "word", "excel", "platform", "runtime"},
     "qt": {"platform", "runtime"},
-    "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "platform", "runtime", "sqlite",
-            "templates", "xmltemplate"},
+    "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "odbc", "platform", "runtime",
+            "sqlite", "templates", "xmltemplate"},
 }
 
 # Every arrow between the folders of a layer that has any; "" is the layer's own.
@@ -71,10 +72,11 @@ LIBRARIES = {
     re.compile(r"pugixml\.hpp$"): {"opc", "libreoffice", "word", "excel"},
     re.compile(r"(expat|zlib)\.h$|isa-l/"): {"opc"},
     re.compile(r"sqlite3\.h$"): {"sqlite"},
+    re.compile(r"(sql|sqlext|sqlucode)\.h$"): {"odbc"},
     re.compile(r"Q[A-Z]"): {"qt"},
     re.compile(r"(CLI|nlohmann)/"): {"cli"},
 }
-SYSTEM = {"files", "opc", "libreoffice", "word", "excel", "host", "qt", "cli"}  # may use what POSIX declares
+SYSTEM = {"files", "opc", "libreoffice", "odbc", "word", "excel", "host", "qt", "cli"}  # may use what POSIX declares
 STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no folder, no extension
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')

@@ -184,7 +184,8 @@ void AddBarcodeCommands(CLI::App& app, Command& chosen) {
   CLI::Option* value = command->add_option("--value", options->value, "value to encode; this or --db is required");
   AddQueryOptions(*command, options->query);
   CLI::Option* database = command->get_option("--db")->required(false)->excludes(value);
-  database->description("SQLite database file, for a bar code of each record; in place of --value (default: none)");
+  database->description(
+      "SQLite database file or 'ODBC;...', for a bar code of each record; in place of --value (default: none)");
   command->remove_option(command->get_option("--step"));
   command->add_option("--svg", options->svg,
                       "draw into this file; several records: into this folder (default: print the text)");

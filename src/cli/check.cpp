@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/odbc_source.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
@@ -75,7 +76,7 @@ class Check {
     QueryDatabase database(context_, order_.query);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
-    Ok(u"the database " + FromUtf8(order_.query.database));
+    Ok(u"the database " + FromUtf8(ShownDatabase(order_.query.database)));
     if (recordset->Eof() && recordset->Bof()) context_.report.Warning(u"The query gives no records.");
     Text names = NamesOf(order_.query);
     if (const auto barCode = TakeBarCode(names, context_.platform.locale)) barCode_ = barCode->BarCodeField();

@@ -9,7 +9,10 @@
 namespace zorkanca::cli {
 
 void AddQueryOptions(CLI::App& command, QueryOptions& query) {
-  command.add_option("--db", query.database, "SQLite database file")->required();
+  command.add_option("--db", query.database, "SQLite database file, or 'ODBC;...', a connection string")->required();
+  command.add_option("--db-password-file", query.passwordFile,
+                     "file with the password of the connection, which nobody else may read (default: "
+                     "$ZORKANCA_DB_PASSWORD, else asked for)");
   CLI::Option* select = command.add_option(
       "--select", query.select, "SELECT statement, - reads it from standard input; this or --sql-file is required");
   command
@@ -71,11 +74,6 @@ ExportPreferences PreferencesOf(const QueryOptions& query, bool strict) {
           .strict = strict,
           .unicode = query.unicode,
           .dataEncoding = encoding};
-}
-
-const std::string& SqlitePath(const std::string& argument) {
-  if (!argument.starts_with("ODBC;")) return argument;
-  throw UsageError("--db takes an SQLite file; ODBC connections are not supported by this program yet");
 }
 
 namespace {

@@ -15,6 +15,7 @@ namespace zorkanca::cli {
 /// Options of the exports over a database.
 struct QueryOptions {
   std::string database;
+  std::string passwordFile;
   std::string select;
   std::string sqlFile;
   std::int16_t options = 0;
@@ -44,9 +45,6 @@ struct PreparedFileOptions {
 void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared);
 void AddEncodingOption(CLI::App& command, QueryOptions& query);
 void AddUnicodeOption(CLI::App& command, QueryOptions& query);
-
-/// The path of an SQLite database as --db gave it. Errors: `UsageError` for a connection string of another database.
-const std::string& SqlitePath(const std::string& argument);
 
 /// The types of columns as --type settles them. Errors: `UsageError` for an unknown type.
 SqliteColumnTypes TypesOf(const QueryOptions& query);

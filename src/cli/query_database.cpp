@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "cli/odbc_source.h"
 #include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
@@ -85,10 +86,16 @@ class QueryDatabase::CountedRecordset final : public Recordset {
 
 QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& options)
     : share_(ShareOf(options.part)) {
-  auto database = std::make_unique<SqliteDatabase>(SqlitePath(options.database), &context.interrupted);
-  database->SettleTypes(TypesOf(options));
-  details_ = database.get();
-  database_ = std::move(database);
+  const auto take = [&](auto database) {
+    database->SettleTypes(TypesOf(options));
+    details_ = database.get();
+    database_ = std::move(database);
+  };
+  if (IsConnectionString(options.database)) {
+    take(OpenOdbc(context, options));
+  } else {
+    take(std::make_unique<SqliteDatabase>(options.database, &context.interrupted));
+  }
 }
 
 QueryDatabase::~QueryDatabase() = default;
