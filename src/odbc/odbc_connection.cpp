@@ -83,6 +83,18 @@ void OdbcConnection::Connect(const std::optional<Text>& password, bool streams) 
   for (const TextView sql : driver_->setup) Execute(sql);
 }
 
+void OdbcConnection::SetRunning(SQLHSTMT statement) {
+  const std::lock_guard lock(cancelling_);
+  running_ = statement;
+  if (cancelled_) Raise(RuntimeError::kUserInterrupt);
+}
+
+void OdbcConnection::Cancel() {
+  const std::lock_guard lock(cancelling_);
+  cancelled_ = true;
+  if (running_ != SQL_NULL_HSTMT) odbc_.Cancel(running_);
+}
+
 // A data source tells its driver in its description.
 const OdbcDriver& OdbcConnection::DriverOfSource() const {
   if (const std::optional<Text> driver = string_.ValueOf(u"DRIVER")) return OdbcDriverNamed(*driver);

@@ -1,8 +1,10 @@
 // A connection to a server by its ODBC driver: how it is opened to read only, the transaction of one moment, and what
-// the driver says of a failure as an error of ours. All of it is called on the connection's worker thread alone.
+// the driver says of a failure as an error of ours. All of it but `Cancel` is called on the connection's worker thread
+// alone.
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +47,18 @@ class OdbcConnection {
   /// In a transaction everything is read as it was at one moment.
   bool ReadsOneMoment() const { return readsOneMoment_; }
 
+  /// Calls the driver for a statement that `Cancel` may end. Errors: 18 once that was called.
+  template <typename Call>
+  SQLRETURN Run(SQLHSTMT statement, Call call) {
+    SetRunning(statement);
+    const SQLRETURN code = call();
+    SetRunning(SQL_NULL_HSTMT);
+    return code;
+  }
+  /// Asks the statement that runs to end; no other will begin. Called from another thread; waits for the server as long
+  /// as the driver does.
+  void Cancel();
+
   /// Raises what the driver says of a handle: "SQLSTATE (native number) text". The password is not in it.
   [[noreturn]] void RaiseFailure(SQLSMALLINT type, SQLHANDLE handle) const;
   void RequireSuccess(SQLRETURN code, SQLSMALLINT type, SQLHANDLE handle) const {
@@ -65,6 +79,7 @@ class OdbcConnection {
   void Execute(TextView sql) const;
   Diagnosis Diagnose(SQLSMALLINT type, SQLHANDLE handle) const;
   [[noreturn]] void RaiseNoConnection(bool hadPassword) const;
+  void SetRunning(SQLHSTMT statement);
   void Free();
 
   const OdbcLibrary& odbc_;
@@ -74,6 +89,9 @@ class OdbcConnection {
   SqlDialect dialect_;
   SQLHENV environment_ = SQL_NULL_HENV;
   SQLHDBC connection_ = SQL_NULL_HDBC;
+  std::mutex cancelling_;  // the statement that runs is not freed while it is cancelled
+  SQLHSTMT running_ = SQL_NULL_HSTMT;
+  bool cancelled_ = false;
   bool connected_ = false;
   bool inTransaction_ = false;
   bool readsOneMoment_ = false;

@@ -151,7 +151,7 @@ void OdbcCursor::Execute(const std::vector<const Value*>& values) {
                                                      parameter.sqlType, parameter.columnSize, parameter.digits,
                                                      parameter.data(), parameter.length, &parameter.indicator));
   }
-  const SQLRETURN code = connection_->odbc().Execute(statement_);
+  const SQLRETURN code = connection_->Run(statement_, [this] { return connection_->odbc().Execute(statement_); });
   if (code != SQL_NO_DATA) RequireSuccess(code);
   isOpen_ = true;
   atEnd_ = code == SQL_NO_DATA;
@@ -189,7 +189,7 @@ void OdbcCursor::Bind(OdbcBlock& block) {
 // A row that the driver could not give is told by its state alone when others of the call were fetched.
 std::size_t OdbcCursor::FetchRows() {
   fetched_ = 0;
-  const SQLRETURN code = connection_->odbc().Fetch(statement_);
+  const SQLRETURN code = connection_->Run(statement_, [this] { return connection_->odbc().Fetch(statement_); });
   if (code == SQL_NO_DATA) return 0;
   RequireSuccess(code);
   if (rowsOfBlock_ == 1) return 1;
@@ -303,8 +303,9 @@ std::optional<std::int64_t> CountByQuery(const std::shared_ptr<OdbcConnection>& 
     ReadOdbcValue(value, block.At(0, 0), counting.columns()[0]);
     if (const auto* const number = std::get_if<std::int64_t>(&value)) return *number;
     if (const auto* const number = std::get_if<std::int32_t>(&value)) return *number;
-  } catch (const Error&) {
-    if (connection->driver().failureEndsTransaction) throw;
+  } catch (const Error& error) {
+    const bool isInterrupted = error.number() == static_cast<std::int32_t>(RuntimeError::kUserInterrupt);
+    if (isInterrupted || connection->driver().failureEndsTransaction) throw;
     // what is wrong with the query itself is told when it runs
   }
   return std::nullopt;

@@ -1,5 +1,4 @@
-// One statement of a connection, and blocks of its rows. All of it but `Cancel` is called on the connection's worker
-// thread alone.
+// One statement of a connection, and blocks of its rows. All of it is called on the connection's worker thread alone.
 //
 // Columns whose values have a length that is known are bound, so that a call fetches 500 rows. From the first other
 // column on values are asked for one by one, long ones piece by piece, as drivers allow it: in the order of the
@@ -76,9 +75,6 @@ class OdbcCursor {
 
   /// The number of rows, found by fetching them all. The query was run.
   std::int64_t CountRows();
-
-  /// Asks what runs to end. Called from another thread.
-  void Cancel() { connection_->odbc().Cancel(statement_); }
 
  private:
   void PrepareText(TextView sql);

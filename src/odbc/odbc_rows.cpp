@@ -21,9 +21,7 @@ OdbcRows::~OdbcRows() {
 }
 
 OdbcWorker::Ticket OdbcRows::StartJob(std::function<void()> body) {
-  return session_->worker().Start(std::move(body), [work = work_] {
-    if (work->cursor) work->cursor->Cancel();
-  });
+  return session_->worker().Start(std::move(body), [connection = session_->connection()] { connection->Cancel(); });
 }
 
 void OdbcRows::RunJob(std::function<void()> body) {

@@ -127,8 +127,14 @@ bool SetDecimal(Value& value, std::string_view text, FieldType type) {
     return true;
   }
   const std::optional<Decimal> decimal = LongDecimalOf(text);
-  if (decimal) value = *decimal;
-  return decimal.has_value();
+  if (!decimal) return false;
+  constexpr auto kLargest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+  if (type == FieldType::kCurrency && decimal->high == 0 && decimal->low <= kLargest) {
+    digits = static_cast<std::int64_t>(decimal->low);
+    if (SetCurrency(value, decimal->negative ? -digits : digits, decimal->scale)) return true;
+  }
+  value = *decimal;
+  return true;
 }
 
 bool SetBoolean(Value& value, std::string_view text) {

@@ -163,7 +163,7 @@ TEST(OdbcValues, OtherForms) {
   EXPECT_TRUE(std::get<Binary>(read("", 0, OdbcForm::kBinary, FieldType::kBinary)).empty());
   EXPECT_TRUE(IsNull(read(nullptr, 0, OdbcForm::kInteger, FieldType::kLong)));
 
-  for (const std::string bytes : {std::string("\xE8\xED\x73lo"), std::string("a\0b", 3)}) {
+  for (const std::string& bytes : {std::string("\xE8\xED\x73lo"), std::string("a\0b", 3)}) {
     const Error error = ErrorOf([&] { read(bytes.data(), bytes.size(), OdbcForm::kText, FieldType::kText); });
     EXPECT_EQ(error.number(), 13);
     EXPECT_NE(ToUtf8(error.description()).find("the text in the column \"a\""), std::string::npos);
