@@ -26,6 +26,11 @@ SQLUSMALLINT Position(std::size_t column) {
   return static_cast<SQLUSMALLINT>(column + 1);
 }
 
+// Of texts and bytes the driver tells how many there are.
+bool HasLength(OdbcForm form) {
+  return form == OdbcForm::kText || form == OdbcForm::kWide || form == OdbcForm::kBinary;
+}
+
 [[noreturn]] void RaiseTooLong(const Text& name) {
   throw Error(kOdbcCallFailed, u"ODBC", u"the column \"" + name + u"\" holds a value that is longer than it may be");
 }
@@ -204,8 +209,7 @@ std::size_t OdbcCursor::FetchRows() {
 void OdbcCursor::RequireWhole(const OdbcBlock& block) const {
   for (std::size_t column = 0; column < boundColumns_; ++column) {
     const OdbcBlock::Bound& bound = block.bound_[column];
-    const OdbcForm form = columns_[column].form;
-    if (form != OdbcForm::kText && form != OdbcForm::kWide && form != OdbcForm::kBinary) continue;
+    if (!HasLength(columns_[column].form)) continue;
     for (std::size_t row = 0; row < block.rows_; ++row) {
       const SQLLEN length = bound.lengths[row];
       if (length == SQL_NULL_DATA || (length >= 0 && length < static_cast<SQLLEN>(bound.width))) continue;
@@ -241,8 +245,11 @@ void OdbcCursor::FetchCopied(OdbcBlock& block) {
 }
 
 void OdbcCursor::CopyBound(OdbcBlock& block) const {
-  for (const OdbcBlock::Bound& bound : block.bound_) {
-    const SQLLEN length = bound.lengths.front();
+  for (std::size_t column = 0; column < boundColumns_; ++column) {
+    const OdbcBlock::Bound& bound = block.bound_[column];
+    SQLLEN length = bound.lengths.front();
+    // Drivers tell what they like of values whose length is known.
+    if (length != SQL_NULL_DATA && !HasLength(columns_[column].form)) length = static_cast<SQLLEN>(bound.width);
     block.copies_.emplace_back(block.bytes_.size(), length);
     if (length > 0) block.bytes_.insert(block.bytes_.end(), bound.values.begin(), bound.values.begin() + length);
   }

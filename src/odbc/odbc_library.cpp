@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include <cstdlib>
+
 #include "odbc/odbc_errors.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -22,6 +24,9 @@ void Take(void* library, const char* name, Function& function) {
 }
 
 OdbcLibrary Load() {
+  // psqlODBC gives texts in the encoding of the locale, and fails for letters that it lacks, unless it is told
+  // otherwise; nobody else reads this variable.
+  setenv("PGCLIENTENCODING", "UTF8", 1);
   // Never unloaded: drivers keep threads and exit handlers.
   void* const library = dlopen(kFileName, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
   if (library == nullptr) {

@@ -10,7 +10,8 @@ constexpr std::size_t kNumberWidth = 64;            // digits of a decimal, sign
 constexpr std::uint64_t kPostgresNumericSize = 28;  // what its driver tells of a numeric without a precision
 
 OdbcColumn Number(FieldType type, OdbcForm form) {
-  const std::size_t width = form == OdbcForm::kText ? kNumberWidth : sizeof(std::int64_t);
+  // The values of a bound column that are no texts lie as densely as they can.
+  const std::size_t width = form == OdbcForm::kText ? kNumberWidth : form == OdbcForm::kBit ? 1 : sizeof(std::int64_t);
   return {.name = {}, .type = type, .size = 0, .form = form, .width = width};
 }
 

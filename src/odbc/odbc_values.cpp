@@ -253,7 +253,7 @@ void ReadOdbcValue(Value& value, const OdbcCell& cell, const OdbcColumn& column)
     case OdbcForm::kReal:
       return SetReal(value, NumberIn<double>(cell), column.type);
     case OdbcForm::kBit:
-      value = *cell.data != 0;
+      value = *cell.data != 0 && *cell.data != '0';  // MariaDB's driver gives the digit
       return;
     case OdbcForm::kText:
       return ReadText(value, {cell.data, cell.size}, column);

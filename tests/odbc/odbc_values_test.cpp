@@ -156,7 +156,9 @@ TEST(OdbcValues, OtherForms) {
   EXPECT_EQ(read(&number, 8, OdbcForm::kInteger, FieldType::kBigInteger), Value(std::int64_t{40000}));
   const double real = 0.5;
   EXPECT_EQ(read(&real, 8, OdbcForm::kReal, FieldType::kSingle), Value(0.5f));
-  EXPECT_EQ(read("\1", 1, OdbcForm::kBit, FieldType::kBoolean), Value(true));
+  for (const auto& [byte, expected] : {std::pair{"\1", true}, {"1", true}, {"\0", false}, {"0", false}}) {
+    EXPECT_EQ(read(byte, 1, OdbcForm::kBit, FieldType::kBoolean), Value(expected)) << byte;
+  }
   EXPECT_EQ(read(u"Žluť", 8, OdbcForm::kWide, FieldType::kText), Value(Text(u"Žluť")));
   EXPECT_EQ(read(u"12.5", 8, OdbcForm::kWide, FieldType::kCurrency), Value(Currency{125000}));
   EXPECT_EQ(std::get<Binary>(read("\0\xFF", 2, OdbcForm::kBinary, FieldType::kBinary)).size(), 2u);
