@@ -110,7 +110,7 @@ void WriteTemplate(const std::string& folder) {
       "<a:avLst/></a:prstGeom></xdr:spPr></xdr:sp><xdr:clientData/></xdr:twoCellAnchor></xdr:wsDr>");
   const auto relate = [&](const std::string& source, const std::string& kind, const std::string& target) {
     Relationships list = package.RelationshipsOf(source);
-    list.Add(OfficeRelationshipType(kind, OfficeFamily::kTransitional), target);
+    list.Add(OfficeRelationshipType(kind), target);
     package.SetRelationships(list);
   };
   relate("/", "officeDocument", "/xl/workbook.xml");

@@ -61,10 +61,10 @@ void WriteTemplate(const std::string& path, bool letters) {
                   "<w:document" + root + "<w:body>" + (letters ? Letter() : Catalog()) + "</w:body></w:document>");
   package.AddPart("/word/header1.xml", type + "header+xml", "<w:hdr" + root + "<w:p>" + Field(0) + "</w:p></w:hdr>");
   Relationships top("/");
-  top.Add(OfficeRelationshipType("officeDocument", OfficeFamily::kTransitional), "/word/document.xml");
+  top.Add(OfficeRelationshipType("officeDocument"), "/word/document.xml");
   package.SetRelationships(top);
   Relationships main("/word/document.xml");
-  main.Add(OfficeRelationshipType("header", OfficeFamily::kTransitional), "/word/header1.xml");
+  main.Add(OfficeRelationshipType("header"), "/word/header1.xml");
   package.SetRelationships(main);
   package.SaveAs(path);
 }

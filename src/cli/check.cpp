@@ -76,7 +76,9 @@ class Check {
     QueryDatabase database(context_, order_.query);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
-    Ok(u"the database " + FromUtf8(ShownDatabase(order_.query.database)));
+    if (database.sources().connection) Ok(u"the database " + FromUtf8(ShownDatabase(*database.sources().connection)));
+    if (database.sources().sqliteFile) Ok(u"the database " + FromUtf8(*database.sources().sqliteFile));
+    for (const LoadedTable& table : database.LoadedTables()) Ok(Description(table));
     if (recordset->Eof() && recordset->Bof()) context_.report.Warning(u"The query gives no records.");
     Text names = NamesOf(order_.query);
     if (const auto barCode = TakeBarCode(names, context_.platform.locale)) barCode_ = barCode->BarCodeField();
@@ -104,6 +106,13 @@ class Check {
       if (!barCode_.empty()) columns_->push_back(barCode_);
     }
     Ok(u"the data " + data + u", columns " + Join(*columns_, u";"));
+  }
+
+  // "the table zbozi of zbozi.csv, columns kod text, cena decimal"
+  static Text Description(const LoadedTable& table) {
+    std::vector<Text> columns;
+    for (const auto& [name, type] : table.columns) columns.push_back(FromUtf8(name + " " + type));
+    return u"the table " + FromUtf8(table.name) + u" of " + FromUtf8(table.path) + u", columns " + Join(columns, u", ");
   }
 
   void SetColumns(TextView header) {

@@ -25,6 +25,7 @@ constexpr auto kValues = std::to_array<NamedValue>({
     {"--config", "FILE", ValueKind::kFile},
     {"--db", "DB", ValueKind::kFile},
     {"--db-password-file", "FILE", ValueKind::kFile},
+    {"--separator", "CHAR"},
     {"--select", "SQL"},
     {"--sql-file", "FILE", ValueKind::kFile},
     {"--query", "NAME=SQL"},

@@ -96,13 +96,13 @@ std::optional<Text> AskForPassword(const CommandContext& context, TextView user)
   return FromUtf8(line);
 }
 
-std::optional<Text> PasswordOf(const CommandContext& context, const QueryOptions& options, ConnectionString& string) {
+std::optional<Text> PasswordOf(const CommandContext& context, const std::string& file, ConnectionString& string) {
   std::optional<Text> ofString = string.TakePassword();
   if (ofString) {
     context.report.Warning(
         u"the password in --db shows in the list of processes; --db-password-file and $ZORKANCA_DB_PASSWORD do not");
   }
-  if (!options.passwordFile.empty()) return PasswordOfFile(options.passwordFile);
+  if (!file.empty()) return PasswordOfFile(file);
   if (ofString) return ofString;
   const char* const ofEnvironment = std::getenv(kVariable);
   if (ofEnvironment != nullptr && *ofEnvironment != '\0') return FromUtf8(ofEnvironment);
@@ -115,9 +115,10 @@ bool IsConnectionString(const std::string& database) {
   return EqualsIgnoringCase(FromUtf8(database.substr(0, kPrefix.size())), FromUtf8(kPrefix));
 }
 
-std::unique_ptr<OdbcDatabase> OpenOdbc(const CommandContext& context, const QueryOptions& options) {
-  ConnectionString string = StringOf(options.database);
-  std::optional<Text> password = PasswordOf(context, options, string);
+std::unique_ptr<OdbcDatabase> OpenOdbc(const CommandContext& context, const std::string& database,
+                                       const std::string& passwordFile) {
+  ConnectionString string = StringOf(database);
+  std::optional<Text> password = PasswordOf(context, passwordFile, string);
   return std::make_unique<OdbcDatabase>(
       OdbcLogin{.string = std::move(string),
                 .password = std::move(password),

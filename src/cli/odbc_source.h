@@ -5,7 +5,6 @@
 #include <string>
 
 #include "cli/command_line.h"
-#include "cli/query_arguments.h"
 #include "odbc/odbc_database.h"
 
 namespace zorkanca::cli {
@@ -17,7 +16,8 @@ bool IsConnectionString(const std::string& database);
 /// warning: it shows in the list of processes), else of $ZORKANCA_DB_PASSWORD; where the server asks for one and there
 /// is none of these, the person at the terminal is asked.
 /// Errors: `UsageError` for a string that is none; 70 when others may read the password's file; 53, 57.
-std::unique_ptr<OdbcDatabase> OpenOdbc(const CommandContext& context, const QueryOptions& options);
+std::unique_ptr<OdbcDatabase> OpenOdbc(const CommandContext& context, const std::string& database,
+                                       const std::string& passwordFile);
 
 /// What may be told of --db: no password is in it.
 std::string ShownDatabase(const std::string& database);

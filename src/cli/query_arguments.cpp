@@ -9,7 +9,14 @@
 namespace zorkanca::cli {
 
 void AddQueryOptions(CLI::App& command, QueryOptions& query) {
-  command.add_option("--db", query.database, "SQLite database file, or 'ODBC;...', a connection string")->required();
+  command
+      .add_option(
+          "--db", query.databases,
+          "an SQLite file; a CSV file (*.csv, *.tsv, csv:PATH) or a JSON file (*.json, *.jsonl, json:PATH), a "
+          "table of the file's name; :memory: for no table; several are one database; or 'ODBC;...', a connection "
+          "string")
+      ->required()
+      ->allow_extra_args(false);
   command.add_option("--db-password-file", query.passwordFile,
                      "file with the password of the connection, which nobody else may read (default: "
                      "$ZORKANCA_DB_PASSWORD, else asked for)");
@@ -21,10 +28,16 @@ void AddQueryOptions(CLI::App& command, QueryOptions& query) {
       ->excludes(select);
   command
       .add_option("--type", query.types,
-                  "COLUMN=boolean, integer, currency, double, date or text: the type of a computed column (default: "
-                  "that of its "
-                  "values)")
+                  "COLUMN=boolean, integer, currency, double, date or text: the type of a computed column, or of a "
+                  "column of CSV and JSON files (default: that of its values)")
       ->allow_extra_args(false);
+  command.add_option("--separator", query.separator,
+                     "what separates the fields of CSV files, one character or tab (default: the comma, semicolon, tab "
+                     "or | that fits the first records)");
+  command
+      .add_option("--encoding", query.fileEncoding,
+                  "ansi, utf-8 or utf-16: how CSV and JSON files without a byte-order mark are read (default: utf-8)")
+      ->check(CLI::IsMember({"ansi", "utf-8", "utf-16"}));
   command.add_option("--options", query.options, "options passed to the database")->capture_default_str();
   command.add_option("--part", query.part,
                      "the K-th of N equal shares of the records, K/N, for N computers (default: 1/1)");

@@ -14,7 +14,7 @@ namespace zorkanca::cli {
 
 /// Options of the exports over a database.
 struct QueryOptions {
-  std::string database;
+  std::vector<std::string> databases;
   std::string passwordFile;
   std::string select;
   std::string sqlFile;
@@ -25,7 +25,9 @@ struct QueryOptions {
   std::string multiplier;
   std::string part;  ///< K/N
   std::int16_t blankRecords = 0;
-  std::string encoding;  ///< of prepared files and data files; empty: by the mark
+  std::string encoding;      ///< of prepared files and data files; empty: by the mark
+  std::string separator;     ///< of the fields of CSV files; empty: it is found
+  std::string fileEncoding;  ///< of CSV and JSON files without a mark; empty: UTF-8
   bool unicode = false;
 };
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "cli/odbc_source.h"
+#include "runtime/utf8.h"
 #include "sqlite/sqlite_database.h"
 
 namespace zorkanca::cli {
@@ -85,20 +86,39 @@ class QueryDatabase::CountedRecordset final : public Recordset {
 };
 
 QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& options)
-    : share_(ShareOf(options.part)) {
-  const auto take = [&](auto database) {
-    database->SettleTypes(TypesOf(options));
-    details_ = database.get();
-    database_ = std::move(database);
-  };
-  if (IsConnectionString(options.database)) {
-    take(OpenOdbc(context, options));
-  } else {
-    take(std::make_unique<SqliteDatabase>(options.database, &context.interrupted));
+    : sources_(SourcesOf(options)), share_(ShareOf(options.part)) {
+  if (sources_.connection) {
+    auto server = OpenOdbc(context, *sources_.connection, options.passwordFile);
+    server->SettleTypes(TypesOf(options));
+    details_ = server.get();
+    database_ = std::move(server);
+    return;
   }
+  auto database = std::make_unique<SqliteDatabase>(sources_.sqliteFile, &context.interrupted);
+  const SqliteColumnTypes types = TypesOf(options);
+  database->SettleTypes(types);
+  if (!sources_.files.empty()) {
+    const FileReading reading{.locale = &context.platform.locale,
+                              .withoutMark = EncodingOf(options),
+                              .types = types,
+                              .interrupted = &context.interrupted};
+    database->BeforeFirstQuery([this, reading](SqliteConnection& connection) { return Load(connection, reading); });
+  }
+  details_ = database.get();
+  database_ = std::move(database);
 }
 
 QueryDatabase::~QueryDatabase() = default;
+
+// @return all names of the columns of files: what --type says of them is done
+std::vector<Text> QueryDatabase::Load(SqliteConnection& connection, const FileReading& reading) {
+  loaded_ = LoadFileTables(sources_.files, reading, connection);
+  std::vector<Text> names;
+  for (const LoadedTable& table : loaded_) {
+    for (const LoadedTable::Column& column : table.columns) names.push_back(FromUtf8(column.name));
+  }
+  return names;
+}
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
   return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);

@@ -7,6 +7,7 @@
 
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
+#include "cli/query_sources.h"
 #include "platform/database.h"
 #include "platform/detail_query.h"
 
@@ -28,15 +29,21 @@ Share ShareOf(const std::string& text);
 
 class QueryDatabase final : public Database, public DetailSource {
  public:
-  /// Opens the database that --db names, once it is needed. Errors: `UsageError` for options that make no sense.
+  /// Opens what --db names, once it is needed. Errors: `UsageError` for options that make no sense.
   QueryDatabase(const CommandContext& context, const QueryOptions& options);
   ~QueryDatabase() override;
+  QueryDatabase(const QueryDatabase&) = delete;
+  QueryDatabase& operator=(const QueryDatabase&) = delete;
 
   /// Errors: those of the database.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
   /// Errors: those of the database.
   std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
+
+  const QuerySources& sources() const { return sources_; }
+  /// The tables of CSV and JSON files; known once the database was opened.
+  const std::vector<LoadedTable>& LoadedTables() const { return loaded_; }
 
   /// How many records of the query stand before the share; known once it was opened.
   std::int64_t RecordsBefore() const { return state_->before; }
@@ -50,6 +57,10 @@ class QueryDatabase final : public Database, public DetailSource {
   };
   class CountedRecordset;
 
+  std::vector<Text> Load(SqliteConnection& connection, const FileReading& reading);
+
+  QuerySources sources_;
+  std::vector<LoadedTable> loaded_;
   std::unique_ptr<Database> database_;
   DetailSource* details_ = nullptr;  // the database, too
   Share share_;

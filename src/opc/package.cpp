@@ -198,10 +198,6 @@ std::optional<std::string> Package::RelatedPart(std::string_view source, std::st
   return part;
 }
 
-OfficeFamily Package::Family() const {
-  return OfficeFamily::kTransitional;
-}
-
 bool Package::IsTranslated(const Item& item) const {
   return strict_ && AsciiLower(ContentTypeOf(PartName(item.name))).ends_with("xml");
 }

@@ -84,8 +84,6 @@ class Package {
   std::string MainPart() const;
   /// The first part that a source's relationship of this office kind leads to ("styles", "settings"), if it is there.
   std::optional<std::string> RelatedPart(std::string_view source, std::string_view kind) const;
-  /// The family of what is added: always the usual one, since strict packages are translated while they are read.
-  OfficeFamily Family() const;
 
   /// Writes the package; the sink's `Commit` stays with the caller.
   void WriteTo(ByteSink& sink) const;

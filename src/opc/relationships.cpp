@@ -35,13 +35,14 @@ std::string_view StringOf(const pugi::xml_node& node, const char* attribute) {
 }  // namespace
 
 bool Relationship::Is(std::string_view kind) const {
-  if (!std::string_view(type).ends_with(kind)) return false;
-  return type == OfficeRelationshipType(kind, OfficeFamily::kTransitional) ||
-         type == OfficeRelationshipType(kind, OfficeFamily::kStrict);
+  const std::string_view uri = type;
+  const std::size_t slash = uri.rfind('/');
+  return slash != uri.npos && uri.substr(slash + 1) == kind &&
+         SpaceOf(uri.substr(0, slash)) == XmlSpace::kRelationships;
 }
 
-std::string OfficeRelationshipType(std::string_view kind, OfficeFamily family) {
-  return std::string(NamespaceUri(XmlSpace::kRelationships, family)) + '/' + std::string(kind);
+std::string OfficeRelationshipType(std::string_view kind) {
+  return std::string(NamespaceUri(XmlSpace::kRelationships)) + '/' + std::string(kind);
 }
 
 std::optional<std::string> ResolveTarget(std::string_view source, std::string_view target) {

@@ -6,8 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "opc/office_family.h"
-
 namespace zorkanca {
 
 /// One relationship.
@@ -22,8 +20,9 @@ struct Relationship {
   bool Is(std::string_view kind) const;
 };
 
-/// The URI of an office relationship type by its last piece: "header" gives ".../relationships/header".
-std::string OfficeRelationshipType(std::string_view kind, OfficeFamily family);
+/// The URI of an office relationship type by its last piece: "header" gives ".../relationships/header",
+/// in the transitional family: strict packages are translated while they are read.
+std::string OfficeRelationshipType(std::string_view kind);
 
 /// The part a target means: "../media/a.png" from "/word/document.xml" is "/media/a.png". Nothing when the target
 /// leaves the package. A fragment ("#x") is cut off.

@@ -75,10 +75,9 @@ std::string Join(std::string_view prefix, std::string_view localName) {
 
 }  // namespace
 
-std::string_view NamespaceUri(XmlSpace space, OfficeFamily family) {
+std::string_view NamespaceUri(XmlSpace space) {
   const Vocabulary* vocabulary = Find(space);
-  if (!vocabulary) return {};
-  return family == OfficeFamily::kStrict && !vocabulary->strict.empty() ? vocabulary->strict : vocabulary->transitional;
+  return vocabulary ? vocabulary->transitional : std::string_view();
 }
 
 XmlSpace SpaceOf(std::string_view uri) {
@@ -169,37 +168,17 @@ pugi::xml_attribute XmlNames::Attribute(const pugi::xml_node& node, XmlSpace spa
   return {};
 }
 
-const std::string* XmlNames::KnownPrefix(XmlSpace space, bool forAttribute) const {
+const std::string* XmlNames::KnownPrefix(XmlSpace space) const {
   for (const Prefix& known : prefixes_) {
-    if (known.space == space && !known.ambiguous && !(forAttribute && known.name.empty())) return &known.name;
+    if (known.space == space && !known.ambiguous) return &known.name;
   }
   return nullptr;
 }
 
 std::string XmlNames::Qualified(XmlSpace space, std::string_view localName) const {
-  const std::string* known = KnownPrefix(space, false);
+  const std::string* known = KnownPrefix(space);
   const Vocabulary* vocabulary = Find(space);
   return Join(known ? std::string_view(*known) : vocabulary ? vocabulary->prefix : std::string_view(), localName);
-}
-
-std::string XmlNames::QualifiedAttribute(XmlSpace space, std::string_view localName) const {
-  if (space == XmlSpace::kNone) return std::string(localName);
-  const std::string* known = KnownPrefix(space, true);
-  const Vocabulary* vocabulary = Find(space);
-  return Join(known ? std::string_view(*known) : vocabulary ? vocabulary->prefix : std::string_view(), localName);
-}
-
-void XmlNames::Declare(pugi::xml_node element, XmlSpace space, OfficeFamily family) {
-  const Vocabulary* vocabulary = Find(space);
-  if (!vocabulary || KnownPrefix(space, true)) return;
-  const auto taken = [&](const std::string& name) {
-    return std::any_of(prefixes_.begin(), prefixes_.end(), [&](const Prefix& known) { return known.name == name; });
-  };
-  std::string prefix(vocabulary->prefix);
-  for (int number = 1; taken(prefix); ++number) prefix = std::string(vocabulary->prefix) + '_' + std::to_string(number);
-  const std::string uri(NamespaceUri(space, family));
-  element.append_attribute(Join(kDeclaration, prefix).c_str()).set_value(uri.c_str());
-  Learn(prefix, uri);
 }
 
 }  // namespace zorkanca

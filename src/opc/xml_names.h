@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "opc/office_family.h"
-
 namespace zorkanca {
 
 /// The vocabularies of Office documents. Each stands for its transitional and its strict namespace.
@@ -34,8 +32,8 @@ enum class XmlSpace {
   kOther,                 ///< any other
 };
 
-/// The namespace of a vocabulary in a family; "" for kNone and kOther.
-std::string_view NamespaceUri(XmlSpace space, OfficeFamily family = OfficeFamily::kTransitional);
+/// The transitional namespace of a vocabulary, which all that is written is in; "" for kNone and kOther.
+std::string_view NamespaceUri(XmlSpace space);
 /// The vocabulary of a namespace.
 XmlSpace SpaceOf(std::string_view uri);
 
@@ -59,14 +57,8 @@ class XmlNames {
   pugi::xml_attribute Attribute(const pugi::xml_node& node, XmlSpace space, std::string_view localName) const;
 
   /// A name for something new in this document: "w:p", or "p" where the vocabulary is the document's default.
-  /// A vocabulary that the document doesn't declare gets its usual prefix; `Declare` says so in the root.
+  /// A vocabulary that the document doesn't declare gets its usual prefix.
   std::string Qualified(XmlSpace space, std::string_view localName) const;
-  /// The same for attributes, which never take the default namespace.
-  std::string QualifiedAttribute(XmlSpace space, std::string_view localName) const;
-  /// Declares a vocabulary with its usual prefix (or a free one) in an element, unless the document has a prefix for
-  /// it.
-  /// @param element  the root element that this object was made for
-  void Declare(pugi::xml_node element, XmlSpace space, OfficeFamily family);
 
  private:
   struct Prefix {
@@ -77,7 +69,7 @@ class XmlNames {
 
   void Gather(const pugi::xml_node& node);
   void Learn(std::string_view prefix, std::string_view uri);
-  const std::string* KnownPrefix(XmlSpace space, bool forAttribute) const;
+  const std::string* KnownPrefix(XmlSpace space) const;
   XmlSpace SpaceOfPrefix(const pugi::xml_node& node, std::string_view prefix) const;
 
   std::vector<Prefix> prefixes_;

@@ -4,43 +4,13 @@
 #include <cstdint>
 #include <cstring>
 
+#include "runtime/utf8_sequence.h"
+
 namespace zorkanca {
 
 namespace {
 
 constexpr char16_t kEscapeBase = 0xDC00;  // invalid byte B travels as the lone low surrogate U+DC00 + B
-
-struct Sequence {
-  std::ptrdiff_t length = 0;  // 0: the first byte starts no valid sequence
-  char32_t character = 0;
-};
-
-Sequence ReadSequence(const char* bytes, const char* end) {
-  const auto byte = [&](std::ptrdiff_t index) { return static_cast<std::uint8_t>(bytes[index]); };
-  const std::uint8_t lead = byte(0);
-  std::ptrdiff_t length = 0;
-  char32_t character = 0;
-  char32_t smallest = 0;  // anything below is an overlong form
-  if (lead < 0x80) {
-    return {1, lead};
-  } else if ((lead & 0xE0) == 0xC0) {
-    length = 2, character = lead & 0x1Fu, smallest = 0x80;
-  } else if ((lead & 0xF0) == 0xE0) {
-    length = 3, character = lead & 0x0Fu, smallest = 0x800;
-  } else if ((lead & 0xF8) == 0xF0) {
-    length = 4, character = lead & 0x07u, smallest = 0x10000;
-  } else {
-    return {};
-  }
-  if (end - bytes < length) return {};
-  for (std::ptrdiff_t index = 1; index < length; ++index) {
-    if ((byte(index) & 0xC0) != 0x80) return {};
-    character = character << 6 | (byte(index) & 0x3Fu);
-  }
-  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-  if (character < smallest || character > 0x10FFFF || surrogate) return {};
-  return {length, character};
-}
 
 constexpr std::ptrdiff_t kBlock = 8;
 
@@ -80,7 +50,7 @@ bool AppendUtf8(Text& text, std::string_view bytes) {
     }
     const char* const endOfBlock = end - next >= kBlock ? next + kBlock : end;
     while (next < endOfBlock) {
-      const Sequence sequence = ReadSequence(next, end);
+      const Utf8Sequence sequence = ReadUtf8Sequence(next, end);
       if (sequence.length == 0) {
         *units++ = static_cast<char16_t>(kEscapeBase + static_cast<std::uint8_t>(*next));
         valid = false;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "runtime/utf8.h"
+#include "sqlite/decimal_collation.h"
 #include "sqlite/sqlite_types.h"
 
 namespace zorkanca {
@@ -56,6 +57,8 @@ void FinishWidestKind(sqlite3_context* context) {
   throw Error(number, u"SQLite", std::move(description));
 }
 
+constexpr const char* kNoFile = ":memory:";
+
 // SQLite knows names with a meaning of their own ("", ":memory:"); behind a folder they are plain files.
 std::string PlainFile(const std::string& path) {
   return path.starts_with('/') ? path : "./" + path;
@@ -63,12 +66,12 @@ std::string PlainFile(const std::string& path) {
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const std::string& path, const std::atomic<bool>* interrupted)
-    : path_(path), interrupted_(interrupted) {
+SqliteConnection::SqliteConnection(const std::optional<std::string>& path, const std::atomic<bool>* interrupted)
+    : path_(path.value_or(kNoFile)), interrupted_(interrupted) {
   sqlite3* handle = nullptr;
   // One thread at a time uses a connection, so that its own locking would only cost.
   constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-  const int code = sqlite3_open_v2(PlainFile(path).c_str(), &handle, flags, nullptr);
+  const int code = sqlite3_open_v2(path ? PlainFile(*path).c_str() : kNoFile, &handle, flags, nullptr);
   handle_.reset(handle);
   if (code != SQLITE_OK) RaiseFailure(code);
   Protect();
@@ -84,6 +87,7 @@ void SqliteConnection::Protect() {
   sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
   sqlite3_create_function_v2(handle, kWidestKind, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
                              nullptr, StepWidestKind, FinishWidestKind, nullptr);
+  AddDecimalCollation(handle);
   // SQLite's callbacks take a plain pointer; it is only ever read from.
   auto* const flag = const_cast<std::atomic<bool>*>(interrupted_);
   sqlite3_busy_handler(handle, WaitUnlessInterrupted, flag);
@@ -151,6 +155,14 @@ SqliteStatement SqliteConnection::PrepareSurvey(const SqliteQuery& query, const 
   }
   sqlite3_stmt* prepared = nullptr;
   sqlite3_prepare_v2(handle_.get(), sql.data(), static_cast<int>(sql.size() + 1), &prepared, nullptr);
+  return SqliteStatement(prepared);
+}
+
+SqliteStatement SqliteConnection::Prepare(const std::string& sql) {
+  sqlite3_stmt* prepared = nullptr;
+  const int code = sqlite3_prepare_v3(handle_.get(), sql.data(), static_cast<int>(sql.size() + 1),
+                                      SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+  if (code != SQLITE_OK) RaiseFailure(code);
   return SqliteStatement(prepared);
 }
 

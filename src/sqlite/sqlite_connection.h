@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,9 +29,9 @@ struct SqliteQuery {
 /// no database or damaged, 3146 for any other failure; 7 out of memory, 18 when the flag asked for an interruption.
 class SqliteConnection {
  public:
-  /// @param path         file in the system's own bytes; must exist
+  /// @param path         file in the system's own bytes, which must exist; nothing: no file and no tables
   /// @param interrupted  when it becomes true, whatever runs ends with error 18; may be null
-  SqliteConnection(const std::string& path, const std::atomic<bool>* interrupted);
+  SqliteConnection(const std::optional<std::string>& path, const std::atomic<bool>* interrupted);
   SqliteConnection(const SqliteConnection&) = delete;
   SqliteConnection& operator=(const SqliteConnection&) = delete;
 
@@ -47,6 +48,11 @@ class SqliteConnection {
   /// @param columns  positions from 0, ascending
   SqliteStatement PrepareSurvey(const SqliteQuery& query, const std::vector<int>& columns);
 
+  /// Prepares a statement of ours, whatever it does; it is kept and run again and again.
+  SqliteStatement Prepare(const std::string& sql);
+  /// Runs statements of ours.
+  void Execute(const char* sql);
+
   /// Goes to the next row. @return false after the last one
   bool Step(sqlite3_stmt* statement);
 
@@ -59,7 +65,6 @@ class SqliteConnection {
   void Protect();
   SqliteQuery PrepareReading(const std::string& sql, unsigned flags);
   void RefuseFurtherStatements(const char* rest, const char* end);
-  void Execute(const char* sql);
   bool IsInterrupted() const { return interrupted_ != nullptr && *interrupted_; }
   [[noreturn]] void RaiseFailure(int code) const;
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "runtime/value.h"
 
@@ -18,8 +19,13 @@ std::optional<Currency> CurrencyOf(std::int64_t number);
 /// Halves of a ten-thousandth are rounded to even.
 std::optional<Currency> CurrencyOf(double number);
 
+/// Of a plain number of at most four decimals, "-12.50".
+std::optional<Currency> CurrencyOf(std::string_view text);
+
 Decimal DecimalOf(std::int64_t number);
 /// The decimal number of the 15 significant digits of a real, without trailing zeros; at most 28 decimals.
 std::optional<Decimal> DecimalOf(double number);
+/// Of a plain number of at most 28 digits, "-12.50"; with as many decimals as it has.
+std::optional<Decimal> DecimalOf(std::string_view text);
 
 }  // namespace zorkanca

@@ -15,13 +15,16 @@ namespace {
 
 constexpr std::int16_t kForwardOnly = 256;
 
-void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types) {
+bool HasName(const std::vector<Text>& names, const Text& name) {
+  return std::any_of(names.begin(), names.end(), [&](const Text& each) { return EqualsIgnoringCase(each, name); });
+}
+
+void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types, const std::vector<Text>& settledBefore) {
   std::vector<Text> names;
   for (std::int32_t index = 0; index < recordset.FieldCount(); ++index)
     names.push_back(recordset.FieldAt(index).Name());
   for (const auto& [name, type] : types) {
-    const auto isThis = [&wanted = name](const Text& each) { return EqualsIgnoringCase(each, wanted); };
-    if (std::any_of(names.begin(), names.end(), isThis)) continue;
+    if (HasName(names, name) || HasName(settledBefore, name)) continue;
     Raise(RuntimeError::kItemNotFound,
           u"The query has no column \"" + name + u"\"; its columns are " + Join(names, u", "));
   }
@@ -29,13 +32,17 @@ void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types) {
 
 }  // namespace
 
-SqliteDatabase::SqliteDatabase(std::string path, const std::atomic<bool>* interrupted)
+SqliteDatabase::SqliteDatabase(std::optional<std::string> path, const std::atomic<bool>* interrupted)
     : path_(std::move(path)), interrupted_(interrupted) {}
 
 SqliteDatabase::~SqliteDatabase() = default;
 
 const std::shared_ptr<SqliteConnection>& SqliteDatabase::connection() {
-  if (!connection_) connection_ = std::make_shared<SqliteConnection>(path_, interrupted_);
+  if (!connection_) {
+    auto opened = std::make_shared<SqliteConnection>(path_, interrupted_);
+    if (setUp_) settledBefore_ = setUp_(*opened);
+    connection_ = std::move(opened);
+  }
   return connection_;
 }
 
@@ -46,7 +53,7 @@ std::unique_ptr<DetailQuery> SqliteDatabase::PrepareDetail(TextView sql) {
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(TextView name, RecordsetType /*type*/, std::int16_t options) {
   const bool forwardOnly = (options & kForwardOnly) != 0;
   auto recordset = std::make_unique<SqliteRecordset>(connection(), ToUtf8(name), forwardOnly, types_);
-  if (std::exchange(checksTypes_, false)) RequireColumns(*recordset, types_);
+  if (std::exchange(checksTypes_, false)) RequireColumns(*recordset, types_, settledBefore_);
   return recordset;
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,9 +23,9 @@ using SqliteColumnTypes = std::vector<std::pair<Text, FieldType>>;
 /// it. One thread at a time. The file is never created or changed; see docs/formats/sqlite.md for locks and side files.
 class SqliteDatabase final : public Database, public DetailSource {
  public:
-  /// @param path         file in the system's own bytes
+  /// @param path         file in the system's own bytes; nothing: no file and no tables
   /// @param interrupted  may be null; when it becomes true, a running query ends with error 18 within a moment
-  explicit SqliteDatabase(std::string path, const std::atomic<bool>* interrupted = nullptr);
+  explicit SqliteDatabase(std::optional<std::string> path, const std::atomic<bool>* interrupted = nullptr);
   ~SqliteDatabase() override;
 
   /// Runs one statement that returns records. `type` is of no account: every recordset is a snapshot.
@@ -35,6 +37,12 @@ class SqliteDatabase final : public Database, public DetailSource {
   /// Prepares a query of details. Errors: those of `OpenRecordset`, but parameters ":name" are what it is for.
   std::unique_ptr<DetailQuery> PrepareDetail(TextView sql) override;
 
+  /// What gives the connection tables of its own once it is open. What it raises, the `OpenRecordset` that needed the
+  /// connection raises, and the next one begins anew.
+  /// @return names of columns whose types were settled in these tables, so that no statement must have them
+  using SetUp = std::function<std::vector<Text>(SqliteConnection&)>;
+  void BeforeFirstQuery(SetUp setUp) { setUp_ = std::move(setUp); }
+
   /// Settles the types of columns by their names, case ignored, for all recordsets to come. The next statement must
   /// have them all. Errors of `OpenRecordset` then: also 3265 for a column that it lacks.
   void SettleTypes(SqliteColumnTypes types) {
@@ -45,9 +53,11 @@ class SqliteDatabase final : public Database, public DetailSource {
  private:
   const std::shared_ptr<SqliteConnection>& connection();
 
-  std::string path_;
+  std::optional<std::string> path_;
   const std::atomic<bool>* interrupted_;
   std::shared_ptr<SqliteConnection> connection_;
+  SetUp setUp_;
+  std::vector<Text> settledBefore_;
   SqliteColumnTypes types_;
   bool checksTypes_ = false;
 };

@@ -7,6 +7,7 @@
 
 #include "runtime/error.h"
 #include "runtime/utf8.h"
+#include "runtime/utf8_check.h"
 
 namespace zorkanca {
 
@@ -41,6 +42,8 @@ constexpr NamedType kTypes[] = {
     {"INT8", FieldType::kBigInteger},
     {"UNSIGNED BIG INT", FieldType::kBigInteger},
     {"CURRENCY", FieldType::kCurrency},
+    {"CURRENCY REAL", FieldType::kCurrency},
+    {"CURRENCY TEXT", FieldType::kCurrency},
     {"MONEY", FieldType::kCurrency},
     {"SINGLE", FieldType::kSingle},
     {"FLOAT4", FieldType::kSingle},
@@ -52,6 +55,8 @@ constexpr NamedType kTypes[] = {
     {"NUMBER", FieldType::kDouble},
     {"NUMERIC", FieldType::kNumeric},
     {"DECIMAL", FieldType::kDecimal},
+    {"DECIMAL REAL", FieldType::kDecimal},
+    {"DECIMAL TEXT", FieldType::kDecimal},
     {"DEC", FieldType::kDecimal},
     {"DATE", FieldType::kDate},
     {"DATETIME", FieldType::kDate},
@@ -129,15 +134,7 @@ std::int32_t SizeInBrackets(std::string_view brackets) {
 }
 
 bool IsLongerThanText(std::string_view utf8) {
-  if (utf8.size() <= std::size_t{kLongestText}) return false;
-  // Four-byte sequences are two UTF-16 units; every other lead byte is one.
-  std::int32_t units = 0;
-  for (const char byte : utf8) {
-    units += (byte & 0xC0) != 0x80;
-    units += (byte & 0xF8) == 0xF0;
-    if (units > kLongestText) return true;
-  }
-  return false;
+  return utf8.size() > std::size_t{kLongestText} && Utf16Length(utf8) > std::size_t{kLongestText};
 }
 
 }  // namespace

@@ -108,6 +108,8 @@ void ReadReal(Value& value, double number, FieldType type) {
 
 void ReadText(Value& value, std::string_view bytes, FieldType type, const Text& name) {
   if (IsDateType(type) && SetIfSome(value, ParseIsoDate(bytes))) return;
+  if (type == FieldType::kDecimal && SetIfSome(value, DecimalOf(bytes))) return;
+  if (type == FieldType::kCurrency && SetIfSome(value, CurrencyOf(bytes))) return;
   Text* text = std::get_if<Text>(&value);
   if (text == nullptr) text = &value.emplace<Text>();
   text->clear();

@@ -163,7 +163,8 @@ const c_SeznamSablonOffice::Template& c_SeznamSablonOffice::Item(TextView name) 
 // Before a position of the list, else at its end.
 void c_SeznamSablonOffice::Insert(Template inserted, std::int64_t before) {
   const bool inside = before >= 1 && before <= Count();
-  templates_.insert(inside ? templates_.begin() + (before - 1) : templates_.end(), std::move(inserted));
+  templates_.insert(inside ? templates_.begin() + static_cast<std::ptrdiff_t>(before - 1) : templates_.end(),
+                    std::move(inserted));
 }
 
 void c_SeznamSablonOffice::Reinsert(const c_SablonaOffice& moved) {

@@ -48,7 +48,7 @@ std::size_t MarkerIndex::Hash::operator()(TextView symbol) const {
     mix(units);
   }
   for (const char16_t unit : symbol) mix(unit);
-  return hash;
+  return static_cast<std::size_t>(hash);
 }
 
 bool MarkerIndex::Equal::operator()(TextView left, TextView right) const {

@@ -23,7 +23,7 @@ class ArgumentsTest(CommandLineCase):
             (["word", "--border", "1"], "word has no option --border\n"),
             (["html", "--db"], "--db needs a value"),
             (["html", "--db", "--select", "x"], "--db needs a value before --select"),
-            (["html", "--db", "a", "--db", "b"], "--db may be given only once"),
+            (["html", "--title", "a", "--title", "b"], "--title may be given only once"),
             (["html", "--no-open=yes"], "--no-open takes no value"),
             (["number", "0", "1", "2"], "number takes no more values: 2"),
             (["log", "today"], "log takes no value: today"),

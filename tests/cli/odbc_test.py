@@ -70,7 +70,7 @@ class OdbcTest(CommandLineCase):
             ["excel", "--select", "SELECT * FROM zbozi ORDER BY kod", "-o", "out.xlsx"],
             ["excel", "--select", "SELECT * FROM polozky ORDER BY faktura, radek", "-o", "out.xlsx"],
             ["word", "--template", template, "--select", "SELECT * FROM faktury ORDER BY cislo", "-o", "out.docx"],
-            ["barcode", "EAN;ean,trim", "--select", "SELECT ean FROM zbozi ORDER BY kod"],
+            ["barcode", "Code39;kod,trim;OUT;0", "--select", "SELECT kod FROM zbozi ORDER BY kod"],
         ]
         for order in orders:
             if order[0] == "word" and not template.exists():

@@ -122,6 +122,7 @@ TEST_F(Converter, ThePrivateProfileAndFolderAreAllThatTheProgramIsGiven) {
   const std::string profile = folder_.Read("private/profile-0/user/registrymodifications.xcu");
   EXPECT_THAT(profile, AllOf(HasSubstr("BlockUntrustedRefererLinks\" oor:op=\"fuse\"><value>true"),
                              HasSubstr("MacroSecurityLevel\" oor:op=\"fuse\"><value>3"),
+                             HasSubstr("ooSetupLastVersion\" oor:op=\"fuse\"><value>99.9<"),
                              HasSubstr("ooSetupSystemLocale\" oor:op=\"fuse\"><value>sk-SK<")));
   EXPECT_EQ(folder_.Mode("private/profile-0"), 0700u);
   ExpectNothingLeft();
@@ -289,6 +290,7 @@ TEST_F(Converter, TheRealProgramMakesPdfAndReadsOtherFormats) {
   for (const auto& error : converter.ToPdf(documents)) EXPECT_FALSE(error) << error->what();
   EXPECT_TRUE(IsWholePdf(folder_.Path("1.pdf")));
   EXPECT_TRUE(IsWholePdf(folder_.Path("2.pdf")));
+  EXPECT_FALSE(folder_.Has("private/profile-0/user/GraphicsRenderTests.log")) << "drawing was tested at the start";
   converter.ToOpenXml(old, folder_.Path("old.docx"));
   const Package package = Package::Open(folder_.Path("old.docx"));
   EXPECT_EQ(package.MainPart(), "/word/document.xml");

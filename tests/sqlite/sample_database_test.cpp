@@ -1,29 +1,21 @@
 // The sample database of examples/, read as the exports read it.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
-#include <sstream>
 
 #include "sqlite/sqlite_support.h"
+#include "support/file_text.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
 namespace {
-
-std::string SampleSql() {
-  std::ifstream file(std::string(ZORKANCA_SOURCE_DIR) + "/examples/sklad.sql");
-  std::stringstream content;
-  content << file.rdbuf();
-  return content.str();
-}
 
 std::int64_t Amount(Recordset& recordset, TextView column) {
   return std::get<Currency>(recordset.FieldNamed(column).Value()).tenThousandths;
 }
 
 TEST(SampleDatabase, InvoicesAgreeWithTheirItems) {
-  SqliteFile file(SampleSql());
+  SqliteFile file(ProjectFileText("examples/sklad.sql"));
   SqliteDatabase database(file.path());
 
   std::map<Text, std::int64_t> sums;

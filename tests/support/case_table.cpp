@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <sstream>
 
 #include "runtime/utf8.h"
+#include "support/file_text.h"
 
 namespace zorkanca::testing {
 
@@ -48,7 +49,7 @@ const std::string& CaseRow::Cell(std::size_t index) const {
 }
 
 std::vector<CaseRow> ReadCaseTable(const std::string& pathBelowTests) {
-  std::ifstream file(std::string(ZORKANCA_SOURCE_DIR) + "/tests/" + pathBelowTests);
+  std::istringstream file(ProjectFileText("tests/" + pathBelowTests));
   std::vector<CaseRow> rows;
   std::string line;
   for (int number = 1; std::getline(file, line); ++number) {

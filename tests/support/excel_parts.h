@@ -37,7 +37,7 @@ struct ExcelParts {
 
 inline void Relate(Package& package, const std::string& source, const std::string& kind, const std::string& target) {
   Relationships list = package.RelationshipsOf(source);
-  list.Add(OfficeRelationshipType(kind, OfficeFamily::kTransitional), target);
+  list.Add(OfficeRelationshipType(kind), target);
   package.SetRelationships(list);
 }
 

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "runtime/text.h"
 #include "runtime/utf8.h"
+#include "support/file_text.h"
 
 namespace zorkanca::testing {
 
@@ -37,12 +37,7 @@ class TemporaryFolder {
   std::string Path(const std::string& name) const { return path_ + "/" + name; }
   Text TextPath(const std::string& name) const { return FromUtf8(Path(name)); }
 
-  std::string Read(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
+  std::string Read(const std::string& name) const { return FileText(Path(name)); }
   /// Writes the file in place.
   void Write(const std::string& name, const std::string& bytes) const {
     std::ofstream(Path(name), std::ios::binary) << bytes;

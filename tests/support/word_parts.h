@@ -71,13 +71,13 @@ inline void WriteWordFile(const std::string& path, const WordParts& parts, const
   package.AddPart("/word/document.xml", kind.find('/') == kind.npos ? types + kind + "+xml" : kind,
                   wrap("document", "<w:body>" + parts.body + "</w:body>"));
   Relationships top("/");
-  top.Add(OfficeRelationshipType("officeDocument", OfficeFamily::kTransitional), "/word/document.xml");
+  top.Add(OfficeRelationshipType("officeDocument"), "/word/document.xml");
   package.SetRelationships(top);
   Relationships main("/word/document.xml");  // ids rId1, rId2, ... in the order of the names
   for (const auto& [name, inside] : parts.others) {
     const std::string part = "/word/" + name + ".xml";
     package.AddPart(part, types + name + "+xml", wrap(roots.count(name) ? roots.at(name) : name, inside));
-    main.Add(OfficeRelationshipType(name, OfficeFamily::kTransitional), part);
+    main.Add(OfficeRelationshipType(name), part);
   }
   package.SetRelationships(main);
   package.SaveAs(path);

@@ -253,7 +253,7 @@ TEST(WordMerge, ObeysTheTemplatesSettingsAndLeavesNoneOfThem) {
   WriteWordFile(bench.folder.Path("t.dotx"), {P(F("MERGEFIELD A")) + P(F("MERGEFIELD B")), {{"settings", settings}}});
   Package package = Package::Open(bench.folder.Path("t.dotx"));
   Relationships sources("/word/settings.xml");
-  sources.AddExternal(OfficeRelationshipType("mailMergeSource", OfficeFamily::kTransitional), "file:///c:/data.txt");
+  sources.AddExternal(OfficeRelationshipType("mailMergeSource"), "file:///c:/data.txt");
   package.SetRelationships(sources);
   package.SaveAs(bench.folder.Path("t.dotx"));
 

@@ -79,9 +79,9 @@ void WorkbookContent::ReadStyles() {
   } else {
     stylesPart_ = FreePartName(package_, "/xl/styles");
     package_.AddPart(stylesPart_, "application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml",
-                     BlankStyles(package_.Family()));
+                     BlankStyles());
     Relationships relationships = package_.RelationshipsOf(mainPart_);
-    relationships.Add(OfficeRelationshipType("styles", package_.Family()), stylesPart_);
+    relationships.Add(OfficeRelationshipType("styles"), stylesPart_);
     package_.SetRelationships(relationships);
   }
   styles_ = std::make_unique<StyleBook>(ParseXml(package_.ReadPart(stylesPart_), {file(), stylesPart_}), file());

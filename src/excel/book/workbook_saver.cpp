@@ -143,14 +143,13 @@ void WorkbookSaver::WriteTexts() {
   const bool counted = workbook_.texts_.count() == references_;
   if (!changed_ || (!texts_.changed() && (counted || workbook_.textsPart_.empty()))) return;
   const auto part = std::make_shared<DeflatedPart>();
-  const OfficeFamily family = package_.Family();
-  texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet, family));
+  texts_.Write(*part, references_, NamespaceUri(XmlSpace::kSheet));
   part->Finish();
   if (!workbook_.textsPart_.empty()) return package_.ReplacePart(workbook_.textsPart_, part);
   const std::string name = FreePartName(package_, "/xl/sharedStrings");
   package_.AddPart(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml", part);
   Relationships relationships = package_.RelationshipsOf(workbook_.mainPart_);
-  relationships.Add(OfficeRelationshipType("sharedStrings", family), name);
+  relationships.Add(OfficeRelationshipType("sharedStrings"), name);
   package_.SetRelationships(relationships);
 }
 

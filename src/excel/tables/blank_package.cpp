@@ -11,13 +11,9 @@ namespace {
 constexpr std::string_view kTypes = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n";
 
-std::string Root(std::string_view element, OfficeFamily family) {
+std::string Root(std::string_view element) {
   std::string xml(kDeclaration);
-  return xml.append("<")
-      .append(element)
-      .append(" xmlns=\"")
-      .append(NamespaceUri(XmlSpace::kSheet, family))
-      .append("\"");
+  return xml.append("<").append(element).append(" xmlns=\"").append(NamespaceUri(XmlSpace::kSheet)).append("\"");
 }
 
 std::string Type(std::string_view kind) {
@@ -31,8 +27,8 @@ std::string FreePartName(Package& package, const std::string& stem) {
   return package.HasPart(usual) ? package.FreshPartName(stem + "#.xml") : usual;
 }
 
-std::string BlankStyles(OfficeFamily family) {
-  return Root("styleSheet", family) +
+std::string BlankStyles() {
+  return Root("styleSheet") +
          "><fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/><family val=\"2\"/></font></fonts>"
          "<fills count=\"2\"><fill><patternFill patternType=\"none\"/></fill>"
          "<fill><patternFill patternType=\"gray125\"/></fill></fills>"
@@ -43,12 +39,11 @@ std::string BlankStyles(OfficeFamily family) {
 }
 
 Package BlankWorkbook(const Locale& locale) {
-  constexpr OfficeFamily kFamily = OfficeFamily::kTransitional;
   const std::string main = "/xl/workbook.xml";
   const std::string sheet = "/xl/worksheets/sheet1.xml";
   const std::string styles = "/xl/styles.xml";
-  std::string workbook = Root("workbook", kFamily);
-  workbook.append(" xmlns:r=\"").append(NamespaceUri(XmlSpace::kRelationships, kFamily));
+  std::string workbook = Root("workbook");
+  workbook.append(" xmlns:r=\"").append(NamespaceUri(XmlSpace::kRelationships));
   workbook += "\"><bookViews><workbookView/></bookViews><sheets><sheet name=\"";
   AppendXmlAttribute(workbook, NewSheetName(locale) + u"1");
   workbook += "\" sheetId=\"1\" r:id=\"rId1\"/></sheets></workbook>";
@@ -57,18 +52,18 @@ Package BlankWorkbook(const Locale& locale) {
   package.AddPart(main, Type("sheet.main"), workbook);
   package.AddPart(
       sheet, Type("worksheet"),
-      Root("worksheet", kFamily) +
+      Root("worksheet") +
           "><dimension ref=\"A1\"/><sheetViews><sheetView tabSelected=\"1\" workbookViewId=\"0\"/></sheetViews>"
           "<sheetFormatPr defaultRowHeight=\"15\"/><sheetData/>"
           "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>"
           "</worksheet>");
-  package.AddPart(styles, Type("styles"), BlankStyles(kFamily));
+  package.AddPart(styles, Type("styles"), BlankStyles());
   Relationships top{std::string(Package::kRoot)};
-  top.Add(OfficeRelationshipType("officeDocument", kFamily), main);
+  top.Add(OfficeRelationshipType("officeDocument"), main);
   package.SetRelationships(top);
   Relationships own(main);
-  own.Add(OfficeRelationshipType("worksheet", kFamily), sheet);
-  own.Add(OfficeRelationshipType("styles", kFamily), styles);
+  own.Add(OfficeRelationshipType("worksheet"), sheet);
+  own.Add(OfficeRelationshipType("styles"), styles);
   package.SetRelationships(own);
   return package;
 }

@@ -13,6 +13,6 @@ Package BlankWorkbook(const Locale& locale);
 std::string FreePartName(Package& package, const std::string& stem);
 
 /// The least that a part of styles holds.
-std::string BlankStyles(OfficeFamily family);
+std::string BlankStyles();
 
 }  // namespace zorkanca::excel

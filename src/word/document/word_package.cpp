@@ -70,7 +70,7 @@ WordPackage WordPackage::Blank() {
                            "w:right=\"1417\" w:bottom=\"1417\" w:left=\"1417\" w:header=\"708\" w:footer=\"708\" "
                            "w:gutter=\"0\"/></w:sectPr></w:body>"));
   Relationships relationships{std::string(Package::kRoot)};
-  relationships.Add(OfficeRelationshipType("officeDocument", OfficeFamily::kTransitional), main);
+  relationships.Add(OfficeRelationshipType("officeDocument"), main);
   package.SetRelationships(relationships);
   return WordPackage(std::move(package));
 }
@@ -120,7 +120,7 @@ pugi::xml_document& WordPackage::Settings() {
       settingsPart_ = package_.FreshPartName("/word/settings#.xml");
       package_.AddPart(settingsPart_, Type("settings"), Declared("settings", ""));
       Relationships relationships = package_.RelationshipsOf(mainPart_);
-      relationships.Add(OfficeRelationshipType("settings", OfficeFamily::kTransitional), settingsPart_);
+      relationships.Add(OfficeRelationshipType("settings"), settingsPart_);
       package_.SetRelationships(relationships);
     }
   }

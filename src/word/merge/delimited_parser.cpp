@@ -1,3 +1,8 @@
+// A machine with a state for each thing that a unit may follow, so that the text can come in pieces cut anywhere: what
+// a quote or a CR means is known only from the unit after it, and until then it is a state, not a unit of the value.
+// The stretches between such units are copied at once. The line end of the header decides whether a lone LF ends a
+// record; each value is given out when its separator or line end has come. Cost: linear in the units, a value held at a
+// time.
 #include "word/merge/delimited_parser.h"
 
 #include <algorithm>

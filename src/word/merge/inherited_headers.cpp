@@ -40,7 +40,7 @@ std::string AddEmptyPart(WordPackage& package, const Kind& kind) {
                                 "w:lineRule=\"exact\"/></w:pPr></w:p></" +
                                 root + ">");
   Relationships relationships = package.package().RelationshipsOf(package.mainPart());
-  const std::string id = relationships.Add(OfficeRelationshipType(name, OfficeFamily::kTransitional), part);
+  const std::string id = relationships.Add(OfficeRelationshipType(name), part);
   package.package().SetRelationships(relationships);
   return id;
 }

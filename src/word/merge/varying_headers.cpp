@@ -1,3 +1,8 @@
+// Each copy's header is made as XML, compared with that of the copy before (most merges have runs of equal ones), then
+// looked up by its hash among the texts that there are; only the hash and the first copy that shows a text are kept,
+// and the text is made again from that copy when it must be compared or written. So memory grows with copies and
+// different texts by a few bytes each, never with their XML, and the time is that of making each header once, and once
+// more for each that returns after another one.
 #include "word/merge/varying_headers.h"
 
 #include <functional>

@@ -1,3 +1,10 @@
+// One walk over the tree in the order of the document, which appends to the text what each node shows and notes from
+// where to where it stands: one unit a position, so that a range of the text is a range of nodes. What has no text of
+// its own (properties, bookmarks, the instruction of a field) takes no position; paragraphs, cells and rows end with a
+// mark of one unit, as the object model counts them. Instructions of fields are passed over by a state that goes with
+// the walk. Invariant: ranges are nested as the nodes are, and the end of a block is the length of the text when the
+// walk leaves it. Cost: linear in the nodes, but for the search for anchored drawings in each paragraph, which visits
+// the paragraph's nodes once more. The second half tells which marks outlive the deletion of a range.
 #include "word/text/story_map.h"
 
 #include <algorithm>

@@ -1,0 +1,13 @@
+// Whole files as bytes: those of the project, and any other.
+#pragma once
+
+#include <string>
+
+namespace zorkanca::testing {
+
+/// The bytes of a file; "" when it cannot be read.
+std::string FileText(const std::string& path);
+/// The same of a file of the project, by its path from the project's folder. The test fails when it cannot be read.
+std::string ProjectFileText(const std::string& path);
+
+}  // namespace zorkanca::testing
