@@ -149,7 +149,8 @@ class OdbcTest(CommandLineCase):
         # nor among the arguments of the running program
         server = self.server("postgres")
         with subprocess.Popen([PROGRAM, "html", "--db", server.string, "--select", "SELECT pg_sleep(1)", "-o", "slow.htm",
-                               "--no-open"], cwd=self.folder, env=self.environment(ZORKANCA_DB_PASSWORD=server.password)) as it:
+                               "--no-open"], cwd=self.folder, stdout=subprocess.DEVNULL,
+                              env=self.environment(ZORKANCA_DB_PASSWORD=server.password)) as it:
             time.sleep(0.5)
             self.assertNotIn(server.password.encode(), pathlib.Path(f"/proc/{it.pid}/cmdline").read_bytes())
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "odbc/odbc_database.h"
+#include "support/file_text.h"
 #include "support/text_support.h"
 
 namespace zorkanca::testing {
@@ -40,15 +41,18 @@ class DatabaseServer {
 
   /// Runs statements as the server's administrator.
   void Execute(std::string_view sql) const {
-    FILE* const pipe = popen(("'" ZORKANCA_SOURCE_DIR "/tests/support/database_server' sql " + folder_).c_str(), "w");
+    FILE* const pipe = popen(Command("sql " + folder_).c_str(), "w");
     ASSERT_NE(pipe, nullptr);
     fwrite(sql.data(), 1, sql.size(), pipe);
     EXPECT_EQ(pclose(pipe), 0) << sql;
   }
 
  private:
+  static std::string Command(const std::string& arguments) {
+    return "'" + ProjectPath("tests/support/database_server") + "' " + arguments;
+  }
   static std::string Output(const std::string& arguments) {
-    FILE* const pipe = popen(("'" ZORKANCA_SOURCE_DIR "/tests/support/database_server' " + arguments).c_str(), "r");
+    FILE* const pipe = popen(Command(arguments).c_str(), "r");
     std::string text;
     if (pipe == nullptr) return text;
     char block[1024];
