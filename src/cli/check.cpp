@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/odbc_source.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
@@ -75,6 +76,7 @@ class Check {
     QueryDatabase database(context_, order_.query);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
+    if (database.sources().connection) Ok(u"the database " + FromUtf8(ShownDatabase(*database.sources().connection)));
     if (database.sources().sqliteFile) Ok(u"the database " + FromUtf8(*database.sources().sqliteFile));
     for (const LoadedTable& table : database.LoadedTables()) Ok(Description(table));
     if (recordset->Eof() && recordset->Bof()) context_.report.Warning(u"The query gives no records.");
