@@ -28,13 +28,14 @@ LAYERS = {
     "word": {"files", "opc", "libreoffice", "platform", "runtime"},
     "excel": {"files", "opc", "libreoffice", "platform", "runtime"},
     "sqlite": {"platform", "runtime"},
+    "odbc": {"platform", "runtime"},
     "tabular": {"sqlite", "files", "platform", "runtime"},
     "host": {"files", "textfiles", "opc", "libreoffice", "word", "excel", "platform", "runtime"},
     "qt": {"platform", "runtime"},
     "win32": {"textfiles", "platform", "runtime"},
     "com": LOGIC | {"formats", "barcode", "templates", "xmltemplate", "office", "export", "win32"},
-    "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "platform", "runtime", "sqlite",
-            "tabular", "templates", "xmltemplate"},
+    "cli": {"barcode", "export", "files", "formats", "foundation", "host", "office", "odbc", "platform", "runtime",
+            "sqlite", "tabular", "templates", "xmltemplate"},
 }
 
 # Every arrow between the folders of a layer that has any; "" is the layer's own.
@@ -86,11 +87,12 @@ LIBRARIES = {
     re.compile(r"pugixml\.hpp$"): {"opc", "libreoffice", "word", "excel"},
     re.compile(r"(expat|zlib)\.h$|isa-l/"): {"opc"},
     re.compile(r"sqlite3\.h$"): {"sqlite"},
+    re.compile(r"(sql|sqlext|sqlucode)\.h$"): {"odbc"},
     re.compile(r"Q[A-Z]"): {"qt"},
     re.compile(r"(CLI|nlohmann)/"): {"cli"},
     re.compile(r"zorkanca_idl\.h$"): {"com"},  # made of the interface definition
 }
-SYSTEM = {"files", "opc", "libreoffice", "word", "excel", "host", "qt", "cli"}  # may use what POSIX declares
+SYSTEM = {"files", "opc", "libreoffice", "odbc", "word", "excel", "host", "qt", "cli"}  # may use what POSIX declares
 WINDOWS = "win32/system.h"  # the one file that may include what Windows declares
 STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no folder, no extension
 

@@ -7,6 +7,7 @@
 
 #include "cli/document_kinds.h"
 #include "cli/export_run.h"
+#include "cli/odbc_source.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
@@ -67,6 +68,7 @@ class Check {
     if (order_.require) order_.require(database);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
+    if (database.sources().connection) Ok(u"the database " + FromUtf8(ShownDatabase(*database.sources().connection)));
     if (database.sources().sqliteFile) Ok(u"the database " + FromUtf8(*database.sources().sqliteFile));
     for (const LoadedTable& table : database.LoadedTables()) Ok(Description(table));
     if (recordset->Eof() && recordset->Bof()) context_.report.Warning(u"The query gives no records.");

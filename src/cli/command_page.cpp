@@ -24,6 +24,7 @@ constexpr auto kValues = std::to_array<NamedValue>({
     {"--locale", "TAG", ValueKind::kLocale},
     {"--config", "FILE", ValueKind::kFile},
     {"--db", "DB", ValueKind::kFile},
+    {"--db-password-file", "FILE", ValueKind::kFile},
     {"--separator", "CHAR"},
     {"--select", "SQL"},
     {"--sql-file", "FILE", ValueKind::kFile},

@@ -35,6 +35,7 @@ void ProgressDisplay::ExportState(ExportStateValue state, TextView DefaultMessag
 
 void ProgressDisplay::PercentDone(float Percent, bool& Cancel) {
   if (context_.interrupted) Cancel = true;
+  if (context_.report.leavesOutPercent()) return;
   if (eventLines_) std::fprintf(stderr, "PercentDone %s\n", ShortestDecimal(Percent).c_str());
   bar_.Draw(static_cast<double>(Percent));
 }

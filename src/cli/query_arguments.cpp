@@ -13,11 +13,16 @@ namespace zorkanca::cli {
 
 void AddQueryOptions(CLI::App& command, QueryOptions& query) {
   command
-      .add_option("--db", query.databases,
-                  "an SQLite file; a CSV file (*.csv, *.tsv, csv:PATH) or a JSON file (*.json, *.jsonl, json:PATH), a "
-                  "table of the file's name; :memory: for no table; several are one database")
+      .add_option(
+          "--db", query.databases,
+          "an SQLite file; a CSV file (*.csv, *.tsv, csv:PATH) or a JSON file (*.json, *.jsonl, json:PATH), a "
+          "table of the file's name; :memory: for no table; several are one database; or 'ODBC;...', a connection "
+          "string")
       ->required()
       ->allow_extra_args(false);
+  command.add_option("--db-password-file", query.passwordFile,
+                     "file with the password of the connection, which nobody else may read (default: "
+                     "$ZORKANCA_DB_PASSWORD, else asked for)");
   CLI::Option* select = command.add_option(
       "--select", query.select, "SELECT statement, - reads it from standard input; this or --sql-file is required");
   command

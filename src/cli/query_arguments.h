@@ -15,6 +15,7 @@ namespace zorkanca::cli {
 /// Options of the exports over a database.
 struct QueryOptions {
   std::vector<std::string> databases;
+  std::string passwordFile;
   std::string select;
   std::string sqlFile;
   std::int16_t options = 0;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/odbc_source.h"
 #include "export/column_names.h"
 #include "runtime/error.h"
 #include "runtime/nearest_name.h"
@@ -86,7 +87,15 @@ class QueryDatabase::CountedRecordset final : public Recordset {
 };
 
 QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& options)
-    : sources_(SourcesOf(options)), share_(ShareOf(options.part)) {
+    : report_(context.report), sources_(SourcesOf(options)), share_(ShareOf(options.part)) {
+  if (sources_.connection) {
+    auto server = OpenOdbc(context, *sources_.connection, options.passwordFile);
+    server->SettleTypes(TypesOf(options));
+    details_ = server.get();
+    server_ = server.get();
+    database_ = std::move(server);
+    return;
+  }
   auto database = std::make_unique<SqliteDatabase>(sources_.sqliteFile, &context.interrupted);
   const SqliteColumnTypes types = TypesOf(options);
   database->SettleTypes(types);
@@ -116,6 +125,7 @@ std::vector<Text> QueryDatabase::Load(SqliteConnection& connection, const FileRe
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
   auto recordset = database_->OpenRecordset(name, type, options);
+  if (server_ != nullptr && !server_->ReadsOneMoment()) report_.LeaveOutPercent();
   CheckColumns(*recordset);
   return std::make_unique<CountedRecordset>(std::move(recordset), share_, state_);
 }

@@ -10,6 +10,7 @@
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
 #include "cli/query_sources.h"
+#include "odbc/odbc_database.h"
 #include "platform/database.h"
 #include "platform/detail_query.h"
 
@@ -71,10 +72,12 @@ class QueryDatabase final : public Database, public DetailSource {
 
   std::vector<Text> Load(SqliteConnection& connection, const FileReading& reading);
 
+  Report& report_;
   QuerySources sources_;
   std::vector<LoadedTable> loaded_;
   std::unique_ptr<Database> database_;
-  DetailSource* details_ = nullptr;  // the database, too
+  DetailSource* details_ = nullptr;       // the database, too
+  const OdbcDatabase* server_ = nullptr;  // the database, where it is one
   Share share_;
   std::vector<Required> required_;
   std::vector<std::pair<Text, std::size_t>> counts_;

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "cli/command_line.h"
+#include "cli/odbc_source.h"
 #include "runtime/ascii.h"
 
 namespace zorkanca::cli {
@@ -50,8 +51,10 @@ QuerySources SourcesOf(const QueryOptions& query) {
   QuerySources sources;
   for (const std::string& source : query.databases) {
     if (source == kNoTables) continue;
-    if (source.starts_with("ODBC;")) {
-      throw UsageError("--db takes files; ODBC connections are not supported by this program yet");
+    if (IsConnectionString(source)) {
+      if (query.databases.size() > 1) throw UsageError("--db takes a connection string alone, without other databases");
+      sources.connection = source;
+      return sources;
     }
     if (const std::optional<FileTable> table = FileTableOf(source, separator)) {
       sources.files.push_back(*table);

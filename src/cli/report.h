@@ -47,6 +47,10 @@ class Report {
   /// A message box that is about to be shown by somebody else.
   void MessageBox(const Message& message);
 
+  /// How many records there are is not sure: no percentage is told.
+  void LeaveOutPercent() { leavesOutPercent_ = true; }
+  bool leavesOutPercent() const { return leavesOutPercent_; }
+
   /// Where the progress is drawn.
   StatusLine& statusLine() { return statusLine_; }
 
@@ -60,6 +64,7 @@ class Report {
 
   std::mutex mutex_;
   bool json_ = false;
+  bool leavesOutPercent_ = false;
   StatusLine statusLine_;
   std::vector<Text> files_;
   std::vector<Text> values_;

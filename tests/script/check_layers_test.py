@@ -33,6 +33,8 @@ PLANTED = [
     ("libreoffice/fields/field_types.cpp", '"libreoffice/conversion_run.h"',
      "libreoffice/fields may not include libreoffice/"),
     ("sqlite/sqlite_types.cpp", '"files/native_path.h"', "sqlite may not include files"),
+    ("odbc/odbc_types.cpp", '"sqlite/sqlite_types.h"', "odbc may not include sqlite"),
+    ("cli/main.cpp", "<sqlext.h>", "cli may not use <sqlext.h>"),
     ("qt/qt_text.h", '"host/desktop/display.h"', "qt may not include host"),
     ("host/pdf_batch.cpp", '"export/zor_office.h"', "host may not include export"),
     ("cli/main.cpp", '"word/word_engine.h"', "cli may not include word"),

@@ -14,8 +14,12 @@ std::string FileText(const std::filesystem::path& path) {
   return bytes.str();
 }
 
+std::string ProjectPath(const std::string& path) {
+  return std::string(ZORKANCA_SOURCE_DIR) + "/" + path;
+}
+
 std::string ProjectFileText(const std::string& path) {
-  std::string text = FileText(std::string(ZORKANCA_SOURCE_DIR) + "/" + path);
+  std::string text = FileText(ProjectPath(path));
   EXPECT_FALSE(text.empty()) << "nothing to be read in " << path;
   return text;
 }
