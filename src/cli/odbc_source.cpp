@@ -1,6 +1,7 @@
 #include "cli/odbc_source.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -73,6 +74,17 @@ void Say(int terminal, const std::string& text) {
   if (write(terminal, text.data(), text.size()) < 0) return;  // a terminal that shows nothing is asked all the same
 }
 
+// Whether something was typed. Ctrl-C may come to another thread, or before the waiting begins: nothing else would end
+// it.
+bool IsTyped(const CommandContext& context, int terminal) {
+  constexpr int kMilliseconds = 50;
+  pollfd typed{terminal, POLLIN, 0};
+  while (!context.interrupted) {
+    if (poll(&typed, 1, kMilliseconds) > 0) return true;
+  }
+  return false;
+}
+
 std::optional<Text> AskForPassword(const CommandContext& context, TextView user) {
   const FileDescriptor terminal(open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY));
   if (!terminal) return std::nullopt;
@@ -83,11 +95,11 @@ std::optional<Text> AskForPassword(const CommandContext& context, TextView user)
   std::string line;
   char byte = 0;
   for (;;) {
-    const ssize_t count = read(terminal.get(), &byte, 1);
-    if (context.interrupted) {
+    if (!IsTyped(context, terminal.get())) {
       Say(terminal.get(), "\n");
       Raise(RuntimeError::kUserInterrupt);
     }
+    const ssize_t count = read(terminal.get(), &byte, 1);
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0 || byte == '\n') break;
     line.push_back(byte);
