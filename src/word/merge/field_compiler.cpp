@@ -4,6 +4,7 @@
 
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "word/fields/field_messages.h"
 #include "word/merge/story_compiler.h"
@@ -145,7 +146,8 @@ void StoryCompiler::AddMergeField(const FoldedField& field, bool inCode) {
   std::ptrdiff_t column = words.empty() ? -1 : input_.source.ColumnOf(words.front());
   if (column < 0 && words.size() > 1) column = input_.source.ColumnOf(Join(words, u" "));
   if (column < 0) {
-    Warn(Text(u"There is no column for the merge field ").append(Join(words, u" ")).append(u"."));
+    const Text name = Join(words, u" ");
+    Warn(u"There is no column for the merge field " + name + NearestHint(name, input_.source.columns()) + u".");
     return AddMessage(field, step.format.runs, kMissingColumn, inCode);
   }
   step.column = static_cast<std::size_t>(column);
