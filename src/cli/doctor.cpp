@@ -18,6 +18,7 @@
 #include "foundation/ignore_errors.h"
 #include "host/desktop/windows_library.h"
 #include "host/installed_software.h"
+#include "odbc/odbc_database.h"
 #include "platform/excel/excel_application.h"
 #include "platform/paths.h"
 #include "platform/word/word_application.h"
@@ -195,6 +196,27 @@ Finding LookAtSqlite(const CommandContext&) {
   return Ok(SqliteVersion());
 }
 
+Finding LookAtOdbcDrivers(const CommandContext&) {
+  OdbcInstallation installed;
+  try {
+    installed = LookAtOdbc();
+  } catch (const Error& error) {
+    return Missing(error.description());
+  }
+  const auto listed = [](const std::vector<OdbcSource>& sources) {
+    std::vector<Text> names;
+    for (const OdbcSource& source : sources) names.push_back(source.name);
+    return Join(names, u", ");
+  };
+  if (installed.drivers.empty()) {
+    return Missing(
+        u"unixODBC has no driver: install odbc-postgresql, odbc-mariadb, libsqliteodbc, odbc-mdbtools or tdsodbc");
+  }
+  Text text = u"drivers " + listed(installed.drivers);
+  if (!installed.sources.empty()) text += u"; data sources " + listed(installed.sources);
+  return Ok(std::move(text));
+}
+
 constexpr auto kRows = std::to_array<DoctorRow>({{"program", LookAtProgram},
                                                  {"locale", LookAtLocale},
                                                  {"config", LookAtConfig},
@@ -207,7 +229,8 @@ constexpr auto kRows = std::to_array<DoctorRow>({{"program", LookAtProgram},
                                                  {"windows", LookAtWindows},
                                                  {"opener", LookAtOpener},
                                                  {"clipboard", LookAtClipboard},
-                                                 {"sqlite", LookAtSqlite}});
+                                                 {"sqlite", LookAtSqlite},
+                                                 {"odbc", LookAtOdbcDrivers}});
 
 Finding Found(const DoctorRow& row, const CommandContext& context) {
   try {

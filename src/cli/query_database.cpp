@@ -88,6 +88,7 @@ class QueryDatabase::CountedRecordset final : public Recordset {
 
 QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& options)
     : report_(context.report), sources_(SourcesOf(options)), share_(ShareOf(options.part)) {
+  if (!options.multiplier.empty()) Require("--multiplier", {FromUtf8(options.multiplier)});
   if (sources_.connection) {
     auto server = OpenOdbc(context, *sources_.connection, options.passwordFile);
     server->SettleTypes(TypesOf(options));
@@ -108,7 +109,6 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
   }
   details_ = database.get();
   database_ = std::move(database);
-  if (!options.multiplier.empty()) Require("--multiplier", {FromUtf8(options.multiplier)});
 }
 
 QueryDatabase::~QueryDatabase() = default;

@@ -65,6 +65,8 @@ constexpr OdbcDriver kDrivers[] = {
      .begin = {},
      .setup = {},
      .dialect = {.bracketNames = true},
+     .givesUtf8 = true,
+     .givesTextsOnly = true,
      .lacksSubqueries = true},
 };
 

@@ -29,6 +29,8 @@ struct OdbcDriver {
   bool givesUtf8 = false;
   /// No value is longer than the length that its column tells.
   bool lengthsHold = false;
+  /// Values are given as texts only.
+  bool givesTextsOnly = false;
   /// A query cannot stand in the FROM of another one.
   bool lacksSubqueries = false;
   /// After a failed statement the transaction takes no other.

@@ -1,7 +1,6 @@
 #include "odbc/odbc_parameter.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -9,6 +8,7 @@
 #include "runtime/decimal_digits.h"
 #include "runtime/error.h"
 #include "runtime/iso_date.h"
+#include "runtime/shortest_double.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -21,14 +21,6 @@ std::string ExactText(const Number& number) {
   Text text;
   AppendDigits(text, DigitsOf(number), u".");
   return ToUtf8(text);
-}
-
-double DoubleOf(float number) {
-  char digits[32];
-  const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, number);
-  double result = number;
-  std::from_chars(digits, end.ptr, result);
-  return result;
 }
 
 }  // namespace
@@ -80,7 +72,7 @@ void OdbcParameter::Take(const Value& value, const OdbcDriver& driver) {
         TakeNumber(number, SQL_C_SBIGINT, SQL_BIGINT);
       }
     } else if constexpr (std::is_same_v<Type, float>) {
-      TakeNumber(DoubleOf(bound), SQL_C_DOUBLE, SQL_DOUBLE);
+      TakeNumber(ShortestDouble(bound), SQL_C_DOUBLE, SQL_DOUBLE);
     } else if constexpr (std::is_same_v<Type, double>) {
       TakeNumber(bound, SQL_C_DOUBLE, SQL_DOUBLE);
     } else if constexpr (std::is_same_v<Type, Currency> || std::is_same_v<Type, Decimal>) {

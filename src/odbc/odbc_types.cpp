@@ -113,6 +113,10 @@ OdbcColumn ColumnOfType(const OdbcDescription& column, const OdbcDriver& driver)
 OdbcColumn OdbcColumnOf(const OdbcDescription& description, const OdbcDriver& driver) {
   OdbcColumn column = ColumnOfType(description, driver);
   column.name = description.name;
+  if (driver.givesTextsOnly) {
+    ReadAsText(column);
+    column.width = 0;
+  }
   return column;
 }
 

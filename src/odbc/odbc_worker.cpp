@@ -117,6 +117,11 @@ OdbcWorker::Ticket OdbcWorker::Start(std::function<void()> body, std::function<v
   return ticket;
 }
 
+void OdbcWorker::CancelRunning() {
+  const std::lock_guard lock(state_->mutex);
+  if (state_->running && state_->running->cancel_) StartThread(state_->running->cancel_);
+}
+
 // @param milliseconds  at most; after a cancellation `kPatience` holds
 bool OdbcWorker::AwaitDone(const Ticket& ticket, bool heedsInterruption, int milliseconds) {
   using Clock = std::chrono::steady_clock;
@@ -130,7 +135,9 @@ bool OdbcWorker::AwaitDone(const Ticket& ticket, bool heedsInterruption, int mil
     if (heedsInterruption && IsInterrupted() && !asked) {
       asked = true;
       deadline = after(kPatience);
-      if (state_->running && state_->running->cancel_) StartThread(state_->running->cancel_);
+      lock.unlock();
+      CancelRunning();
+      lock.lock();
     }
     if (Clock::now() < deadline) continue;
     lost_ = true;
@@ -155,7 +162,10 @@ void OdbcWorker::Release(std::function<void()> body) {
     [[maybe_unused]] const auto* const kept = new std::function<void()>(std::move(body));
     return;
   }
-  AwaitDone(Start(std::move(body), nullptr), false, IsInterrupted() ? kPatience : kReleasePatience);
+  const Ticket ticket = Start(std::move(body), nullptr);
+  if (!IsInterrupted()) return static_cast<void>(AwaitDone(ticket, false, kReleasePatience));
+  CancelRunning();
+  AwaitDone(ticket, false, kPatience);
 }
 
 }  // namespace zorkanca

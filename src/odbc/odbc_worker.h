@@ -36,6 +36,7 @@ class OdbcWorker {
  private:
   struct State;
 
+  void CancelRunning();
   bool AwaitDone(const Ticket& ticket, bool heedsInterruption, int milliseconds);
   bool IsInterrupted() const { return interrupted_ != nullptr && *interrupted_; }
 

@@ -1,6 +1,5 @@
 #include "sqlite/sqlite_binding.h"
 
-#include <charconv>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -8,6 +7,7 @@
 #include "runtime/decimal_digits.h"
 #include "runtime/error.h"
 #include "runtime/iso_date.h"
+#include "runtime/shortest_double.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -28,15 +28,6 @@ int BindNumber(sqlite3_stmt* statement, int parameter, const DecimalDigits& numb
   return sqlite3_bind_double(statement, parameter, NearestDouble(number));
 }
 
-// The real of the shortest digits that are this very Single: 0.1 is stored as the Double 0.1.
-double DoubleOf(float number) {
-  char digits[32];
-  const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, number);
-  double result = number;
-  std::from_chars(digits, end.ptr, result);
-  return result;
-}
-
 }  // namespace
 
 void BindSqliteValue(sqlite3_stmt* statement, int parameter, const Value& value) {
@@ -47,7 +38,7 @@ void BindSqliteValue(sqlite3_stmt* statement, int parameter, const Value& value)
     } else if constexpr (std::is_integral_v<Type>) {
       return sqlite3_bind_int64(statement, parameter, bound);
     } else if constexpr (std::is_same_v<Type, float>) {
-      return sqlite3_bind_double(statement, parameter, DoubleOf(bound));
+      return sqlite3_bind_double(statement, parameter, ShortestDouble(bound));
     } else if constexpr (std::is_same_v<Type, double>) {
       return sqlite3_bind_double(statement, parameter, bound);
     } else if constexpr (std::is_same_v<Type, Currency> || std::is_same_v<Type, Decimal>) {

@@ -64,7 +64,7 @@ class ManualTest(CommandLineCase):
         rows = [line.split("\t") for line in self.output("doctor").splitlines()]
         found = {name: (state, text) for name, state, text in rows}
         self.assertEqual(list(found), ["program", "locale", "config", "home", "log", "work-folder", "templates", "libreoffice", "fonts",
-                                       "windows", "opener", "clipboard", "sqlite"])
+                                       "windows", "opener", "clipboard", "sqlite", "odbc"])
         self.assertEqual(found["locale"], ("ok", "cs-CZ, ANSI page 1250"))
         self.assertEqual(found["config"][0], "missing")
         self.assertRegex(found["libreoffice"][1], r"^LibreOffice \d.*, /.*/soffice, writes documents and workbooks as PDF$")

@@ -200,10 +200,14 @@ class OdbcTest(CommandLineCase):
         # A folder of libraries that comes first, with a library of that name that is none.
         broken = self.folder / "broken"
         broken.mkdir()
-        (broken / "libodbc.so.2").write_bytes(b"")
+        (broken / "libodbc.so.2").write_bytes(b"")  # the loader passes over nothing that has the name
         _, stderr = self.html("SELECT 1", "-o", "never.htm", database="ODBC;DSN=x", status=1, LD_LIBRARY_PATH=str(broken))
         self.assertIn("ODBC connections need unixODBC and a driver; on Debian: apt install unixodbc", stderr)
         self.html("SELECT kod FROM zbozi", "-o", "page.htm", LD_LIBRARY_PATH=str(broken))
+        (broken / "soffice").write_text("#!/bin/sh\nexit 1\n")  # it takes its time, and it is not meant here
+        (broken / "soffice").chmod(0o755)
+        doctor = self.output("doctor", LD_LIBRARY_PATH=str(broken), PATH=f"{broken}:{os.environ['PATH']}", status=1)
+        self.assertIn("odbc\tmissing\tODBC connections need unixODBC", doctor)
 
     LONG = "SELECT a.n, b.n AS m FROM generate_series(1, 30000) a(n), generate_series(1, 1000) b(n)"
 

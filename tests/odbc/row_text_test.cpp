@@ -22,7 +22,7 @@ TEST(RowText, ValuesOfARow) {
       {"", {}},
       {"(", {}},
       {"(\"never closed", {"never close"}},
-      {"(a,\"", {"a", ""}},
+      {"(a,\"", {"a", "-"}},
   };
   RowText row;
   for (const Row& each : rows) {
