@@ -289,7 +289,7 @@ class OdbcTest(CommandLineCase):
         stderr = self.html("SELECT * FROM zbozi", "-o", "mdb.htm", database=database, before=["--events"])[1]
         page = (self.folder / "mdb.htm").read_text(encoding="cp1250")
         found = [re.findall(r"<TD[^>]*>(.*?)</TD>", row) for row in page.split("<TR")][2:]
-        self.assertEqual(found[0], ["A1", "7", "12,5", "0,25", "1.3.2026 18:00:00", "Pravda", "Žluťoučký kůň"])
+        self.assertEqual(found[0], ["A1", "7", "12,50", "0,25", "1.3.2026 18:00:00", "Pravda", "Žluťoučký kůň"])
         self.assertEqual(found[1], ["B2", "&nbsp;", "&nbsp;", "&nbsp;", "&nbsp;", "Nepravda", "&nbsp;"])
         self.assertEqual(len(found), len(rows))
         self.assertNotIn("PercentDone", stderr)  # others may write meanwhile: the number of records is not sure
