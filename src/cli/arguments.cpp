@@ -7,7 +7,8 @@
 #include <utility>
 
 #include "cli/command_line.h"
-#include "cli/nearest_name.h"
+#include "cli/command_page.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca::cli {
 
@@ -35,6 +36,20 @@ bool IsNumber(const std::string& argument) {
   if (start == std::string::npos) return false;
   const bool digit = std::isdigit(static_cast<unsigned char>(argument[start])) != 0;
   return digit || argument[start] == '.' || argument[start] == ',';
+}
+
+// An empty text is a value; no file, number or locale is called so.
+bool MayBeEmpty(const CLI::Option& option) {
+  switch (KindOfValue(option)) {
+    case ValueKind::kFile:
+    case ValueKind::kFolder:
+    case ValueKind::kFileOrFolder:
+    case ValueKind::kLocale:
+      return false;
+    default:
+      return !option.get_type_name().empty() && option.get_type_name().starts_with("TEXT") &&
+             (option.get_positional() || !option.get_required());
+  }
 }
 
 std::size_t ValuesTaken(const CLI::App& command) {
@@ -77,7 +92,22 @@ class Sorter {
     }
     const bool expected = given_.values.size() < ValuesTaken(given_.innermost());
     if (expected && (nearest.empty() || IsNumber(argument))) return false;
-    throw UsageError(Here() + " no option " + name + DidYouMean(nearest));
+    const std::string owners = Owners(name);
+    throw UsageError(Here() + " no option " + name +
+                     (owners.empty() ? DidYouMean(nearest) : "; it is an option of " + owners));
+  }
+
+  // The commands beside this one that have the option.
+  std::string Owners(const std::string& name) const {
+    std::string owners;
+    int count = 0;
+    for (const CLI::App* command : CommandsOf(*given_.commands.front())) {
+      if (!name.starts_with("--") || !command->get_option_no_throw(name)) continue;
+      constexpr int kMost = 4;
+      if (++count > kMost) return owners + ", ...";
+      owners += (count > 1 ? ", " : "") + command->get_name();
+    }
+    return owners;
   }
 
   std::string Here() const { return given_.commands.size() == 1 ? "there is" : PathOf(given_.commands) + " has"; }
@@ -106,6 +136,9 @@ class Sorter {
       found.value = attached;
     } else {
       found.value = FollowingValue(name);
+    }
+    if (TakesValue(*found.option) && found.value.empty() && !MayBeEmpty(*found.option)) {
+      throw UsageError(name + " needs a value, not ''");
     }
     given_.options.push_back(std::move(found));
     return true;
@@ -155,7 +188,8 @@ class Sorter {
       if (inner.empty() && FindCommand(*command, argument)) inner = command->get_name() + " " + argument;
     }
     const std::string nearest = NearestName(argument, names);
-    throw UsageError(Here() + " no command " + argument + DidYouMean(inner.empty() ? nearest : inner));
+    throw UsageError(Here() + " no command " + (argument.empty() ? "''" : argument) +
+                     DidYouMean(inner.empty() ? nearest : inner));
   }
 
   void AddValue(const std::string& value) {
@@ -165,7 +199,21 @@ class Sorter {
                        (ValuesTaken(command) == 0 ? " takes no value" : " takes no more values") + ": " +
                        (value.empty() ? "''" : value));
     }
+    if (value.empty()) RequireNamed(command, given_.values.size());
     given_.values.push_back(value);
+  }
+
+  // Errors: for a file that is called nothing. @param place  of the value among those of the command, from 0
+  static void RequireNamed(const CLI::App& command, std::size_t place) {
+    for (const CLI::Option* option : command.get_options()) {
+      if (!option->get_positional()) continue;
+      const auto taken = static_cast<std::size_t>(std::max(option->get_items_expected_max(), 0));
+      if (place < taken) {
+        if (!MayBeEmpty(*option)) throw UsageError(option->get_name(true) + " needs a value, not ''");
+        return;
+      }
+      place -= taken;
+    }
   }
 
   const std::vector<std::string>& arguments_;
@@ -178,6 +226,21 @@ class Sorter {
 void SortArguments(const CLI::App& app, const std::vector<std::string>& arguments, GivenArguments& given) {
   given.commands = {&app};
   Sorter(arguments, given).Run();
+}
+
+std::vector<std::string> InputsOf(const GivenArguments& given) {
+  constexpr std::array kRead = {"--db", "--sql-file", "--template", "--headers", "--data"};
+  std::vector<std::string> inputs;
+  for (const GivenOption& each : given.options) {
+    const auto isThis = [&each](const char* name) { return each.option->check_name(name); };
+    // A merge reads the file of that name, all others write it.
+    const bool isMerged = each.option->check_name("--data-file") && each.option->get_required();
+    if (isMerged || std::any_of(kRead.begin(), kRead.end(), isThis)) inputs.push_back(each.value);
+    if (each.option->check_name("--db")) inputs.push_back(each.value.substr(each.value.find('=') + 1));  // NAME=FILE
+  }
+  const bool readsValues = given.innermost().get_name() == "fill";
+  if (readsValues) inputs.insert(inputs.end(), given.values.begin(), given.values.end());
+  return inputs;
 }
 
 bool TakesValue(const CLI::Option& option) {

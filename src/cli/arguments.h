@@ -30,6 +30,9 @@ struct GivenArguments {
   std::vector<std::string> ForParser() const;
 };
 
+/// The files among the values that the command reads.
+std::vector<std::string> InputsOf(const GivenArguments& given);
+
 /// Whether an option takes a value; a flag does not.
 bool TakesValue(const CLI::Option& option);
 

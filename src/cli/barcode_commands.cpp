@@ -1,12 +1,11 @@
 // The command that shows bar codes: the text for a bar-code font, or a picture for those who have no such font.
-#include <algorithm>
 #include <memory>
 #include <vector>
 
 #include "barcode/bar_code.h"
 #include "barcode/bar_code_drawing.h"
+#include "cli/bar_code_arguments.h"
 #include "cli/command_line.h"
-#include "cli/nearest_name.h"
 #include "cli/output_check.h"
 #include "cli/query_arguments.h"
 #include "cli/query_database.h"
@@ -40,22 +39,6 @@ void WritePicture(const CommandContext& context, TextView path, TextView svg) {
   context.report.File(path);
 }
 
-// The library gives an empty text for what it cannot encode; a person wants to know.
-void TakeParameters(cBarCode& barCode, const std::string& parameters) {
-  barCode.ParseParameters(FromUtf8(parameters));
-  const std::string symbology = parameters.substr(0, parameters.find(';'));
-  std::vector<std::string> known;
-  std::string list;
-  for (const TextView name : kSymbologyNames) {
-    known.push_back(ToUtf8(name));
-    list += " " + known.back();
-  }
-  if (std::find(known.begin(), known.end(), symbology) == known.end()) {
-    throw UsageError("there is no symbology " + (symbology.empty() ? "''" : symbology) +
-                     DidYouMean(NearestName(symbology, known)) + "; there are" + list);
-  }
-}
-
 void RequireCarried(const cBarCode& barCode, TextView content) {
   if (!barCode.Lost()) return;
   Raise(RuntimeError::kInvalidCall, barCode.Symbology() + u" cannot carry \"" + Text(content) + u"\"");
@@ -64,7 +47,8 @@ void RequireCarried(const cBarCode& barCode, TextView content) {
 int RunValue(const CommandContext& context, const BarCodeOptions& options) {
   const Platform& platform = context.platform;
   cBarCode barCode(platform.locale);
-  TakeParameters(barCode, options.parameters);
+  RequireBarCode(options.parameters, platform.locale);
+  barCode.ParseParameters(FromUtf8(options.parameters));
   const Value value = FromUtf8(options.value);
   const Text text = barCode.EncodeValue(value);
   const Text content = barCode.ValueContent(value);
@@ -86,15 +70,16 @@ class BarCodeRecords {
  public:
   BarCodeRecords(const CommandContext& context, const BarCodeOptions& options)
       : context_(context), platform_(context.platform), barCode_(platform_.locale), database_(context, options.query) {
-    TakeParameters(barCode_, options.parameters);
+    database_.Require("PARAM", ColumnsOfBarCode(options.parameters, platform_.locale));
+    barCode_.ParseParameters(FromUtf8(options.parameters));
     recordset_ = database_.OpenRecordset(Statement(options.query), RecordsetType::kDynaset, 0);
-    RequireColumns(options);
     barCode_.SetRecordset(*recordset_);
   }
 
   void PrintTexts() {
     for (; !recordset_->Eof(); Next()) {
       context_.report.Value(OfRecord([this] { return EncodedRecord(); }));
+      context_.report.Records(1);
     }
   }
 
@@ -117,18 +102,6 @@ class BarCodeRecords {
   }
 
  private:
-  // Without a column every text would be empty.
-  void RequireColumns(const BarCodeOptions& options) {
-    for (const BarCodeItem& item : ParseBarCodeParameters(FromUtf8(options.parameters), platform_.locale).items) {
-      if (!item.ReadsField()) continue;
-      try {
-        recordset_->FieldNamed(item.text);
-      } catch (const Error&) {
-        Raise(RuntimeError::kItemNotFound, u"The query has no column \"" + item.text + u"\"");
-      }
-    }
-  }
-
   void Next() {
     recordset_->MoveNext();
     ++number_;
@@ -184,7 +157,8 @@ void AddBarcodeCommands(CLI::App& app, Command& chosen) {
   CLI::Option* value = command->add_option("--value", options->value, "value to encode; this or --db is required");
   AddQueryOptions(*command, options->query);
   CLI::Option* database = command->get_option("--db")->required(false)->excludes(value);
-  database->description("SQLite database file, for a bar code of each record; in place of --value (default: none)");
+  database->description(
+      "where the records come from, as for html, for a bar code of each; in place of --value (default: none)");
   command->remove_option(command->get_option("--step"));
   command->add_option("--svg", options->svg,
                       "draw into this file; several records: into this folder (default: print the text)");

@@ -5,6 +5,8 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cli/document_kinds.h"
+#include "cli/export_run.h"
 #include "cli/query_database.h"
 #include "export/bar_code_specification.h"
 #include "export/column_names.h"
@@ -22,17 +24,6 @@ namespace zorkanca::cli {
 
 namespace {
 
-// Passes what the library warns of on to the report.
-class Warnings final : public ExportListener {
- public:
-  explicit Warnings(Report& report) : report_(report) {}
-  void Cause(const Error& cause) override { report_.Cause(cause); }
-  void Warning(TextView text) override { report_.Warning(text); }
-
- private:
-  Report& report_;
-};
-
 class Check {
  public:
   Check(const CommandContext& context, const CheckOrder& order)
@@ -48,7 +39,7 @@ class Check {
   int Run() {
     const bool isPrepared = !order_.headers.empty() || !order_.data.empty();
     Attempt([&] { isPrepared ? LookAtFiles() : LookAtQuery(); });
-    Attempt([&] { LookAtTemplate(); });
+    if (order_.hasTemplate) Attempt([&] { LookAtTemplate(); });
     Attempt([&] {
       order_.tryOutput();
       Ok(u"the output can be written");
@@ -73,6 +64,7 @@ class Check {
 
   void LookAtQuery() {
     QueryDatabase database(context_, order_.query);
+    if (order_.require) order_.require(database);
     const Text select = Statement(order_.query);
     const auto recordset = database.OpenRecordset(select, RecordsetType::kDynaset, order_.query.options);
     if (database.sources().sqliteFile) Ok(u"the database " + FromUtf8(*database.sources().sqliteFile));
@@ -134,7 +126,7 @@ class Check {
 
   const CommandContext& context_;
   const CheckOrder& order_;
-  Warnings warnings_;
+  ReportedExport warnings_;
   ExportReport told_;
   ExportContext export_;
   std::optional<std::vector<Text>> columns_;  // nothing while they are not known
@@ -155,6 +147,8 @@ const char* NameOf(TemplateFieldKind kind) {
 std::vector<TemplateField> FieldsOf(const CommandContext& context, const Text& path) {
   const Text extension = LowerCase(GetExtensionName(path));
   if (extension == u"xml") {
+    if (!IsSpreadsheetXml(BytesOf(ToUtf8(path))))
+      Raise(RuntimeError::kInvalidCall, u"No template in spreadsheet XML: " + path);
     return MarkersOf(
         context.platform.files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, TextFormat::kAnsi)->ReadAll());
   }

@@ -6,6 +6,7 @@
 
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
+#include "cli/query_database.h"
 #include "cli/template_arguments.h"
 #include "export/template_check.h"
 
@@ -17,7 +18,9 @@ struct CheckOrder {
   const TemplateOptions& fromTemplate;
   TemplateUse use = TemplateUse::kMerge;
   std::function<void()> tryOutput;  ///< raises what is wrong with -o
-  std::string headers{};            ///< prepared files in the place of the query; of a merge the data file alone
+  bool hasTemplate = true;
+  std::function<void(QueryDatabase&)> require{};  ///< names the columns that options ask for; may be empty
+  std::string headers{};  ///< prepared files in the place of the query; of a merge the data file alone
   std::string data{};
 };
 

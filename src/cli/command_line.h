@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "cli/report.h"
 #include "platform/platform.h"
@@ -43,6 +44,8 @@ struct CommandContext {
   const Platform& platform;
   const std::atomic<bool>& interrupted;  ///< set by the first Ctrl-C
   Report& report;                        ///< where everything is told
+  /// Files that the command reads, as the line names them: none of them may be written.
+  const std::vector<std::string>& inputs;
 };
 
 /// What a command leaves to be run. @return the exit status
@@ -70,6 +73,7 @@ void AddLogCommands(CLI::App& app, Command& chosen);
 void AddFillCommands(CLI::App& app, Command& chosen);
 void AddPdfCommands(CLI::App& app, Command& chosen);
 void AddFieldsCommand(CLI::App& app, Command& chosen);
+void AddDoctorCommand(CLI::App& app, Command& chosen);
 void AddManualCommands(CLI::App& app, Command& chosen);
 
 /// All bytes of a file that the user named. Errors: 53 when it cannot be opened, 57 when it cannot be read.

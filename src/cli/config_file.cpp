@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "cli/command_line.h"
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca::cli {
 
@@ -137,13 +137,6 @@ class ConfigReader {
   std::vector<ConfigEntry> entries_;
 };
 
-std::string DefaultConfigFile() {
-  const char* folder = std::getenv("XDG_CONFIG_HOME");
-  if (folder && *folder == '/') return std::string(folder) + "/zorkanca/config.toml";
-  const char* home = std::getenv("HOME");
-  return home && *home ? std::string(home) + "/.config/zorkanca/config.toml" : "";
-}
-
 // The command of a table; the program itself of none.
 const CLI::App& CommandOf(const CLI::App& app, const ConfigEntry& entry) {
   const CLI::App* command = &app;
@@ -229,6 +222,13 @@ void AddEntries(GivenArguments& given, std::vector<ConfigEntry> entries, const s
 }
 
 }  // namespace
+
+std::string DefaultConfigFile() {
+  const char* folder = std::getenv("XDG_CONFIG_HOME");
+  if (folder && *folder == '/') return std::string(folder) + "/zorkanca/config.toml";
+  const char* home = std::getenv("HOME");
+  return home && *home ? std::string(home) + "/.config/zorkanca/config.toml" : "";
+}
 
 std::vector<ConfigEntry> ReadConfig(const std::string& text, const std::string& name) {
   return ConfigReader(text, name).Read();

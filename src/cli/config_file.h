@@ -17,6 +17,9 @@ struct ConfigEntry {
   std::size_t line = 0;
 };
 
+/// The user's own file of options, whether it is there or not; empty without a home folder.
+std::string DefaultConfigFile();
+
 /// @param name  of the file, for errors
 /// Errors: `UsageError` with file and line for what is no such file.
 std::vector<ConfigEntry> ReadConfig(const std::string& text, const std::string& name);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -36,7 +37,13 @@ bool IsForExcel(TextView path) {
   if (extension == u"xml") return BeginsAsWorkbook(ToUtf8(path));
   if (std::any_of(kExcelExtensions.begin(), kExcelExtensions.end(), isOne)) return true;
   if (std::any_of(kWordExtensions.begin(), kWordExtensions.end(), isOne)) return false;
+  std::error_code none;
+  if (std::filesystem::is_directory(ToUtf8(path), none)) throw UsageError("a folder, not a document: " + ToUtf8(path));
   throw UsageError("neither a Word document nor an Excel workbook by its name: " + ToUtf8(path));
+}
+
+bool IsSpreadsheetXml(std::string_view bytes) {
+  return bytes.find("<Workbook") != std::string_view::npos || bytes.find(":Workbook") != std::string_view::npos;
 }
 
 }  // namespace zorkanca::cli

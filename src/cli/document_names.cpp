@@ -38,6 +38,16 @@ DocumentNames::DocumentNames(const std::string& pattern) : pattern_(FromUtf8(pat
   if (inside) throw UsageError("--name: a brace is not closed: " + pattern);
 }
 
+std::vector<Text> DocumentNames::ColumnNames() const {
+  std::vector<Text> names;
+  for (std::size_t at = 0; (at = pattern_.find(u'{', at)) != Text::npos;) {
+    const std::size_t end = pattern_.find(u'}', at);
+    names.push_back(pattern_.substr(at + 1, end - at - 1));
+    at = end;
+  }
+  return names;
+}
+
 Text DocumentNames::Filled(const Columns& columns) const {
   Text name;
   for (std::size_t at = 0; at < pattern_.size();) {

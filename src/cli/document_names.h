@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "runtime/text.h"
 
@@ -18,6 +19,9 @@ class DocumentNames {
 
   /// @param pattern  of --name; empty for numbers. Errors: `UsageError` for a brace without its partner.
   explicit DocumentNames(const std::string& pattern);
+
+  /// The columns in braces, in order.
+  std::vector<Text> ColumnNames() const;
 
   /// Name of the document of a record, in at least four digits without a pattern. A character that a name cannot have
   /// becomes "_", a name that was given before gets " (2)" and so on; a name without anything becomes the number.

@@ -33,6 +33,7 @@ DocumentOutput::DocumentOutput(const CommandContext& context, const OutputOption
   if (count == Count::kOne && !options.name.empty()) throw UsageError("--name is for several documents: --multi");
   if (options.output.empty()) {
     RequireWritableFolder(context, files.GetAbsolutePathName(u"."));
+    if (count == Count::kOne && !template_.empty()) RequireNew(context, DefaultName() + Ending());
     return;
   }
   const bool folder = options.output != "-" && NamesFolder(context, options.output);
@@ -55,6 +56,10 @@ std::vector<Text> DocumentOutput::Extensions() const {
   return {u"docx", u"pdf"};
 }
 
+Text DocumentOutput::Ending() const {
+  return options_.pdf ? u".pdf" : u".docx";
+}
+
 Text DocumentOutput::DefaultName() const {
   return context_.platform.files.GetAbsolutePathName(GetBaseName(template_));
 }
@@ -75,7 +80,7 @@ void DocumentOutput::Add(const FinishedDocument& finished) {
 
 Text DocumentOutput::NameOfNext(const FinishedDocument& finished) {
   const std::int64_t number = ++count_ + (query_ ? query_->RecordsBefore() : 0);
-  return names_.NameOf(number, finished.valueOf, options_.pdf ? u".pdf" : u".docx");
+  return names_.NameOf(number, finished.valueOf, Ending());
 }
 
 void DocumentOutput::AddToFolder(const FinishedDocument& finished) {
@@ -104,8 +109,7 @@ void DocumentOutput::SaveOnly() {
     return file_->Written(file_->path());
   }
   const bool named = !options_.name.empty() && nameOfOnly_;
-  path_ = named ? context_.platform.files.GetAbsolutePathName(*nameOfOnly_)
-                : DefaultName() + (options_.pdf ? u".pdf" : u".docx");
+  path_ = named ? context_.platform.files.GetAbsolutePathName(*nameOfOnly_) : DefaultName() + Ending();
   RequireNew(context_, path_);
   only_->SaveAs(path_, options_.pdf ? WordSaveFormat::kPdf : WordSaveFormat::kDocumentXml);
   context_.report.File(path_);

@@ -41,12 +41,16 @@ class DocumentOutput {
   /// in memory. Errors: those of saving; 5 for a second document of one file.
   void Add(const FinishedDocument& document);
 
+  /// Nothing was added.
+  bool IsEmpty() const { return !only_ && count_ == 0; }
+
   /// Brings the work to its end and opens the result where -o does not name one.
   /// @param done  the export ended well; else documents of a folder that are finished are still written
   /// Errors: those of saving.
   void Finish(bool done);
 
  private:
+  Text Ending() const;
   Text DefaultName() const;
   std::vector<Text> Extensions() const;
   Text NameOfNext(const FinishedDocument& finished);

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "cli/bar_code_arguments.h"
 #include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
@@ -37,6 +38,8 @@ class WorkbookOutput {
   WorkbookOutput(const CommandContext& context, const ExcelOptions& options) : context_(context), options_(options) {
     if (options.output.empty()) {
       RequireWritableFolder(context, context.platform.files.GetAbsolutePathName(u"."));
+      const Text basis = FromUtf8(options.fromTemplate.name);
+      if (!basis.empty()) RequireNew(context, DefaultPath(basis));
     } else {
       file_.emplace(context, options.output, kExtensions);
     }
@@ -44,14 +47,8 @@ class WorkbookOutput {
 
   // @param basis  gives the workbook its name where -o does not: a template, or the name itself
   void Save(ExcelWorkbook& workbook, const Text& basis) {
-    FileSystem& files = context_.platform.files;
-    Text path = file_ ? file_->path() : files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
-    if (!file_) {
-      if (path == files.GetAbsolutePathName(basis)) {
-        throw UsageError("the workbook would take the place of its template; -o names another file");
-      }
-      RequireNew(context_, path);
-    }
+    const Text path = file_ ? file_->path() : DefaultPath(basis);
+    if (!file_) RequireNew(context_, path);
     if (LowerCase(GetExtensionName(path)) == u"pdf") {
       workbook.ExportAsFixedFormat({.fileName = path});
     } else {
@@ -63,6 +60,10 @@ class WorkbookOutput {
   }
 
  private:
+  Text DefaultPath(const Text& basis) const {
+    return context_.platform.files.GetAbsolutePathName(Text(GetBaseName(basis)) + u".xlsx");
+  }
+
   inline static const std::vector<Text> kExtensions = {u"xlsx", u"xlsm", u"pdf"};
 
   const CommandContext& context_;
@@ -74,7 +75,7 @@ class WorkbookOutput {
 // @param basis  see `WorkbookOutput::Save`; known when the operation is done
 template <typename Arguments, typename Operation>
 int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arguments& arguments, const Text& basis,
-                 const char* name, Operation run, const QueryDatabase* query = nullptr) {
+                 const char* name, Operation run) {
   WorkbookOutput output(context, options);
   const DataFile dataFile(context, options.dataFile, arguments.rsSourceFile);
   arguments.rbSetAppVisible = false;
@@ -82,16 +83,11 @@ int MakeWorkbook(const CommandContext& context, const ExcelOptions& options, Arg
   const bool done = run(exporting.office());
   if (done) exporting.RequireNoWarnings();
   if (done) output.Save(*arguments.roRetXls, basis);
-  return exporting.StatusOf(done, name, query);
+  return exporting.StatusOf(done, name);
 }
 
-int RunExcel(const CommandContext& context, const ExcelOptions& options) {
-  QueryDatabase database(context, options.query);
-  const Text select = Statement(options.query);
-  XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
-  return MakeWorkbook(
-      context, options, arguments, u"export", "XlExport",
-      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); }, &database);
+void RequireColumns(QueryDatabase& database, const ExcelOptions& options, const CommandContext& context) {
+  database.Require("--names", ColumnsOfBarCodeBehind(options.query.names, context.platform.locale));
 }
 
 // Where the workbook would go, for --check.
@@ -99,20 +95,40 @@ CheckOrder CheckOf(const CommandContext& context, const ExcelOptions& options) {
   return {.query = options.query,
           .fromTemplate = options.fromTemplate,
           .use = TemplateUse::kCells,
-          .tryOutput = [&context, &options] { WorkbookOutput(context, options); }};
+          .tryOutput = [&context, &options] { WorkbookOutput(context, options); },
+          .require = [&context, &options](QueryDatabase& database) { RequireColumns(database, options, context); }};
+}
+
+int RunExcel(const CommandContext& context, const ExcelOptions& options) {
+  if (options.fromTemplate.check) {
+    CheckOrder order = CheckOf(context, options);
+    order.use = TemplateUse::kMerge;  // its columns are called as those of a merge
+    order.hasTemplate = false;
+    order.require = nullptr;  // nor do they have a bar code
+    return RunCheck(context, order);
+  }
+  QueryDatabase database(context, options.query);
+  const Text select = Statement(options.query);
+  XlExportArguments arguments{.rsFieldNames = NamesOf(options.query), .ri_rsOptions = options.query.options};
+  return MakeWorkbook(context, options, arguments, u"export", "XlExport",
+                      [&](cZorOffice& office) { return office.XlExport(database, select, arguments); });
 }
 
 int RunExcelTemplate(const CommandContext& context, const ExcelOptions& options) {
+  // The rows of the sheet are made by the sum of the multiplier over the whole query.
+  if (!options.query.part.empty() && !options.query.multiplier.empty()) {
+    throw UsageError("--part and --multiplier do not go together in a workbook of a template");
+  }
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options));
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   const Text select = Statement(options.query);
   XlSabArguments arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.rsFieldNames = NamesOf(options.query);
   arguments.ri_rsOptions = options.query.options;
-  return MakeWorkbook(
-      context, options, arguments, arguments.rsTemplate, "XlExport_sab",
-      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); }, &database);
+  return MakeWorkbook(context, options, arguments, arguments.rsTemplate, "XlExport_sab",
+                      [&](cZorOffice& office) { return office.XlExport_sab(database, select, arguments); });
 }
 
 int RunExcelTemplateFile(const CommandContext& context, const ExcelOptions& options) {
@@ -146,6 +162,7 @@ void AddExcel(CLI::App& app, Command& chosen) {
   AddQueryOptions(*command, options->query);
   AddRecordOptions(*command, options->query);
   AddWorkbookOptions(*command, *options, "export.xlsx)");
+  AddCheckOption(*command, options->fromTemplate);
   SetCallback(*command, chosen, options, RunExcel);
 }
 

@@ -3,12 +3,15 @@
 #include <optional>
 #include <vector>
 
+#include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/export_run.h"
 #include "cli/host_platform.h"
+#include "cli/output_check.h"
 #include "cli/output_file.h"
 #include "cli/query_arguments.h"
 #include "cli/query_database.h"
+#include "cli/template_arguments.h"
 #include "export/column_names.h"
 #include "host/desktop/quiet_shell.h"
 #include "runtime/error.h"
@@ -31,9 +34,19 @@ struct HtmlOptions {
   std::int16_t padding = 1;
   std::int16_t spacing = 0;
   bool noOpen = false;
+  TemplateOptions checking;  // --check alone: there is no template
 };
 
+CheckOrder CheckOf(const CommandContext& context, const HtmlOptions& options) {
+  const auto tryOutput = [&context, &options] {
+    if (options.output.empty()) return RequireWritableFolder(context, context.platform.files.TemporaryFolder());
+    OutputFile(context, options.output, HtmlExtensions(options.output));
+  };
+  return {.query = options.query, .fromTemplate = options.checking, .tryOutput = tryOutput, .hasTemplate = false};
+}
+
 int RunHtml(const CommandContext& context, const HtmlOptions& options) {
+  if (options.checking.check) return RunCheck(context, CheckOf(context, options));
   QuietShell nothingOpens(context.platform.shell);
   const bool opens = !options.noOpen && options.output != "-" && HasDisplay();
   const Platform platform = opens ? context.platform : context.platform.With(nothingOpens);
@@ -52,7 +65,7 @@ int RunHtml(const CommandContext& context, const HtmlOptions& options) {
   const bool done = run.office().HTMLExport(database, Statement(options.query), arguments);
   if (done && output) output->Written(arguments.rsSourceFile);
   if (done && !output) context.report.File(arguments.rsSourceFile);
-  return run.StatusOf(done, "HTMLExport", &database);
+  return run.StatusOf(done, "HTMLExport");
 }
 
 void AddHtml(CLI::App& app, Command& chosen) {
@@ -67,6 +80,7 @@ void AddHtml(CLI::App& app, Command& chosen) {
   command->add_option("--padding", options->padding, "cell padding")->capture_default_str();
   command->add_option("--spacing", options->spacing, "cell spacing")->capture_default_str();
   command->add_flag("--no-open", options->noOpen, "do not open the result in its associated program");
+  AddCheckOption(*command, options->checking);
   SetCallback(*command, chosen, options, RunHtml);
 }
 
@@ -76,7 +90,12 @@ void AddNames(CLI::App& app, Command& chosen) {
   command->add_option("SELECT", *select, "SELECT statement")->required();
   command->callback([&chosen, select] {
     chosen = [select](const CommandContext& context) {
-      context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
+      try {
+        context.report.Value(ColumnCaptionsFromSelect(FromUtf8(*select), TextView(&kExportSeparator, 1)));
+      } catch (const Error&) {
+        Raise(RuntimeError::kInvalidCall,
+              u"Names are read from SELECT ... FROM ..., not from \"" + FromUtf8(*select) + u"\"");
+      }
       return kDone;
     };
   });

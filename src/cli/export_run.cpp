@@ -29,8 +29,7 @@ void ExportRun::RequireNoWarnings() const {
   Raise(RuntimeError::kInvalidCall, u"Nothing is written: with --strict there must be no warning");
 }
 
-int ExportRun::StatusOf(bool done, const char* operation, const QueryDatabase* query) const {
-  if (done && query) context_.report.Records(query->RecordsRead());
+int ExportRun::StatusOf(bool done, const char* operation) const {
   if (done) return kDone;
   for (const Text& failure : events_.failures()) {
     context_.report.statusLine().Erase();

@@ -6,28 +6,35 @@
 #include "cli/command_line.h"
 #include "cli/progress_display.h"
 #include "cli/query_arguments.h"
-#include "cli/query_database.h"
 #include "export/zor_office.h"
 
 namespace zorkanca::cli {
 
+/// Passes what the library tells beside its events on to the report.
+class ReportedExport : public ExportListener {
+ public:
+  explicit ReportedExport(Report& report) : report_(report) {}
+  void Cause(const Error& cause) override { report_.Cause(cause); }
+  void Warning(TextView text) override { report_.Warning(text); }
+  void Written(std::int64_t records) override { report_.Records(records); }
+
+ private:
+  Report& report_;
+};
+
 /// Shows the events, reports causes and warnings, and keeps what states tell of failures: one that ends no step well.
-class OfficeEvents final : public ZorOfficeEvents, public ExportListener {
+class OfficeEvents final : public ZorOfficeEvents, public ReportedExport {
  public:
   /// @param showsStates  on a terminal, too, what the export waits for
   OfficeEvents(const CommandContext& context, bool showsStates)
-      : report_(context.report), display_(context, showsStates) {}
+      : ReportedExport(context.report), display_(context, showsStates) {}
 
   void ExportState(ExportStateValue state, TextView DefaultMessage) override;
   void PercentDone(float Percent, bool& Cancel) override { display_.PercentDone(Percent, Cancel); }
 
-  void Cause(const Error& cause) override { report_.Cause(cause); }
-  void Warning(TextView text) override { report_.Warning(text); }
-
   const std::vector<Text>& failures() const { return failures_; }
 
  private:
-  Report& report_;
   ProgressDisplay display_;
   std::vector<Text> failures_;
 };
@@ -47,8 +54,7 @@ class ExportRun {
 
   /// Exit status of an operation with this result. What only events told of a failure is reported, with the operation's
   /// name before it.
-  /// @param query  its records are reported as written when all is done; null for an operation without a query
-  int StatusOf(bool done, const char* operation, const QueryDatabase* query = nullptr) const;
+  int StatusOf(bool done, const char* operation) const;
 
  private:
   const CommandContext& context_;

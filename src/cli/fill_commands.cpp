@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/command_line.h"
+#include "cli/document_kinds.h"
 #include "cli/fill_steps.h"
 #include "cli/interrupt.h"
 #include "cli/output_file.h"
@@ -111,14 +112,26 @@ class FillRun {
   std::vector<Text> values_;
 };
 
+// Errors: `UsageError` that names the file and the step.
+std::vector<FillStep> StepsOf(const FillOptions& options) {
+  const std::string json = options.steps == "-" ? ReadStandardInput() : BytesOf(options.steps);
+  try {
+    return ReadFillSteps(json);
+  } catch (const UsageError& error) {
+    throw UsageError((options.steps == "-" ? "standard input" : options.steps) + ": " + error.what());
+  }
+}
+
 int RunFill(const CommandContext& context, const FillOptions& options) {
   FileSystem& files = context.platform.files;
   OutputFile output(context, options.output, {u"xml"});
-  const std::vector<FillStep> steps =
-      ReadFillSteps(options.steps == "-" ? ReadStandardInput() : BytesOf(options.steps));
+  const std::vector<FillStep> steps = StepsOf(options);
 
   cExcel2003XmlTemplateFactory factory(context.platform);
   if (!factory.ReadTemplateFile(files.GetAbsolutePathName(FromUtf8(options.templateFile)))) return kFailed;
+  if (!IsSpreadsheetXml(BytesOf(options.templateFile))) {
+    Raise(RuntimeError::kInvalidCall, u"No template in spreadsheet XML: " + FromUtf8(options.templateFile));
+  }
   FillRun run(factory, context.interrupted);
   try {
     run.Run(steps);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "cli/command_line.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -214,7 +215,11 @@ class StepReader {
 
   void SetOperation(FillStep& step, const std::string& name) {
     step.operation = FindOperation(name);
-    if (!step.operation) Fail("unknown operation \"" + name + "\"");
+    if (!step.operation) {
+      std::vector<std::string> known;
+      for (const FillOperation& each : Operations()) known.emplace_back(each.name);
+      Fail("unknown operation \"" + name + "\"" + DidYouMean(NearestName(name, known)));
+    }
     if (step.operation->levels & (1u << (lists_.size() - 1))) return;
     constexpr std::string_view kPlaces[] = {"the workbook", "a worksheet", "a section"};
     Fail(name + " is no operation of " + std::string(kPlaces[lists_.size() - 1]));

@@ -4,6 +4,7 @@
 
 #include "cli/progress_bar.h"
 #include "runtime/locale.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -12,9 +13,15 @@ namespace {
 
 const Locale& LocaleOf(const std::string& tag) {
   if (const Locale* known = FindLocale(FromUtf8(tag))) return *known;
+  std::vector<std::string> known;
   std::string tags;
-  for (const Text& each : KnownLocaleTags()) tags += " " + ToUtf8(each);
-  throw UsageError("no data for the locale " + tag + "; known are" + tags);
+  for (const Text& each : KnownLocaleTags()) {
+    known.push_back(ToUtf8(each));
+    tags += " " + known.back();
+  }
+  const std::string nearest = NearestName(tag, known);
+  throw UsageError("no data for the locale " + tag +
+                   (nearest.empty() ? "; known are" : "; did you mean " + nearest + "? Known are") + tags);
 }
 
 DesktopUserInterface::Answers AnswersOf(const GlobalOptions& options) {

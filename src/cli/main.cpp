@@ -4,6 +4,7 @@
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -20,6 +21,7 @@
 #include "cli/interrupt.h"
 #include "files/file_bytes.h"
 #include "runtime/error.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -63,15 +65,16 @@ void KeepFreedMemory() {
   mallopt(M_MMAP_THRESHOLD, kKept);
 }
 
-int RunCommand(const GlobalOptions& options, const Command& command, Report& report) {
+int RunCommand(const GlobalOptions& options, const std::vector<std::string>& inputs, const Command& command,
+               Report& report) {
   KeepFreedMemory();
   const std::atomic<bool>& interrupted = WatchForInterrupt();
   try {
     const LinuxPlatform host(SettingsOf(options, interrupted, report));
     ReportedUserInterface user(host.platform().userInterface, report);
     const Platform platform = host.platform().With(user);
-    return report.Finish(
-        command({.options = options, .platform = platform, .interrupted = interrupted, .report = report}));
+    return report.Finish(command(
+        {.options = options, .platform = platform, .interrupted = interrupted, .report = report, .inputs = inputs}));
   } catch (const Error&) {
     if (!interrupted) throw;
     return report.Finish(kInterrupted);
@@ -91,6 +94,7 @@ void AddAllCommands(CLI::App& app, Command& command) {
   AddBarcodeCommands(app, command);
   AddRegistryCommands(app, command);
   AddLogCommands(app, command);
+  AddDoctorCommand(app, command);
   AddManualCommands(app, command);
 }
 
@@ -105,10 +109,30 @@ int ShowGroup(const GivenArguments& given) {
   return kWrongUsage;
 }
 
+// "--type: float not in {double,single}" as a sentence, with the nearest choice.
+std::string ChoiceReason(const std::string& text, std::size_t at) {
+  const std::size_t name = text.find(": ");
+  const std::size_t end = text.rfind('}');
+  if (name == std::string::npos || name + 2 > at || end == std::string::npos) return text;
+  const std::string value = text.substr(name + 2, at - name - 2);
+  std::vector<std::string> choices;
+  std::string list;
+  for (std::size_t start = text.find('{', at) + 1; start <= end;) {
+    const std::size_t comma = std::min(text.find(',', start), end);
+    choices.push_back(text.substr(start, comma - start));
+    list += (list.empty() ? "" : comma == end ? " or " : ", ") + choices.back();
+    start = comma + 1;
+  }
+  return text.substr(0, name) + " takes " + list + ", not " + (value.empty() ? "''" : value) +
+         DidYouMean(NearestName(value, choices));
+}
+
 // What the parser says of a value, without its own way of saying it.
 std::string Reason(const CLI::ParseError& error) {
   constexpr std::string_view kConversion = "Could not convert: ";
+  constexpr std::string_view kChoice = " not in {";
   std::string text = error.what();
+  if (const std::size_t at = text.find(kChoice); at != std::string::npos) return ChoiceReason(text, at);
   if (text.starts_with(kConversion)) {
     text.erase(0, kConversion.size());
     if (const std::size_t equals = text.find(" = "); equals != std::string::npos)
@@ -132,7 +156,7 @@ int Run(CLI::App& app, const std::vector<std::string>& arguments, GivenArguments
   AddConfigured(given);
   if (given.ValueOf("--json")) report.GatherAsJson();
   app.parse(given.ForParser());
-  return RunCommand(options, command, report);
+  return RunCommand(options, InputsOf(given), command, report);
 }
 
 int Main(const std::vector<std::string>& arguments) {
@@ -151,6 +175,7 @@ int Main(const std::vector<std::string>& arguments) {
     report.WrongUsage(Reason(error), PathOf(given.commands));
     return report.Finish(kWrongUsage);
   } catch (const UsageError& error) {
+    if (!given.commands.empty() && given.ValueOf("--json")) report.GatherAsJson();  // what was understood before it
     report.WrongUsage(error.what(), PathOf(given.commands));
     return report.Finish(kWrongUsage);
   } catch (const Error& error) {

@@ -10,7 +10,7 @@
 #include "cli/completion.h"
 #include "cli/help.h"
 #include "cli/man_page.h"
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca::cli {
 

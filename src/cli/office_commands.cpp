@@ -5,8 +5,10 @@
 #include "cli/command_line.h"
 #include "cli/document_kinds.h"
 #include "cli/host_platform.h"
+#include "cli/input_check.h"
 #include "office/alternative_office_manager.h"
 #include "office/kancel_apl.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -40,11 +42,12 @@ void AddOpen(CLI::App& app, Command& chosen) {
   command->callback([&chosen, file] {
     chosen = [file](const CommandContext& context) {
       const Text path = AbsolutePathOf(context, *file);
+      const bool isForExcel = IsForExcel(path);
+      RequireFile(context, path);
       cKancelApl applications(context.platform);
       WordDocumentReference document;
       ExcelWorkbookReference workbook;
-      const bool done =
-          IsForExcel(path) ? applications.OtevriXls(path, workbook) : applications.OtevriDoc(path, document);
+      const bool done = isForExcel ? applications.OtevriXls(path, workbook) : applications.OtevriDoc(path, document);
       if (!done) context.report.Failure(FromUtf8(*file) + u" could not be opened, see the error log");
       // Our engines have no windows of their own.
       if (done && HasDisplay()) context.platform.shell.OpenDocument(path);
@@ -111,11 +114,15 @@ std::vector<Setting> AllSettings() {
 Setting FindSetting(const std::string& key) {
   const Text wanted = FromUtf8(key);
   std::string known;
+  std::vector<std::string> names;
   for (const Setting& setting : AllSettings()) {
     if (EqualsIgnoringCase(setting.key, wanted)) return setting;
-    known += " " + ToUtf8(setting.key);
+    names.push_back(ToUtf8(setting.key));
+    known += " " + names.back();
   }
-  throw UsageError("no such setting: " + key + "; known are" + known);
+  const std::string nearest = NearestName(key, names);
+  throw UsageError("no such setting: " + key +
+                   (nearest.empty() ? "; known are" : "; did you mean " + nearest + "? Known are") + known);
 }
 
 int GetSettings(const CommandContext& context, const AlternativeOptions& options) {
@@ -162,6 +169,7 @@ int ShowDialog(const CommandContext& context, const AlternativeOptions& options)
 int OpenFile(const CommandContext& context, const AlternativeOptions& options) {
   const cAlternativeOfficeManager manager(context.platform);
   const Text path = AbsolutePathOf(context, options.file);
+  RequireFile(context, path);
   if (options.table) {
     manager.OpenFileInTableEditor(path);
   } else {

@@ -12,7 +12,7 @@ void RequireWritable(const CommandContext& context, const Text& path);
 /// The same for the files of a folder, which may have to be made. Errors: also 58 when a file is in its place.
 void RequireWritableFolder(const CommandContext& context, const Text& folder);
 
-/// Lets a file stay that --no-clobber protects. Errors: 58.
+/// Lets a file stay that --no-clobber protects, or that the command reads. Errors: 58; `UsageError` for the latter.
 void RequireNew(const CommandContext& context, const Text& path);
 
 }  // namespace zorkanca::cli

@@ -13,6 +13,7 @@
 
 #include "cli/command_line.h"
 #include "cli/document_kinds.h"
+#include "cli/export_run.h"
 #include "cli/host_platform.h"
 #include "cli/output_check.h"
 #include "cli/output_file.h"
@@ -116,6 +117,8 @@ class PdfRun {
 
   void Work(const Platform& platform) {
     cOfficePdfConvert convert(platform);
+    ReportedExport listener(context_.report);
+    convert.Listen(&listener);
     const auto bookmarks = static_cast<WdExportCreateBookmarks>(options_.bookmarks);
     for (std::size_t next = next_++; next < jobs_.size() && !context_.interrupted; next = next_++) {
       const PdfJob& job = jobs_[next];

@@ -1,9 +1,12 @@
 #include "cli/query_arguments.h"
 
+#include <algorithm>
 #include <map>
 
 #include "cli/command_line.h"
 #include "cli/interrupt.h"
+#include "runtime/error.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -49,11 +52,16 @@ void AddRecordOptions(CLI::App& command, QueryOptions& query) {
 }
 
 void AddStepOption(CLI::App& command, QueryOptions& query) {
-  command.add_option("--step", query.step, "percent between two progress events")->capture_default_str();
+  command.add_option("--step", query.step, "percent between two progress events")
+      ->check(CLI::Validator(
+          [](const std::string& value) { return std::stof(value) > 0 ? "" : "is above 0, not " + value; }, ""))
+      ->capture_default_str();
 }
 
 void AddBlankRecordsOption(CLI::App& command, QueryOptions& query) {
-  command.add_option("--blank-records", query.blankRecords, "empty records before the data")->capture_default_str();
+  command.add_option("--blank-records", query.blankRecords, "empty records before the data")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
 }
 
 void AddPreparedFileOptions(CLI::App& command, PreparedFileOptions& prepared) {
@@ -112,6 +120,22 @@ bool IsFileName(const std::string& statement) {
   return statement.ends_with(".sql") && statement.find_first_of(" \t\n") == std::string::npos;
 }
 
+// What is no UTF-8 would come out as other letters, or as no statement at all.
+void RequireUtf8(const std::string& statement, const QueryOptions& query) {
+  const std::string where = !query.sqlFile.empty() ? query.sqlFile
+                            : query.select == "-"  ? "standard input"
+                                                   : "--select";
+  Text ignored;
+  if (statement.starts_with("\xFF\xFE") || statement.starts_with("\xFE\xFF")) {
+    Raise(RuntimeError::kTypeMismatch, FromUtf8("A statement is UTF-8; this is UTF-16: " + where));
+  }
+  if (!AppendUtf8(ignored, statement))
+    Raise(RuntimeError::kTypeMismatch, FromUtf8("A statement is UTF-8; this is none: " + where));
+  if (statement.find('\0') != std::string::npos) {
+    Raise(RuntimeError::kTypeMismatch, FromUtf8("A statement is a text; this holds NUL characters: " + where));
+  }
+}
+
 std::string EmptyStatement(const QueryOptions& query) {
   if (!query.sqlFile.empty()) return "the file holds no statement: " + query.sqlFile;
   return query.select == "-" ? "standard input holds no statement" : "--select or --sql-file is required";
@@ -128,9 +152,18 @@ SqliteColumnTypes TypesOf(const QueryOptions& query) {
     const std::size_t equals = argument.rfind('=');
     const auto type = equals == std::string::npos ? kTypes.end() : kTypes.find(argument.substr(equals + 1));
     if (type == kTypes.end() || equals == 0) {
-      throw UsageError("--type takes COLUMN=boolean, integer, currency, double, date or text, not " + argument);
+      std::vector<std::string> known;
+      for (const auto& [name, ignored] : kTypes) known.push_back(name);
+      const std::string given = equals == std::string::npos ? "" : argument.substr(equals + 1);
+      throw UsageError("--type takes COLUMN=boolean, integer, currency, double, date or text, not " + argument +
+                       DidYouMean(NearestName(given, known)));
     }
-    types.emplace_back(FromUtf8(argument.substr(0, equals)), type->second);
+    const Text column = FromUtf8(argument.substr(0, equals));
+    const auto isSame = [&column](const auto& each) { return EqualsIgnoringCase(each.first, column); };
+    if (std::any_of(types.begin(), types.end(), isSame)) {
+      throw UsageError("--type settles " + argument.substr(0, equals) + " twice");
+    }
+    types.emplace_back(column, type->second);
   }
   return types;
 }
@@ -140,6 +173,7 @@ Text Statement(const QueryOptions& query) {
   std::string statement = fromFile ? BytesOf(query.sqlFile) : query.select == "-" ? ReadStandardInput() : query.select;
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   if (statement.starts_with(kMark)) statement.erase(0, kMark.size());
+  RequireUtf8(statement, query);
   if (statement.find_first_not_of(" \t\r\n;") == std::string::npos) throw UsageError(EmptyStatement(query));
   if (!fromFile && IsFileName(statement)) {
     throw UsageError("--select takes a statement, not the name of a file; a file is named by --sql-file " + statement);

@@ -51,7 +51,8 @@ void AddUnicodeOption(CLI::App& command, QueryOptions& query);
 SqliteColumnTypes TypesOf(const QueryOptions& query);
 
 /// The statement as --select or --sql-file gave it, on one line; "-" is all of standard input.
-/// Errors: `UsageError` for an empty one and for the name of a file in its place; 53, 57 when it cannot be read.
+/// Errors: `UsageError` for an empty one and for the name of a file in its place; 13 for what is no text in UTF-8; 53,
+/// 57 when it cannot be read.
 Text Statement(const QueryOptions& query);
 
 /// The options as preferences of the office object.

@@ -4,7 +4,11 @@
 #include <charconv>
 #include <limits>
 #include <string_view>
+#include <utility>
 
+#include "export/column_names.h"
+#include "runtime/error.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_database.h"
 
@@ -50,10 +54,7 @@ class QueryDatabase::CountedRecordset final : public Recordset {
     records_->MoveFirst();
     for (position_ = 1; position_ < first_;) Step();
   }
-  void MoveNext() override {
-    Step();
-    state_->read = std::max(state_->read, position_ - first_);
-  }
+  void MoveNext() override { Step(); }
   void MoveLast() override {
     if (!IsPart()) return records_->MoveLast();
     while (position_ < last_) Step();
@@ -98,6 +99,7 @@ QueryDatabase::QueryDatabase(const CommandContext& context, const QueryOptions& 
   }
   details_ = database.get();
   database_ = std::move(database);
+  if (!options.multiplier.empty()) Require("--multiplier", {FromUtf8(options.multiplier)});
 }
 
 QueryDatabase::~QueryDatabase() = default;
@@ -113,7 +115,33 @@ std::vector<Text> QueryDatabase::Load(SqliteConnection& connection, const FileRe
 }
 
 std::unique_ptr<Recordset> QueryDatabase::OpenRecordset(TextView name, RecordsetType type, std::int16_t options) {
-  return std::make_unique<CountedRecordset>(database_->OpenRecordset(name, type, options), share_, state_);
+  auto recordset = database_->OpenRecordset(name, type, options);
+  CheckColumns(*recordset);
+  return std::make_unique<CountedRecordset>(std::move(recordset), share_, state_);
+}
+
+void QueryDatabase::Require(const std::string& option, const std::vector<Text>& columns) {
+  for (const Text& column : columns) required_.push_back({FromUtf8(option), column});
+}
+
+void QueryDatabase::RequireCount(const std::string& option, std::size_t columns) {
+  counts_.emplace_back(FromUtf8(option), columns);
+}
+
+// The first statement is the query, a further one asks for a sum over it.
+void QueryDatabase::CheckColumns(Recordset& recordset) {
+  const std::vector<Text> columns = FieldNames(recordset);
+  for (const auto& [option, count] : std::exchange(counts_, {})) {
+    if (count <= columns.size()) continue;
+    Raise(RuntimeError::kSubscriptOutOfRange, option + u" asks for column " +
+                                                  DecimalText(static_cast<std::int64_t>(count)) + u"; the query has " +
+                                                  DecimalText(static_cast<std::int64_t>(columns.size())));
+  }
+  for (const auto& [option, name] : std::exchange(required_, {})) {
+    const auto isThis = [&wanted = name](const Text& column) { return EqualsIgnoringCase(column, wanted); };
+    if (std::any_of(columns.begin(), columns.end(), isThis)) continue;
+    Raise(RuntimeError::kItemNotFound, option + u": " + NoColumn(name, columns));
+  }
 }
 
 std::unique_ptr<DetailQuery> QueryDatabase::PrepareDetail(TextView sql) {

@@ -1,9 +1,11 @@
-// The database of a command's query: it serves the share of the records that --part asks for, and counts what was read.
+// The database of a command's query: it serves the share of the records that --part asks for.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/command_line.h"
 #include "cli/query_arguments.h"
@@ -35,7 +37,14 @@ class QueryDatabase final : public Database, public DetailSource {
   QueryDatabase(const QueryDatabase&) = delete;
   QueryDatabase& operator=(const QueryDatabase&) = delete;
 
-  /// Errors: those of the database.
+  /// Columns that an option asks for. The query must have them, case ignored.
+  /// @param option  with its dashes, for the error
+  void Require(const std::string& option, const std::vector<Text>& columns);
+
+  /// The query must have so many columns at least. @param option  for the error
+  void RequireCount(const std::string& option, std::size_t columns);
+
+  /// Errors: those of the database; for the query itself also 3265 for a column that an option asks for.
   std::unique_ptr<Recordset> OpenRecordset(TextView name, RecordsetType type, std::int16_t options) override;
 
   /// Errors: those of the database.
@@ -47,15 +56,18 @@ class QueryDatabase final : public Database, public DetailSource {
 
   /// How many records of the query stand before the share; known once it was opened.
   std::int64_t RecordsBefore() const { return state_->before; }
-  /// How many records were gone through, the most of all times.
-  std::int64_t RecordsRead() const { return state_->read; }
 
  private:
   struct State {
     std::int64_t before = 0;
-    std::int64_t read = 0;
   };
   class CountedRecordset;
+  struct Required {
+    Text option;
+    Text column;
+  };
+
+  void CheckColumns(Recordset& recordset);
 
   std::vector<Text> Load(SqliteConnection& connection, const FileReading& reading);
 
@@ -64,6 +76,8 @@ class QueryDatabase final : public Database, public DetailSource {
   std::unique_ptr<Database> database_;
   DetailSource* details_ = nullptr;  // the database, too
   Share share_;
+  std::vector<Required> required_;
+  std::vector<std::pair<Text, std::size_t>> counts_;
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/command_line.h"
+#include "cli/input_check.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -21,6 +22,14 @@ Json TextsOf(const std::vector<Text>& texts) {
 // One line of standard error; line ends inside are the terminal's.
 std::string LineOf(TextView text) {
   return ToUtf8(Replace(text, kCrLf, u"\n"));
+}
+
+// What is said of a file that is not there, with the one that may be meant.
+Error WithHint(const Error& error) {
+  const Text hint = FileHint(error);
+  Text description = error.description();
+  if (!hint.empty() && description.ends_with(u'.')) description.pop_back();
+  return {error.number(), error.source(), description + hint};
 }
 
 Text NumberAndDescription(const Error& error) {
@@ -72,14 +81,15 @@ void Report::Warning(TextView text) {
 
 void Report::Cause(const Error& error) {
   const std::lock_guard lock(mutex_);
-  cause_ = error;
-  Tell(u"cause: " + NumberAndDescription(error));
+  cause_ = WithHint(error);
+  const Text text = NumberAndDescription(error);
+  if (said_.find(text) == Text::npos) Tell(u"cause: " + NumberAndDescription(*cause_));
 }
 
 void Report::Failure(const Error& error) {
   const std::lock_guard lock(mutex_);
-  failure_ = error;
-  Tell(NumberAndDescription(error));
+  failure_ = WithHint(error);
+  Tell(NumberAndDescription(*failure_));
 }
 
 void Report::Failure(TextView text) {
@@ -96,7 +106,9 @@ void Report::WrongUsage(const std::string& text, const std::string& command) {
 void Report::MessageBox(const Message& message) {
   const std::lock_guard lock(mutex_);
   statusLine_.Erase();
-  if (message.buttons == MessageButtons::kOk) message_ = Replace(message.text, kCrLf, u"\n");
+  if (message.buttons != MessageButtons::kOk) return;
+  message_ = Replace(message.text, kCrLf, u"\n");
+  said_.append(message_).append(u"\n");
 }
 
 std::string Report::AsJson(int status) const {

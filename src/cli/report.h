@@ -35,7 +35,7 @@ class Report {
   void Warning(TextView text);
   bool HasWarnings() const { return !warnings_.empty(); }
 
-  /// "zorkanca: cause: NUMBER - DESCRIPTION": what a message box hides.
+  /// "zorkanca: cause: NUMBER - DESCRIPTION": what a message box hides; what one has said is not said again.
   void Cause(const Error& error);
   /// "zorkanca: NUMBER - DESCRIPTION": why the command failed.
   void Failure(const Error& error);
@@ -69,6 +69,7 @@ class Report {
   std::optional<Error> cause_;
   std::optional<Error> failure_;
   Text message_;  // of the last box that told of a failure
+  Text said_;     // by all boxes
 };
 
 /// The user of a command: message boxes are reported, too, and never printed over the progress.

@@ -1,5 +1,6 @@
 #include "cli/template_arguments.h"
 
+#include "cli/command_line.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -22,7 +23,16 @@ void AddCheckOptions(CLI::App& command, TemplateOptions& options) {
                    "tell what is wrong with database, query, template and output; write nothing");
 }
 
+void AddCheckOption(CLI::App& command, TemplateOptions& options) {
+  command.add_flag("--check", options.check, "tell what is wrong with database, query and output; write nothing");
+}
+
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options) {
+  if (options.application.empty() && (options.name.empty() || options.name.starts_with('['))) {
+    const std::string what = options.name.empty() ? "" : options.name + " is a list of an application: ";
+    throw UsageError(
+        what + (what.empty() ? "--template is required, or --application for its lists" : "--application is required"));
+  }
   arguments.rsZorApl = FromUtf8(options.application);
   arguments.rsTemplate = FromUtf8(options.name);
   arguments.rbAdmin = options.admin;

@@ -22,8 +22,11 @@ struct TemplateOptions {
 void AddTemplateOptions(CLI::App& command, TemplateOptions& options);
 /// --strict and --check alone, for a command with a --template of its own.
 void AddCheckOptions(CLI::App& command, TemplateOptions& options);
+/// --check for a command without a template.
+void AddCheckOption(CLI::App& command, TemplateOptions& options);
 
-/// The options as arguments of an export.
+/// The options as arguments of an export. Errors: `UsageError` when they name neither a template nor whose lists to
+/// look at.
 void SetTemplate(TemplateArguments& arguments, const TemplateOptions& options);
 
 /// --format, once for each column.

@@ -1,15 +1,19 @@
 // Commands that make Word documents: merges, of a query, of prepared files or of a data file, and forms.
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
+#include "cli/bar_code_arguments.h"
 #include "cli/check.h"
 #include "cli/command_line.h"
 #include "cli/data_file.h"
+#include "cli/document_names.h"
 #include "cli/document_output.h"
 #include "cli/export_run.h"
 #include "cli/query_arguments.h"
 #include "cli/query_database.h"
 #include "cli/template_arguments.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca::cli {
@@ -52,7 +56,9 @@ int MakeDocuments(const CommandContext& context, const WordOptions& options, con
   const bool done = run(exporting.office());
   if (done && !options.multi) add({result, nullptr});
   output.Finish(done);
-  return exporting.StatusOf(done, name, query);
+  if (done && output.IsEmpty())
+    Raise(RuntimeError::kNoCurrentRecord, u"There is no record, so that no document was made");
+  return exporting.StatusOf(done, name);
 }
 
 template <typename Operation>
@@ -66,15 +72,36 @@ int RunWordExport(const CommandContext& context, const WordOptions& options, Wor
   return MakeDocuments(context, options, arguments.rsTemplate, name, arguments.roRetDoc, run, query);
 }
 
+// What --name asks for is known before the work where the names of the records are the database's own.
+void RequireNames(QueryDatabase& database, const QueryOptions& query, const OutputOptions& output) {
+  if (!NamesOf(query).empty() || !TakesNamesOfRecordset(query)) return;
+  database.Require("--name", DocumentNames(output.name).ColumnNames());
+}
+
+void RequireColumns(QueryDatabase& database, const WordOptions& options, const CommandContext& context) {
+  database.Require("--names", ColumnsOfBarCodeBehind(options.query.names, context.platform.locale));
+  database.RequireCount("--format", options.formats.size());
+  RequireNames(database, options.query, options.output);
+}
+
+void RequireColumns(QueryDatabase& database, const FormOptions& options, const CommandContext& context) {
+  RequireNames(database, options.query, options.output);
+  database.RequireCount("--format", options.formats.size());
+  for (const std::size_t column : options.oneChar) database.RequireCount("--one-char", column);
+  if (options.barCode.empty()) return;
+  database.Require("--barcode", ColumnsOfBarCode(options.barCode, context.platform.locale));
+  database.Require("--barcode", {OutputOfBarCode(options.barCode, context.platform.locale)});
+}
+
 // Where the documents would go, for --check.
 template <typename Options>
 CheckOrder CheckOf(const CommandContext& context, const Options& options, DocumentOutput::Count count,
                    TemplateUse use = TemplateUse::kMerge) {
-  return {
-      .query = options.query,
-      .fromTemplate = options.fromTemplate,
-      .use = use,
-      .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); }};
+  return {.query = options.query,
+          .fromTemplate = options.fromTemplate,
+          .use = use,
+          .tryOutput = [&context, &options, count] { DocumentOutput(context, options.output, count, Text(), nullptr); },
+          .require = [&context, &options](QueryDatabase& database) { RequireColumns(database, options, context); }};
 }
 
 DocumentOutput::Count CountOf(const WordOptions& options) {
@@ -84,6 +111,7 @@ DocumentOutput::Count CountOf(const WordOptions& options) {
 int RunWord(const CommandContext& context, const WordOptions& options) {
   if (options.fromTemplate.check) return RunCheck(context, CheckOf(context, options, CountOf(options)));
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   const Text select = Statement(options.query);
   WdExportArguments arguments;
   arguments.rsFieldNames = NamesOf(options.query);
@@ -127,10 +155,16 @@ int RunMerge(const CommandContext& context, const WordOptions& options) {
 }
 
 int RunForm(const CommandContext& context, const FormOptions& options) {
+  const auto isGiven = [](float margin) { return margin != WdExportFormArguments().LeftMargin; };
+  if (isGiven(options.arguments.LeftMarginP2) && !isGiven(options.arguments.LeftMargin))
+    throw UsageError("--left2 needs --left");
+  if (isGiven(options.arguments.TopMarginP2) && !isGiven(options.arguments.TopMargin))
+    throw UsageError("--top2 needs --top");
   if (options.fromTemplate.check) {
     return RunCheck(context, CheckOf(context, options, DocumentOutput::Count::kUnknown, TemplateUse::kForm));
   }
   QueryDatabase database(context, options.query);
+  RequireColumns(database, options, context);
   WdExportFormArguments arguments = options.arguments;
   SetTemplate(arguments, options.fromTemplate);
   arguments.ri_rsOptions = options.query.options;
@@ -149,7 +183,7 @@ int RunForm(const CommandContext& context, const FormOptions& options) {
   });
   const bool done = run.office().WdExportForm(database, Statement(options.query), arguments);
   output.Finish(done);
-  return run.StatusOf(done, "WdExportForm", &database);
+  return run.StatusOf(done, "WdExportForm");
 }
 
 void AddMultiOption(CLI::App& command, WordOptions& options) {
@@ -184,6 +218,15 @@ void AddWordFile(CLI::App& app, Command& chosen) {
   SetCallback(*command, chosen, options, RunWordFile);
 }
 
+// What the largest page takes.
+CLI::Validator IsMargin() {
+  const auto isOne = [](const std::string& value) {
+    const float centimetres = std::strtof(value.c_str(), nullptr);
+    return centimetres >= 0 && centimetres <= 55.8f ? "" : "takes centimetres from 0 to 55.8, not " + value;
+  };
+  return CLI::Validator(isOne, "");
+}
+
 void AddForm(CLI::App& app, Command& chosen) {
   CLI::App* command = app.add_subcommand("form", "Fill a Word form once for each row of a query");
   const auto options = std::make_shared<FormOptions>();
@@ -197,12 +240,18 @@ void AddForm(CLI::App& app, Command& chosen) {
                    "column, from 1, of which each character has a field of its own (default: none)")
       ->allow_extra_args(false)
       ->check(CLI::Range(1, 1000));
-  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm (default: the template's)");
-  command->add_option("--top", options->arguments.TopMargin, "top margin in cm (default: the template's)");
-  command->add_option("--left2", options->arguments.LeftMarginP2,
-                      "left margin of the second section in cm (default: the template's)");
-  command->add_option("--top2", options->arguments.TopMarginP2,
-                      "top margin of the second section in cm (default: the template's)");
+  command->add_option("--left", options->arguments.LeftMargin, "left margin in cm (default: the template's)")
+      ->check(IsMargin());
+  command->add_option("--top", options->arguments.TopMargin, "top margin in cm (default: the template's)")
+      ->check(IsMargin());
+  command
+      ->add_option("--left2", options->arguments.LeftMarginP2,
+                   "left margin of the second section in cm (default: the template's)")
+      ->check(IsMargin());
+  command
+      ->add_option("--top2", options->arguments.TopMarginP2,
+                   "top margin of the second section in cm (default: the template's)")
+      ->check(IsMargin());
   AddOutputOptions(*command, options->output);
   SetCallback(*command, chosen, options, RunForm);
 }

@@ -6,6 +6,7 @@
 
 #include "platform/paths.h"
 #include "runtime/code_page.h"
+#include "runtime/error.h"
 #include "runtime/utf8.h"
 
 namespace zorkanca {
@@ -39,20 +40,27 @@ std::optional<TextFormat> FormatOfMark(std::string_view bytes) {
   return std::nullopt;
 }
 
+enum class Utf8 { kNone, kAscii, kLetters };
+
 // Whole characters of valid UTF-8, some of them beyond ASCII. What a piece has only begun counts for nothing.
-bool LooksLikeUtf8(FileBytes& file, std::string bytes) {
+Utf8 Utf8Of(FileBytes& file, std::string bytes) {
   bool beyondAscii = false;
   do {
     std::size_t end = bytes.rfind('\n');  // whole lines are whole characters
     end = end == std::string::npos ? 0 : end + 1;
     const std::string_view lines = std::string_view(bytes).substr(0, end);
     Text ignored;
-    if (!AppendUtf8(ignored, lines)) return false;
+    if (!AppendUtf8(ignored, lines)) return Utf8::kNone;
     beyondAscii = beyondAscii || ignored.size() < lines.size();
     bytes.erase(0, end);
   } while (file.Append(bytes));
   Text rest;
-  return AppendUtf8(rest, bytes) && (beyondAscii || rest.size() < bytes.size());
+  if (!AppendUtf8(rest, bytes)) return Utf8::kNone;
+  return beyondAscii || rest.size() < bytes.size() ? Utf8::kLetters : Utf8::kAscii;
+}
+
+[[noreturn]] void RaiseOtherEncoding(TextView reason, const Text& path) {
+  Raise(RuntimeError::kTypeMismatch, Text(reason).append(u": ").append(path));
 }
 
 }  // namespace
@@ -68,11 +76,29 @@ TextFormat EncodingOfFile(const ExportContext& context, const Text& path) {
   file.Append(bytes);
   if (preferred == DataEncoding::kByMark) {
     if (const std::optional<TextFormat> marked = FormatOfMark(bytes)) return *marked;
-    if (LooksLikeUtf8(file, std::move(bytes))) {
+    if (Utf8Of(file, std::move(bytes)) == Utf8::kLetters) {
       context.Warn(Text(u"The file is read as ANSI, but it looks like UTF-8; --encoding utf-8 reads it so: ") + path);
     }
   }
   return TextFormat::kAnsi;
+}
+
+void RequireEncoding(const ExportContext& context, const Text& path, TextFormat format) {
+  if (!context.report || !context.report->HasListener()) return;
+  FileBytes file(context, path);
+  std::string bytes;
+  file.Append(bytes);
+  if (bytes.empty()) return;
+  const bool hasNul = bytes.find('\0') != std::string::npos;  // every line end of UTF-16 has, and no other text
+  if (format == TextFormat::kUnicode) {
+    if (!hasNul) RaiseOtherEncoding(u"The file is read as UTF-16, and is none", path);
+  } else if (bytes.starts_with("\xFE\xFF")) {
+    RaiseOtherEncoding(u"The file is UTF-16 with the most significant byte first, which is not read", path);
+  } else if (hasNul) {
+    RaiseOtherEncoding(u"The file holds NUL characters: no text, or UTF-16, which --encoding utf-16 reads", path);
+  } else if (format == TextFormat::kUtf8 && Utf8Of(file, std::move(bytes)) == Utf8::kNone) {
+    RaiseOtherEncoding(u"The file is read as UTF-8, and is none; --encoding ansi reads it by the ANSI page", path);
+  }
 }
 
 Text MergeableFile(const ExportContext& context, const Text& path, bool oneLineEach) {
@@ -86,6 +112,7 @@ Text MergeableFile(const ExportContext& context, const Text& path, bool oneLineE
   const std::optional<TextFormat> marked = FormatOfMark(start);
   const bool isReadSo = marked ? marked == format : format == TextFormat::kAnsi;
   if (marked == TextFormat::kUnicode || (!oneLineEach && isReadSo)) return path;
+  RequireEncoding(context, path, format);
   const Text copy = BuildPath(files, context.workFolder, files.GetTempName());
   const auto from = files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, format);
   const auto to = files.OpenTextFile(copy, IoMode::kForWriting, /*create=*/true, TextFormat::kUnicode);

@@ -12,6 +12,10 @@ namespace zorkanca {
 /// `FileSystem::OpenTextFile`.
 TextFormat EncodingOfFile(const ExportContext& context, const Text& path);
 
+/// Makes sure, for somebody who is told, that a file is a text in an encoding. Errors: 13 with the path when it is not;
+/// those of files.
+void RequireEncoding(const ExportContext& context, const Text& path, TextFormat format);
+
 /// The file itself when a merge reads it right as it is (by its mark, or as ANSI), and always for a caller who prefers
 /// nothing; else a copy in UTF-16 in the work folder, which the caller deletes.
 /// @param oneLineEach  records are read line by line, which takes UTF-16

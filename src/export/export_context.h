@@ -40,6 +40,10 @@ struct ExportContext {
   void NoteCause(const Error& cause) const {
     if (report) report->NoteCause(cause);
   }
+  /// Counts records of the query that are written.
+  void NoteRecords(std::int64_t count) const {
+    if (report) report->NoteRecords(count);
+  }
   /// Tells what the result will suffer from.
   void Warn(const Text& text) const {
     if (report) report->Warn(text);

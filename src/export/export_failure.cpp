@@ -35,6 +35,14 @@ Text MessageOf(const Error& error, const UnforeseenFailure& unforeseen) {
   return unforeseen.details ? message.append(unforeseen.details(error)) : message;
 }
 
+// What is told after the message box. An error that none of the messages foresees is its own cause, unless somebody
+// knew a better one.
+void NoteCauseOf(const ExportContext& context, const Error& error) {
+  if (const std::optional<Error> cause = HiddenCause()) return context.NoteCause(*cause);
+  const bool unknown = !StopMessage(error) && context.report && !context.report->HasCauses();
+  if (unknown) context.NoteCause(error);
+}
+
 }  // namespace
 
 void StopExport(TextView message) {
@@ -67,7 +75,7 @@ bool RunToEdge(ExportSession& session, TextView title, const std::function<bool(
     return body();
   } catch (...) {
     const Error error = *ErrorBeingHandled();
-    if (const std::optional<Error> cause = HiddenCause()) session.context().NoteCause(*cause);
+    NoteCauseOf(session.context(), error);
     session.Fail(title, MessageOf(error, unforeseen));
     if (unforeseen.afterwards && !StopMessage(error)) IgnoreErrors(unforeseen.afterwards);
     return false;

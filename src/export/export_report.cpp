@@ -11,8 +11,10 @@ void ExportReport::Warn(const Text& text) {
   if (told_.insert(text).second && listener_) listener_->Warning(text);
 }
 
-void ExportReport::EndOperation(TextView operation) {
+void ExportReport::EndOperation(TextView operation, bool done) {
   told_.clear();
+  const std::int64_t records = std::exchange(records_, 0);
+  if (done && listener_) listener_->Written(records);
   for (const Error& cause : std::exchange(causes_, {})) {
     Log(operation, cause);
     if (listener_) listener_->Cause(cause);

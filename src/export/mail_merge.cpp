@@ -1,5 +1,6 @@
 #include "export/mail_merge.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -133,7 +134,7 @@ Text FailureText(const Error& error) {
 }  // namespace
 
 WordDocumentReference RunMailMerge(const ExportContext& context, WordDocument& document, const Text& dataFile,
-                                   WordApplication& word) {
+                                   WordApplication& word, std::int64_t& recordCount) {
   const std::optional<MainDocumentType> type = FindMergeKind(document, word);
   const bool forgetsKind = MajorVersion(word) >= kFirstVersionThatForgetsTheKind;
   WordMailMerge& merge = document.MailMerge();
@@ -141,6 +142,7 @@ WordDocumentReference RunMailMerge(const ExportContext& context, WordDocument& d
   ChooseSource(merge, dataFile);
   if (type && forgetsKind) SetMainDocumentType(context, merge, *type);
   merge.Execute(/*Pause=*/false);
+  recordCount += std::max(merge.RecordCount(), 0);
   document.Close(/*SaveChanges=*/false);
 
   word.Documents(1)->Activate();
@@ -191,7 +193,7 @@ void MailMergeRun::OpenTemplate(TextView failure) {
 }
 
 void MailMergeRun::MergeInto(const Text& dataFile) {
-  document_ = RunMailMerge(context_, *document_, dataFile, *word_.application());
+  document_ = RunMailMerge(context_, *document_, dataFile, *word_.application(), recordCount_);
   arguments_.roRetDoc = document_;
 }
 

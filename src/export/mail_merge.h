@@ -25,6 +25,8 @@ class MailMergeRun {
 
   /// Runs the merge from start to end. Failures are told by ExportState; documents that are merged stay open.
   bool Run();
+  /// How many records of the data file were merged.
+  std::int64_t RecordCount() const { return recordCount_; }
 
  private:
   void Make();
@@ -40,13 +42,15 @@ class MailMergeRun {
   MakeMailDocumentArguments& arguments_;
   WordDocumentReference document_;
   DrivenWord word_;
+  std::int64_t recordCount_ = 0;
   Text dataFile_;  // the caller's, or a copy in an encoding that can be merged
 };
 
 /// Merges a main document with a data file and closes it; the kind of the merge is that of the marker in its text, else
 /// its own. The marked-up text of the result is put in order.
+/// @param recordCount  is raised by the number of records, where Word knows it
 /// @return the merged document
 WordDocumentReference RunMailMerge(const ExportContext& context, WordDocument& document, const Text& dataFile,
-                                   WordApplication& word);
+                                   WordApplication& word, std::int64_t& recordCount);
 
 }  // namespace zorkanca

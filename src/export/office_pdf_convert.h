@@ -1,6 +1,7 @@
 // cOfficePdfConvert: Word documents and Excel workbooks written as PDF by their application.
 #pragma once
 
+#include "export/export_report.h"
 #include "platform/platform.h"
 #include "platform/word/word_document.h"
 #include "runtime/text.h"
@@ -13,6 +14,10 @@ class cOfficePdfConvert {
  public:
   explicit cOfficePdfConvert(const Platform& platform) : platform_(platform) {}
 
+  /// Tells causes of failures, after their message boxes, and warnings to a client, or to nobody (null). The client
+  /// outlives the conversions.
+  void Listen(ExportListener* listener) { listener_ = listener; }
+
   /// @param CreateBookmarks   what becomes a bookmark of the PDF
   /// @param bUseISO19005_1    write PDF/A, for keeping
   /// @return                  true when the PDF was written
@@ -24,6 +29,7 @@ class cOfficePdfConvert {
 
  private:
   Platform platform_;
+  ExportListener* listener_ = nullptr;
 };
 
 }  // namespace zorkanca

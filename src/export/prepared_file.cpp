@@ -1,5 +1,7 @@
 #include "export/prepared_file.h"
 
+#include <algorithm>
+
 #include "export/column_names.h"
 #include "export/data_encoding.h"
 #include "export/export_failure.h"
@@ -11,6 +13,7 @@ namespace {
 
 Text ReadWhole(const ExportContext& context, const Text& path) {
   const TextFormat format = EncodingOfFile(context, path);
+  RequireEncoding(context, path, format);
   return context.platform.files.OpenTextFile(path, IoMode::kForReading, /*create=*/false, format)->ReadAll();
 }
 
@@ -45,6 +48,14 @@ PreparedData::PreparedData(const ExportContext& context, const Text& path) {
   const bool lastIsBlank = IsBlank(lines_.back());
   if (lastIsBlank && lines_.size() == 1) StopExport(kNoRecords);
   if (lastIsBlank) lines_.pop_back();
+}
+
+Error ShortLine(const PreparedData& data, TextView line, TextView path, std::size_t values, std::size_t columns) {
+  const auto isIt = [&](TextView each) { return each.data() == line.data(); };
+  const auto place = std::find_if(data.lines().begin(), data.lines().end(), isIt) - data.lines().begin();
+  Text text = u"Record " + DecimalText(place + 1) + u" has " + DecimalText(static_cast<std::int64_t>(values)) +
+              u" values for " + DecimalText(static_cast<std::int64_t>(columns)) + u" columns: ";
+  return {static_cast<std::int32_t>(RuntimeError::kSubscriptOutOfRange), Text(), text.append(path)};
 }
 
 void PreparedData::SplitLines() {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "export/export_context.h"
+#include "runtime/error.h"
 #include "runtime/text.h"
 
 namespace zorkanca {
@@ -42,6 +43,10 @@ class PreparedData {
   Text text_;
   std::vector<TextView> lines_;  // of text_
 };
+
+/// Error 9 that tells of a line with fewer values than there are columns, by its number.
+/// @param line  one of `data.lines()`
+Error ShortLine(const PreparedData& data, TextView line, TextView path, std::size_t values, std::size_t columns);
 
 /// Splits one line into its values, at least one; `values` is overwritten and keeps its room.
 void SplitColumnsFromDataRow(TextView row, std::vector<Text>& values);

@@ -54,7 +54,10 @@ void PreparedRecordset::MoveTo(std::size_t line) {
 const Text& PreparedRecordset::ValueAt(std::size_t column) {
   if (!isSplit_) SplitColumnsFromDataRow(data_.lines().at(line_), values_);
   isSplit_ = true;
-  if (column >= values_.size()) Raise(RuntimeError::kSubscriptOutOfRange);
+  if (column >= values_.size()) {
+    if (onShortLine) onShortLine(data_.lines()[line_], values_.size());
+    Raise(RuntimeError::kSubscriptOutOfRange);
+  }
   return values_[column];
 }
 

@@ -1,6 +1,7 @@
 // The records of a prepared data file seen as a recordset, for what reads the current record of a query as well.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,6 +17,9 @@ class PreparedRecordset final : public Recordset {
  public:
   /// @param data  outlives this object
   PreparedRecordset(std::vector<Text> names, const PreparedData& data);
+
+  /// Told of a line that lacks a value, with the number of those that it has, before error 9 is raised; may be empty.
+  std::function<void(TextView line, std::size_t values)> onShortLine;
 
   /// The column of that name; null when the header has none.
   Field* Find(TextView name);

@@ -10,8 +10,9 @@ namespace zorkanca {
 
 void WarnOfNameCount(const ExportContext& context, std::size_t names, std::int32_t columns) {
   if (static_cast<std::int64_t>(names) == columns) return;
-  context.Warn(Text(u"There are ") + DecimalText(static_cast<std::int64_t>(names)) + u" column names for " +
-               DecimalText(columns) + u" columns.");
+  Text warning = names == 1 ? u"There is 1 column name for "
+                            : u"There are " + DecimalText(static_cast<std::int64_t>(names)) + u" column names for ";
+  context.Warn(warning + DecimalText(columns) + (columns == 1 ? u" column." : u" columns."));
 }
 
 void QueryReader::Open(Database& database, TextView select, std::int16_t options) {
@@ -41,13 +42,28 @@ std::vector<QueryColumn> QueryReader::Columns() {
 void QueryReader::ValidateMultiplier() {
   Text& multiplier = session_.context().multiplier;
   if (multiplier.empty()) return;
-  if (!IgnoreErrors([&] { Copies(); })) multiplier.clear();
+  if (IgnoreErrors([&] { Copies(); })) return;
+  session_.context().Warn(u"The multiplier \"" + multiplier +
+                          u"\" is no whole number in the first record; each record is written once.");
+  multiplier.clear();
 }
 
 std::int16_t QueryReader::Copies() {
   const ExportContext& context = session_.context();
   if (context.multiplier.empty()) return 1;
   return ToInteger(session_.recordset().FieldNamed(context.multiplier).Value(), context.platform.locale);
+}
+
+// The error of a value does not tell whose it is.
+std::int16_t QueryReader::NamedCopies() {
+  try {
+    return Copies();
+  } catch (const Error& error) {
+    const Text& multiplier = session_.context().multiplier;
+    session_.context().NoteCause(
+        Error(error.number(), error.source(), u"The multiplier \"" + multiplier + u"\": " + error.description()));
+    throw;
+  }
 }
 
 // Binary data has no text form; the error does not tell which column holds them.
@@ -72,15 +88,19 @@ void QueryReader::NoteBinaryColumn(const Error& failure) {
 void QueryReader::ForEachRecord(Reporting reporting, const std::function<void(std::int16_t copies)>& write) {
   Progress progress(session_.context(), recordCount_);
   Recordset& recordset = session_.recordset();
+  std::int64_t written = 0;
   for (; !recordset.Eof(); recordset.MoveNext()) {
     try {
-      write(Copies());
+      const std::int16_t copies = NamedCopies();
+      write(copies);
+      if (copies > 0) ++written;
     } catch (const Error& failure) {
       NoteBinaryColumn(failure);
       throw;
     }
     if (reporting == Reporting::kPercent) progress.RecordDone();
   }
+  session_.context().NoteRecords(written);
   if (reporting == Reporting::kPercent) progress.Finish();
 }
 

@@ -48,6 +48,7 @@ class QueryReader {
 
  private:
   std::int16_t Copies();
+  std::int16_t NamedCopies();
   void NoteBinaryColumn(const Error& failure);
 
   ExportSession& session_;

@@ -4,6 +4,7 @@
 
 #include "export/export_failure.h"
 #include "export/template_reading.h"
+#include "runtime/nearest_name.h"
 
 namespace zorkanca {
 
@@ -19,13 +20,13 @@ struct UseTexts {
 // The engine that merges says the same of a merge field, in the same words.
 constexpr UseTexts kMergeTexts = {TemplateFieldKind::kField,
                                   u"The template has no merge field, every record gives the same text: ",
-                                  u"There is no column for the merge field ", u"."};
+                                  u"There is no column for the merge field ", u""};
 constexpr UseTexts kFormTexts = {TemplateFieldKind::kForm,
                                  u"The template has no form field, every record gives the same text: ",
-                                 u"There is no column for the form field ", u"."};
+                                 u"There is no column for the form field ", u""};
 constexpr UseTexts kCellTexts = {TemplateFieldKind::kCell,
                                  u"The first block of the template has no placeholder, no record will be seen: ",
-                                 u"There is no column for the placeholder {", u"}."};
+                                 u"There is no column for the placeholder {", u"}"};
 
 const UseTexts& TextsOf(TemplateUse use) {
   return use == TemplateUse::kMerge ? kMergeTexts : use == TemplateUse::kForm ? kFormTexts : kCellTexts;
@@ -71,8 +72,19 @@ std::vector<Text> TemplateWarnings(TemplateUse use, std::span<const TemplateFiel
   bool asks = false;
   for (const TemplateField& field : fields) {
     asks = asks || field.kind == texts.kind || field.kind == TemplateFieldKind::kBarcode;
-    if (field.kind != texts.kind || Fills(use, columns, field.name)) continue;
-    warnings.push_back(Text(texts.missing).append(field.name).append(texts.missingEnd));
+    if (field.kind != texts.kind) continue;
+    const auto same = std::count_if(columns.begin(), columns.end(), [&](const Text& column) {
+      return EqualsIgnoringCase(Trim(column), Trim(field.name));
+    });
+    if (same > 1)
+      warnings.push_back(u"There are " + DecimalText(same) + u" columns called " + field.name +
+                         u"; the first one is taken.");
+    if (Fills(use, columns, field.name)) continue;
+    warnings.push_back(Text(texts.missing)
+                           .append(field.name)
+                           .append(texts.missingEnd)
+                           .append(NearestHint(field.name, columns))
+                           .append(u"."));
   }
   if (!asks) warnings.push_back(Text(texts.none).append(path));
   return warnings;

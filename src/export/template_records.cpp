@@ -51,13 +51,18 @@ std::int32_t PreparedTemplateRecords::Open() {
   data_.emplace(context, dataFile_);
   std::vector<Text> names;
   for (const TextView name : Split(header, kExportSeparator)) names.emplace_back(name);
+  const std::size_t columns = names.size();
   records_.emplace(std::move(names), *data_);
+  records_->onShortLine = [this, columns](TextView line, std::size_t values) {
+    session_.context().NoteCause(ShortLine(*data_, line, dataFile_, values, columns));
+  };
   SetCodeRecordset(*records_);
   return records_->RecordCount();
 }
 
 void PreparedTemplateRecords::ForEach(const std::function<void(std::int16_t copies)>& write) {
   for (; !records_->Eof(); records_->MoveNext()) write(1);
+  session_.context().NoteRecords(records_->RecordCount());
 }
 
 std::vector<Text> PreparedTemplateRecords::ColumnNames() {

@@ -47,13 +47,21 @@ void WordFileExport::WriteMergeData(Text header, const PreparedData& data) {
   session_.CloseOutput();
 }
 
+// What the message says of it does not help to find it.
+void WordFileExport::RaiseShortLine(const PreparedData& data, TextView line, std::size_t values,
+                                    std::size_t columns) const {
+  const Error error = ShortLine(data, line, dataFileName_, values, columns);
+  context_.NoteCause(error);
+  Raise(RuntimeError::kSubscriptOutOfRange);
+}
+
 void WordFileExport::WriteRecords(MergeDataFile& file, const PreparedData& data, std::size_t columnCount) {
   ColumnFormats formats(arguments_.rvFormat, static_cast<std::int32_t>(columnCount), context_.platform.locale);
   Progress progress(context_, static_cast<std::int32_t>(data.lines().size()));
   std::vector<Text> values;
   for (const TextView line : data.lines()) {
     SplitColumnsFromDataRow(line, values);
-    if (values.size() < columnCount) Raise(RuntimeError::kSubscriptOutOfRange);
+    if (values.size() < columnCount) RaiseShortLine(data, line, values.size(), columnCount);
     for (std::size_t column = 0; column < columnCount; ++column) {
       const cFormat* format = formats.Of(static_cast<std::int32_t>(column));
       file.AppendValue(format ? format->Apply(values[column]) : values[column]);
@@ -62,6 +70,7 @@ void WordFileExport::WriteRecords(MergeDataFile& file, const PreparedData& data,
     file.EndRecord(1);
     if (!arguments_.MultiDocument) progress.RecordDone();
   }
+  context_.NoteRecords(static_cast<std::int64_t>(data.lines().size()));
   if (!arguments_.MultiDocument) progress.Finish();
 }
 

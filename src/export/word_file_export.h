@@ -30,6 +30,8 @@ class WordFileExport {
   bool Export();
   std::vector<Text> ColumnsOf(TextView header) const;
   void WriteMergeData(Text header, const PreparedData& data);
+  [[noreturn]] void RaiseShortLine(const PreparedData& data, TextView line, std::size_t values,
+                                   std::size_t columns) const;
   void WriteRecords(MergeDataFile& file, const PreparedData& data, std::size_t columnCount);
 
   ExportContext& context_;

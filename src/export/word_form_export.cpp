@@ -86,6 +86,7 @@ void WordFormExport::FillDocuments() {
     if (context_.documentFinished) {
       context_.documentFinished({document_, [&](TextView column) { return ValueOf(column, formats); }});
     }
+    context_.NoteRecords(1);
     progress.RecordDone();
   }
   progress.Finish();

@@ -81,7 +81,10 @@ class cZorOffice {
 
   /// Merges a template with a data file; see `MailMergeRun`. Failures are told by ExportState.
   bool MakeMailDocument(MakeMailDocumentArguments& arguments) {
-    return Ended(u"MakeMailDocument", MailMergeRun(context_, arguments).Run());
+    MailMergeRun run(context_, arguments);
+    const bool done = run.Run();
+    report_.NoteRecords(run.RecordCount());
+    return Ended(u"MakeMailDocument", done);
   }
   /// Opens a document in Word; see `OpenWordDocument`.
   bool GetOpenDoc(GetOpenDocArguments& arguments) {
@@ -113,7 +116,7 @@ class cZorOffice {
  private:
   // The report of an operation ends with it.
   bool Ended(TextView operation, bool done) {
-    report_.EndOperation(operation);
+    report_.EndOperation(operation, done);
     return done;
   }
 

@@ -23,23 +23,10 @@ constexpr TextView kMissing =
     u"LibreOffice, which converts documents to PDF and from earlier formats, is not installed. Install the packages "
     u"libreoffice-writer and libreoffice-calc, or put soffice into the search path.";
 
-std::string FindProgram(const std::string& wanted) {
-  if (!wanted.empty()) {
-    if (access(wanted.c_str(), X_OK) != 0) Raise(RuntimeError::kCannotCreateObject, Text(kMissing));
-    return AbsolutePath(wanted);
-  }
-  const char* path = std::getenv("PATH");
-  std::string folders = path ? path : "/usr/local/bin:/usr/bin";
-  folders += ":/usr/lib/libreoffice/program";
-  for (std::size_t start = 0; start < folders.size();) {
-    const std::size_t end = std::min(folders.find(':', start), folders.size());
-    const std::string folder = folders.substr(start, end - start);
-    start = end + 1;
-    if (!folder.starts_with('/')) continue;  // never a program of the folder that happens to be the current one
-    std::string program = JoinPath(folder, "soffice");
-    if (access(program.c_str(), X_OK) == 0) return program;
-  }
-  Raise(RuntimeError::kCannotCreateObject, Text(kMissing));
+std::string ProgramOf(const LibreOfficeConverter::Settings& settings) {
+  if (settings.program.empty()) return FindLibreOffice();
+  if (access(settings.program.c_str(), X_OK) != 0) Raise(RuntimeError::kCannotCreateObject, Text(kMissing));
+  return AbsolutePath(settings.program);
 }
 
 std::string BooleanOption(std::string_view name, bool value) {
@@ -114,7 +101,7 @@ void ConvertGroup(const LibreOfficeConverter::Settings& settings, const std::str
 template <typename FormOf>
 Results ConvertAll(const LibreOfficeConverter::Settings& settings, std::span<const Conversion> documents,
                    FormOf formOf) {
-  const std::string program = FindProgram(settings.program);
+  const std::string program = ProgramOf(settings);
   Results results(documents.size());
   std::map<DocumentFamily, std::vector<std::pair<std::size_t, ConvertibleDocument>>> families;
   for (std::size_t place = 0; place < documents.size(); ++place) {
@@ -139,6 +126,21 @@ void RequireDone(const Results& results) {
 }
 
 }  // namespace
+
+std::string FindLibreOffice() {
+  const char* path = std::getenv("PATH");
+  std::string folders = path ? path : "/usr/local/bin:/usr/bin";
+  folders += ":/usr/lib/libreoffice/program";
+  for (std::size_t start = 0; start < folders.size();) {
+    const std::size_t end = std::min(folders.find(':', start), folders.size());
+    const std::string folder = folders.substr(start, end - start);
+    start = end + 1;
+    if (!folder.starts_with('/')) continue;  // never a program of the folder that happens to be the current one
+    std::string program = JoinPath(folder, "soffice");
+    if (access(program.c_str(), X_OK) == 0) return program;
+  }
+  Raise(RuntimeError::kCannotCreateObject, Text(kMissing));
+}
 
 LibreOfficeConverter::LibreOfficeConverter() = default;
 

@@ -35,6 +35,10 @@ struct Conversion {
   std::string target;
 };
 
+/// Path of the installed soffice: that of the search path, else where the packages put it. Errors: 429 with the
+/// packages to install.
+std::string FindLibreOffice();
+
 class LibreOfficeConverter {
  public:
   struct Settings {

@@ -21,14 +21,22 @@ bool IsAscii(std::string_view bytes) {
 }
 
 std::size_t ValidUtf8Length(std::string_view bytes) {
+  constexpr std::ptrdiff_t kBlock = 8;  // most texts are ASCII for the most part
   const char* next = bytes.data();
   const char* const end = next + bytes.size();
   while (next != end) {
-    const std::ptrdiff_t length = static_cast<std::uint8_t>(*next) < 0x80 ? 1 : ReadUtf8Sequence(next, end).length;
-    if (length == 0) break;
-    next += length;
+    const char* const endOfBlock = end - next >= kBlock ? next + kBlock : end;
+    if (IsAscii({next, endOfBlock})) {
+      next = endOfBlock;
+      continue;
+    }
+    while (next < endOfBlock) {
+      const std::ptrdiff_t length = ReadUtf8Sequence(next, end).length;
+      if (length == 0) return static_cast<std::size_t>(next - bytes.data());
+      next += length;
+    }
   }
-  return static_cast<std::size_t>(next - bytes.data());
+  return bytes.size();
 }
 
 std::size_t Utf16Length(std::string_view utf8) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "runtime/error.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "sqlite/sqlite_connection.h"
 #include "sqlite/sqlite_detail_query.h"
@@ -25,12 +26,15 @@ void RequireColumns(Recordset& recordset, const SqliteColumnTypes& types, const 
     names.push_back(recordset.FieldAt(index).Name());
   for (const auto& [name, type] : types) {
     if (HasName(names, name) || HasName(settledBefore, name)) continue;
-    Raise(RuntimeError::kItemNotFound,
-          u"The query has no column \"" + name + u"\"; its columns are " + Join(names, u", "));
+    Raise(RuntimeError::kItemNotFound, NoColumn(name, names));
   }
 }
 
 }  // namespace
+
+Text SqliteVersion() {
+  return FromUtf8(sqlite3_libversion());
+}
 
 SqliteDatabase::SqliteDatabase(std::optional<std::string> path, const std::atomic<bool>* interrupted)
     : path_(std::move(path)), interrupted_(interrupted) {}

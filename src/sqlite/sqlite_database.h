@@ -16,6 +16,9 @@ namespace zorkanca {
 
 class SqliteConnection;
 
+/// Version of the library, "3.40.1".
+Text SqliteVersion();
+
 /// Columns by name and the types that were settled for them.
 using SqliteColumnTypes = std::vector<std::pair<Text, FieldType>>;
 

@@ -1,5 +1,7 @@
 #include "sqlite/sqlite_values.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -106,10 +108,39 @@ void ReadReal(Value& value, double number, FieldType type) {
   Raise(RuntimeError::kTypeMismatch, std::move(description));
 }
 
+// A text that is a number as SQLite writes one; blanks round it and a sign do not matter.
+std::optional<double> NumberOf(std::string_view bytes) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  bytes.remove_prefix(std::min(bytes.find_first_not_of(kBlanks), bytes.size()));
+  bytes = bytes.substr(0, bytes.find_last_not_of(kBlanks) + 1);
+  if (bytes.starts_with('+')) bytes.remove_prefix(1);
+  double number = 0;
+  const auto [end, status] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
+  const bool isWhole = status == std::errc() && end == bytes.data() + bytes.size();
+  return isWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+// A column of numbers that SQLite holds as texts: a computed one whose type was settled. What is no number stays text;
+// amounts and decimals take exact ones alone.
+bool SetIfNumber(Value& value, std::string_view bytes, FieldType type) {
+  if (type == FieldType::kCurrency || type == FieldType::kDecimal) return false;
+  if (type != FieldType::kBoolean && !IsNumericType(type)) return false;
+  const std::optional<double> number = NumberOf(bytes);
+  if (!number) return false;
+  constexpr double kExactly = 9007199254740992.0;  // 2 to the power 53
+  if (*number == std::floor(*number) && std::fabs(*number) < kExactly) {
+    ReadInteger(value, static_cast<std::int64_t>(*number), type);
+  } else {
+    ReadReal(value, *number, type);
+  }
+  return true;
+}
+
 void ReadText(Value& value, std::string_view bytes, FieldType type, const Text& name) {
   if (IsDateType(type) && SetIfSome(value, ParseIsoDate(bytes))) return;
   if (type == FieldType::kDecimal && SetIfSome(value, DecimalOf(bytes))) return;
   if (type == FieldType::kCurrency && SetIfSome(value, CurrencyOf(bytes))) return;
+  if (SetIfNumber(value, bytes, type)) return;
   Text* text = std::get_if<Text>(&value);
   if (text == nullptr) text = &value.emplace<Text>();
   text->clear();

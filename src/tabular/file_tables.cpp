@@ -63,16 +63,12 @@ class Loading {
 
   void FindTypes() {
     while (Next()) {
-      const std::vector<std::string>& names = reader_->ColumnNames();
-      for (std::size_t column = profiles_.size(); column < names.size(); ++column) {
-        profiles_.emplace_back(forms_, SettledType(reading_.types, names[column]));
-      }
+      AddProfiles();
       for (std::size_t column = 0; column < cells_.size(); ++column) {
         if (!profiles_[column].Add(cells_[column])) FailType(column);
       }
     }
-    const std::size_t columns = reader_->ColumnNames().size();
-    while (profiles_.size() < columns) profiles_.emplace_back(forms_, std::nullopt);  // a table without records
+    AddProfiles();  // of a table without records
     for (const ColumnProfile& profile : profiles_) plans_.push_back(profile.Plan());
   }
 
@@ -98,6 +94,13 @@ class Loading {
   }
 
  private:
+  void AddProfiles() {
+    const std::vector<std::string>& names = reader_->ColumnNames();
+    for (std::size_t column = profiles_.size(); column < names.size(); ++column) {
+      profiles_.emplace_back(forms_, SettledType(reading_.types, names[column]));
+    }
+  }
+
   bool Next() {
     if (reading_.interrupted != nullptr && *reading_.interrupted) Raise(RuntimeError::kUserInterrupt);
     return reader_->Next(cells_);

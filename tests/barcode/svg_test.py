@@ -109,7 +109,7 @@ class Bench:
 
     def refuse(self):
         for arguments, status, message in (
-            (["Code39;'A'", "--value", ""], 1, "9 - "),
+            (["Code39;'A'", "--value", ""], 2, "symbology;items;output column;check flag"),
             (["Code39;'a';;0", "--value", "", "--svg", self.folder / "a.svg"], 1, "5 - Code 39 cannot carry"),
             (["Code128B;F,trim;;1", "--value", "~" * 26], 1, "6 - Overflow"),
             (["Code39;'A';;0"], 2, "--value"),

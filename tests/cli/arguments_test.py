@@ -20,7 +20,7 @@ class ArgumentsTest(CommandLineCase):
             (["html", "-title=x"], "did you mean --title?"),
             (["--quite", "text", "1"], "there is no option --quite; did you mean --quiet?"),
             (["text", "1", "--tpye", "text"], "did you mean --type?"),
-            (["word", "--border", "1"], "word has no option --border\n"),
+            (["word", "--border", "1"], "word has no option --border; it is an option of html\n"),
             (["html", "--db"], "--db needs a value"),
             (["html", "--db", "--select", "x"], "--db needs a value before --select"),
             (["html", "--title", "a", "--title", "b"], "--title may be given only once"),
@@ -82,7 +82,7 @@ class ArgumentsTest(CommandLineCase):
             ("quiet = 'yes'", "c.toml:1: quiet is true or false"),
             ("locale = ['en-US', 'cs-CZ']", "c.toml:1: locale takes one value"),
             ("[number\n", "c.toml:1: ] is expected"),
-            ("type = 'guid'", "guid not in {"),
+            ("type = 'guid'", "--type takes double, single, currency, decimal, integer, long, boolean, date or text, not guid\n"),
         ]:
             self.assertIn(message, text(config, *number, status=2), config)
         self.run_program("--config", "none.toml", *number, status=1)

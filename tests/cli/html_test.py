@@ -80,6 +80,12 @@ class HtmlTest(CommandLineCase):
             self.assertEqual(stderr.decode(), TITLE + "Výstup byl přerušen uživatelem !\n")
             self.assertEqual([path for path in self.folder.iterdir() if "cut" in path.name], [])
 
+    def test_a_statement_typed_on_a_terminal_ends_with_one_key(self):
+        shown = self.on_terminal("html", "--db", "sklad.db", "--select", "-", "--no-open", "-o", "typed.htm",
+                                 typed="SELECT 7 AS n\n\x04")
+        self.assertIn(f"{self.folder}/typed.htm\r\n", shown)
+        self.assertIn(">7</TD>", (self.folder / "typed.htm").read_text())
+
     def test_interruption_while_input_is_waited_for(self):
         with subprocess.Popen([PROGRAM, "html", "--db", "sklad.db", "--select", "-", "-o", "cut.htm"], cwd=self.folder,
                               env=self.environment(), stdin=subprocess.PIPE) as process:

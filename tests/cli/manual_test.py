@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
 """What the program tells of itself: help of every command, man page, completion; the examples work."""
+import json
+import os
 import re
 import unittest
 
@@ -56,6 +58,30 @@ class ManualTest(CommandLineCase):
             self.assertEqual([line.split("\t")[0] for line in lines], expected, words)
         for shell in ("bash", "zsh", "fish"):
             self.assertIn(" complete ", self.output("completion", shell))
+
+
+    def test_doctor(self):
+        rows = [line.split("\t") for line in self.output("doctor").splitlines()]
+        found = {name: (state, text) for name, state, text in rows}
+        self.assertEqual(list(found), ["program", "locale", "config", "home", "log", "work-folder", "templates", "libreoffice", "fonts",
+                                       "windows", "opener", "clipboard", "sqlite"])
+        self.assertEqual(found["locale"], ("ok", "cs-CZ, ANSI page 1250"))
+        self.assertEqual(found["config"][0], "missing")
+        self.assertRegex(found["libreoffice"][1], r"^LibreOffice \d.*, /.*/soffice, writes documents and workbooks as PDF$")
+        self.assertRegex(found["sqlite"][1], r"^3\.\d+\.\d+$")
+        self.assertEqual(list((self.folder / "tmp").glob("*.pdf")) + list((self.folder / "tmp").glob("zorkanca-*.txt")), [])
+        shown = json.loads(self.output("doctor", "--json"))
+        self.assertEqual([row["name"] for row in shown], list(found))
+
+        # What is missing is no failure; what is there and does not work is.
+        bare = self.folder / "bare"
+        bare.mkdir()
+        (bare / "soffice").write_text("#!/bin/sh\nexit 1\n")
+        (bare / "soffice").chmod(0o755)
+        stdout, stderr = self.run_program("doctor", PATH=f"{bare}:{os.environ['PATH']}", status=1)
+        self.assertIn("libreoffice\tbroken\tLibreOffice could not convert ", stdout)
+        self.assertEqual(stderr, "zorkanca: does not work: libreoffice\n")
+        self.assertRegex(self.output("doctor", PATH=str(bare), status=1), r"fonts\tmissing\tfonts cannot be listed: install the package fontconfig")
 
 
 if __name__ == "__main__":

@@ -31,9 +31,12 @@ class OfficeTest(CommandLineCase):
         title = "Quelma Zorix - vazba na kancelářské aplikace: "
         opening = title + "Nepodařilo se otevřít dokument: \n"
         for source, target, message in [
-            ("none.docx", "x.pdf", opening + f"{self.folder}/none.docx\n"),
-            ("bad.docx", "x.pdf", opening + f"{self.folder}/bad.docx\n"),
-            ("none.xlsx", "x.pdf", title + f"Nepodařilo se otevřít soubor: \n{self.folder}/none.xlsx\n"),
+            ("none.docx", "x.pdf", opening + f"{self.folder}/none.docx\n"
+             f"zorkanca: cause: 5174 - The file {self.folder}/none.docx could not be found.\n"),
+            ("bad.docx", "x.pdf", opening + f"{self.folder}/bad.docx\n"
+             f"zorkanca: cause: 5 - {self.folder}/bad.docx is not an Office document: it is in none of the formats that are converted\n"),
+            ("none.xlsx", "x.pdf", title + f"Nepodařilo se otevřít soubor: \n{self.folder}/none.xlsx\n"
+             f"zorkanca: cause: 1004 - The file {self.folder}/none.xlsx could not be found.\n"),
             ("good.docx", "none/x.pdf", f"zorkanca: 76 - Path not found: {self.folder}/none\n"),
         ]:
             self.assertEqual(self.run_program("pdf", source, target, status=1), ("", message))
@@ -69,8 +72,9 @@ class OfficeTest(CommandLineCase):
         self.assertEqual(self.output(*home, "installed"), "word 0\nexcel 1\n")
         self.run_program(*home, "open", "good.docx")
         self.assertEqual(self.output(*home, "log"), "")
-        self.run_program(*home, "open", "none.docx", status=1)
-        self.assertIn(f"OtevriDoc: pokus o GetObject({self.folder}/none.docx)\tChyba: 5174; ", self.output(*home, "log"))
+        (self.folder / "bad.docx").write_bytes(b"no document")
+        self.run_program(*home, "open", "bad.docx", status=1)
+        self.assertIn(f"OtevriDoc: pokus o GetObject({self.folder}/bad.docx)\tChyba: 5; ", self.output(*home, "log"))
 
     def test_alternative_office(self):
         run = ["--home", "alternative", "alternative"]
@@ -85,6 +89,9 @@ class OfficeTest(CommandLineCase):
         self.run_program(*run, "set", "TableEditorStoreFolder", "-x", "--prefix", " abc ")
         self.assertEqual(self.output(*run, "get", "TableEditorStoreFolder", "--prefix", "abc"), "-x\n")
         self.assertEqual(self.output(*run, "get", "UseAlternativeTableEditor"), "1\n")
+        self.assertIn("53 - ", self.run_program(*run, "open", "none.xls", "--table", status=1)[1])
+        for name in ("a.xls", 'my "book".xls'):
+            (self.folder / name).touch()
         self.assertIn("53 - ", self.run_program(*run, "open", "a.xls", "--document", status=1)[1])
         self.assertIn("could not be started", self.run_program(*run, "open", "a.xls", "--table", status=1)[1])
         program.chmod(0o755)

@@ -4,7 +4,7 @@ import json
 import re
 import unittest
 
-from command_line import CommandLineCase, main
+from command_line import SAMPLE, CommandLineCase, main
 
 
 class ReportTest(CommandLineCase):
@@ -53,6 +53,30 @@ class ReportTest(CommandLineCase):
         self.assertIsNone(told(*html, "SELECT kod FROM zbozi LIMIT 3")["error"])
         failed = told(*html, "SELECT kod FROM zbozi WHERE 0", status=1)
         self.assertEqual((failed["files"], failed["error"]["message"]), ([], "Nebyly nalezeny žádné záznamy !"))
+        for name in ("cenik.docx", "cenovky.xltx"):
+            (self.folder / name).write_bytes((SAMPLE.parent / name).read_bytes())
+        (self.folder / "h.txt").write_text("kod;nazev;cena;jednotka;ean")
+        (self.folder / "d.txt").write_text("A1;x;1;ks;1\r\nA2;y;2;ks;2\r\nA3;z;3;ks;3\r\n", newline="")
+        data = self.data_file("kod;nazev;cena\nA1;x;1\nA2;y;2\n")
+        prepared = ["--headers", "h.txt", "--data", "d.txt"]
+        query = ["--db", "sklad.db", "--select", "SELECT kod, nazev, cena, jednotka, ean, pocet FROM zbozi LIMIT 4"]
+        for arguments, records in [
+            (["html", *query, "-o", "j.htm"], 4), (["html", *query, "-o", "j.htm", "--part", "2/3"], 1),
+            (["excel", *query, "-o", "j.xlsx"], 4), (["word", *query, "--template", "cenik.docx", "-o", "j.docx"], 4),
+            (["word", *query, "--template", "cenik.docx", "--multi", "-o", "j/"], 4),
+            (["excel-template", *query, "--template", "cenovky.xltx", "-o", "j.xlsx"], 4),
+            (["word-file", *prepared, "--template", "cenik.docx", "-o", "j.docx"], 3),
+            (["word-file", *prepared, "--template", "cenik.docx", "--multi", "-o", "j/"], 3),
+            (["excel-template-file", *prepared, "--template", "cenovky.xltx", "-o", "j.xlsx"], 3),
+            (["merge", "--template", "cenik.docx", "--data-file", data, "-o", "j.docx"], 2),
+            (["merge", "--template", "cenik.docx", "--data-file", data, "--multi", "-o", "j/"], 2),
+            (["barcode", "Code39;kod,trim;X;0", *query], 4),
+        ]:
+            self.assertEqual(told(*arguments)["records"], records, arguments)
+        failed = told("pdf", "none.docx", "j.pdf", status=1)
+        self.assertEqual((failed["error"]["number"], failed["error"]["message"].split(":")[0]), (5174, "Nepodařilo se otevřít dokument"))
+        self.assertEqual(told("excel", "--db", "sklad.db", "--select", "SELECT printf('%40000s', kod) AS a FROM zbozi", "-o", "j.xlsx",
+                              status=1)["error"]["number"], 6)
         self.assertEqual(told("number", "0.0", "1.5")["values"], ["1,5"])
         self.assertEqual(told("number", "0", "x", status=2)["error"]["number"], 5)
         self.assertEqual(told("text", "99999", "--type", "integer", status=1)["error"]["number"], 6)

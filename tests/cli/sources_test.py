@@ -119,7 +119,7 @@ class SourcesTest(CommandLineCase):
             (["--db", "csv:"], "--db names no file: csv:"),
             (["--db", "a.csv", "--separator", ";;"], "--separator takes one character of ASCII"),
             (["--db", "a.csv", "--separator", '"'], "--separator takes one character of ASCII"),
-            (["--db", "a.csv", "--encoding", "latin"], "--encoding: latin not in {ansi,utf-8,utf-16}"),
+            (["--db", "a.csv", "--encoding", "latin"], "--encoding takes ansi, utf-8 or utf-16, not latin\n"),
         ]:
             _, stderr = self.run_program(*html, *arguments, status=2)
             self.assertIn(told, stderr, arguments)

@@ -53,6 +53,20 @@ class TemplatesTest(CommandLineCase):
         self.assertIn("no folder/HKLM.reg: ", self.run_program("--home", "no folder", "templates", "show", "--application",
                                                                "A1", status=1)[1])
 
+    def test_lists_take_all_formats_that_the_engines_read(self):
+        for kind, taken, refused, usual in [
+            ("word", "dot dotx dotm docx docm doc", "xltx txt odt", "dot"),
+            ("excel", "xlt xltx xltm xlsx xlsm xls", "dotx csv ods", "xlt"),
+        ]:
+            more = ["--list", "formats"]
+            for extension in taken.split() + refused.split():
+                (self.folder / f"f.{extension}").touch()
+                self.templates("add", f"f.{extension}", *more, kind=kind, status=1 if extension in refused.split() else 0)
+            (self.folder / f"bare.{usual}").touch()
+            self.templates("add", "bare", *more, kind=kind)
+            shown = [line.split("\t")[3] for line in self.templates("show", *more, kind=kind)[0].splitlines()]
+            self.assertEqual(shown, [f"f.{extension}" for extension in taken.split()] + [f"bare.{usual}"])
+
     def test_the_library_of_windows_is_loaded_only_for_windows(self):
         linked = subprocess.run(["ldd", PROGRAM], capture_output=True, check=True).stdout.decode()
         self.assertIn("libsqlite3", linked)

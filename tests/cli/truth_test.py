@@ -143,7 +143,7 @@ class TruthTest(CommandLineCase):
         for arguments, warnings in [
             (["word", *query, f"SELECT {fields}, 1 AS celkem FROM odberatele LIMIT 2", "--template", "upominka.dotx"], []),
             (["word", *query, f"SELECT {fields}, 1 AS celkm FROM odberatele LIMIT 2", "--template", "upominka.dotx"],
-             [missing + "merge field celkem."]),
+             [missing + "merge field celkem; the nearest is celkm."]),
             (["word", *query, f"SELECT {fields}, 1 AS celkem FROM odberatele LIMIT 2", "--names", "a;b", "--template",
               "plain.docx"],
              ["zorkanca: warning: There are 2 column names for 9 columns.",
@@ -175,6 +175,18 @@ class TruthTest(CommandLineCase):
     def ansi(self, name, text):
         (self.folder / name).write_bytes(text.encode("cp1250"))
         return name
+
+    def test_check_without_a_template(self):
+        query = ["--db", "sklad.db", "--select", "SELECT kod, cena FROM zbozi LIMIT 2", "--check"]
+        ok = "ok: the database sklad.db\nok: the query, columns kod;cena\nok: the output can be written\n"
+        for command, output in (["html", "c.htm"], ["excel", "c.xlsx"]):
+            self.assertEqual(self.run_program(command, *query, "-o", output), (ok, ""))
+            self.assertFalse((self.folder / output).exists())
+            stdout, stderr = self.run_program(command, *query, "-o", output, "--part", "1/5")
+            self.assertEqual((stdout, stderr), (ok, "zorkanca: warning: The query gives no records.\n"))
+            stderr = self.run_program(command, *query, "-o", f"none/{output}", "--multiplier", "x", status=1)[1]
+            self.assertIn('zorkanca: 3265 - --multiplier: The query has no column "x"; its columns are kod, cena\n', stderr)
+            self.assertIn(f"zorkanca: 76 - Path not found: {self.folder}/none\n", stderr)
 
     def test_check_tells_all_that_is_wrong(self):
         stdout, stderr = self.run_program("word", "--db", "none.db", "--select", "SELECT 1", "--template", "none.dotx", "-o",

@@ -49,7 +49,7 @@ class ValuesTest(CommandLineCase):
             (["EAN13;a,trim;o;0", "--value", "1"], 2, f"there is no symbology EAN13; there are {known}"),
             (["code39;a,trim;o;0", "--value", "1"], 2, "did you mean Code39?"),
             (["QR;a,trim;o;0", *goods], 2, known),
-            (["Code39", "--value", "1"], 1, "symbology;items;output column;check flag"),
+            (["Code39", "--value", "1"], 2, "symbology;items;output column;check flag"),
             (["Code39;a;o;0", "--value", "A"], 2, "PARAM has no place for the value"),
             (["Code39;kod,trim;o;0"], 2, "barcode needs --value, or --db"),
             (["Code39;kod,trim;o;0", "--db", "sklad.db"], 2, "--select or --sql-file is required"),

@@ -244,6 +244,30 @@ TEST(ExcelImportTest, RefusesWhatASheetCannotHold) {
   EXPECT_EQ(import->Sheets(1)->Range(u"A1")->CurrentRegion()->ColumnCount(), 2);
 }
 
+TEST(ExcelImportTest, ACellHoldsCharactersNotBytes) {
+  ExcelFixture bench;
+  const struct {
+    std::string character;
+    std::size_t count;
+    bool fits;
+  } kRows[] = {{"ž", 32767, true}, {"ž", 32768, false}, {"☺", 32767, true}, {"😀", 16383, true}, {"😀", 16384, false}};
+  for (const auto& row : kRows) {
+    std::string text;
+    for (std::size_t count = 0; count < row.count; ++count) text += row.character;
+    bench.folder.Write("u.txt", text + "\r\n");
+    const auto open = [&] {
+      bench.Application()->OpenText(
+          {.Filename = bench.folder.TextPath("u.txt"), .Origin = 65001, .Other = true, .OtherChar = u";"});
+      bench.Application()->Workbooks(u"u.txt")->Close(false);
+    };
+    if (row.fits) {
+      EXPECT_NO_THROW(open()) << row.character;
+    } else {
+      EXPECT_EQ(ErrorOf(open).number(), 1004) << row.character;
+    }
+  }
+}
+
 TEST(ExcelImportTest, AFileThatChangesMeanwhileIsAnError) {
   ExcelFixture bench;
   std::string many(3000, ';');

@@ -16,8 +16,10 @@ class Told final : public ExportListener {
  public:
   void Cause(const Error& cause) override { lines += std::string("cause ") + cause.what() + "\n"; }
   void Warning(TextView text) override { lines += "warning " + ToUtf8(text) + "\n"; }
+  void Written(std::int64_t count) override { records = count; }
 
   std::string lines;
+  std::int64_t records = -1;  // of the last operation that was done
 };
 
 class ExportReportTest : public ::testing::Test {
@@ -64,7 +66,7 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
   word.rsTemplate = u"C:\\Temp\\none.dot";
   EXPECT_FALSE(office.WdExport(database, u"SELECT cislo FROM t", word));
   EXPECT_EQ(Taken(),
-            "warning There are 1 column names for 2 columns.\n"
+            "warning There is 1 column name for 2 columns.\n"
             "cause 53 - The template was not found: C:\\Temp\\none.dot\n");
   WordExportArguments prepared;
   EXPECT_FALSE(office.WdExport_file(u"C:\\Temp\\h.txt", u"C:\\Temp\\d.txt", prepared));
@@ -72,6 +74,26 @@ TEST_F(ExportReportTest, CausesOfWhatAMessageBoxHides) {
 
   EXPECT_TRUE(office.HTMLExport(database, u"SELECT * FROM t", html));
   EXPECT_EQ(Taken(), "") << "nothing is left over from an operation before";
+}
+
+TEST_F(ExportReportTest, RecordsThatWereWritten) {
+  database.columns.push_back({u"krát", FieldType::kLong});
+  for (const std::int32_t copies : {2, 0, 1}) database.rows.push_back({copies, Text(u"y"), copies});
+  database.rows[0].push_back(std::int32_t{1});
+  computer.files.Put(u"C:\\Temp\\h.txt", "a;b");
+  computer.files.Put(u"C:\\Temp\\d.txt", "1;2\r\n3;4\r\n");
+  computer.files.Put(u"C:\\Temp\\t.dot", "");
+  office.Multiplier(u"krát");
+  HtmlExportArguments html;
+  EXPECT_TRUE(office.HTMLExport(database, u"SELECT * FROM t", html));
+  EXPECT_EQ(told.records, 3) << "a record that is written twice is one, one that is not written is none";
+  WordExportArguments prepared{};
+  prepared.rsTemplate = u"C:\\Temp\\t.dot";
+  EXPECT_TRUE(office.WdExport_file(u"C:\\Temp\\h.txt", u"C:\\Temp\\d.txt", prepared));
+  EXPECT_EQ(told.records, 2);
+  told.records = -1;
+  EXPECT_FALSE(office.WdExport_file(u"C:\\Temp\\none.txt", u"C:\\Temp\\d.txt", prepared));
+  EXPECT_EQ(told.records, -1) << "nothing of an operation that failed";
 }
 
 TEST_F(ExportReportTest, NamesOfTheRecordset) {
@@ -119,7 +141,8 @@ TEST(TemplateCheck, Warnings) {
       {TemplateUse::kForm, {}, "The template has no form field, every record gives the same text: T\n"},
       {TemplateUse::kForm,
        {{kForm, u"psc_1"}, {kForm, u"psc_x"}, {kForm, u"psc_"}},
-       "There is no column for the form field psc_x.\nThere is no column for the form field psc_.\n"},
+       "There is no column for the form field psc_x; the nearest is psc.\n"
+       "There is no column for the form field psc_; the nearest is psc.\n"},
       {TemplateUse::kCells, {}, "The first block of the template has no placeholder, no record will be seen: T\n"},
       {TemplateUse::kCells, {{kCell, u"psc"}, {kCell, u"Psč"}}, "There is no column for the placeholder {Psč}.\n"},
   };

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/memory_platform.h"
 #include "support/text_support.h"
 
@@ -26,6 +28,34 @@ TEST(OfficePdfConvert, WordWritesTheWholeDocumentOutOfSight) {
                      "word export C:\\a.pdf", "word close C:\\a.doc", "word updating on"}));
   EXPECT_TRUE(convert.WdExportToPdfFormat(u"C:\\a.doc", u"C:\\a.pdf"));
   EXPECT_FALSE(computer.word.exported->UseISO19005_1);
+}
+
+// Keeps causes in the journal, so that their place after the message is seen.
+class JournalListener final : public ExportListener {
+ public:
+  explicit JournalListener(Journal& journal) : journal_(journal) {}
+  void Cause(const Error& cause) override { journal_.push_back(std::string("cause ") + cause.what()); }
+  void Warning(TextView text) override { journal_.push_back("warning " + ToUtf8(text)); }
+
+ private:
+  Journal& journal_;
+};
+
+TEST(OfficePdfConvert, CausesFollowTheMessages) {
+  MemoryPlatform computer;
+  cOfficePdfConvert convert(computer.platform);
+  JournalListener listener(computer.journal);
+  convert.Listen(&listener);
+  for (const bool opens : {false, true}) {
+    computer.word.refusesToOpen = !opens;
+    computer.word.refusesToExport = true;
+    computer.journal.clear();
+    EXPECT_FALSE(convert.WdExportToPdfFormat(u"C:\\a.doc", u"C:\\a.pdf"));
+    const auto isMessage = [](const std::string& line) { return line.starts_with("message"); };
+    const auto message = std::find_if(computer.journal.begin(), computer.journal.end(), isMessage);
+    ASSERT_NE(message + 1, computer.journal.end());
+    EXPECT_TRUE((message + 1)->starts_with(opens ? "cause 5 - no room" : "cause ")) << *(message + 1);
+  }
 }
 
 TEST(OfficePdfConvert, FailuresAreShownAndTheSourceIsClosed) {

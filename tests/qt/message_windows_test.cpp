@@ -3,8 +3,11 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <filesystem>
 
 #include "qt/window_person.h"
@@ -67,6 +70,28 @@ TEST_F(MessageWindows, QuestionsAreAskedInCzechOverTheForm) {
   });
 }
 
+// What a dialog says in English: the texts of its labels and buttons and their hints that have words of that language.
+std::string WordsOf(const QWidget& window) {
+  static const QRegularExpression english(
+      "\\b(Look|in|File|Files|of|type|name|Open|Cancel|Choose|Directory|Back|Forward|Parent|Create|New|Folder|View|Go|"
+      "Change|List|Detail|Computer|Date|Size|Kind|Modified)\\b");
+  std::string words;
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    QStringList texts = {widget->toolTip()};
+    if (const auto* label = qobject_cast<const QLabel*>(widget)) texts += label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) texts += button->text();
+    if (const auto* view = qobject_cast<const QHeaderView*>(widget)) {
+      for (int section = 0; section < view->count(); ++section) {
+        texts += view->model()->headerData(section, view->orientation()).toString();
+      }
+    }
+    for (QString text : texts) {
+      if (english.match(text.remove(QChar('&'))).hasMatch()) words += text.toStdString() + "; ";
+    }
+  }
+  return words;
+}
+
 TEST_F(MessageWindows, FileDialogsTakeFiltersAndReturnFullPaths) {
   TemporaryFolder folder;
   folder.Write("vzor.dot", "");
@@ -81,6 +106,7 @@ TEST_F(MessageWindows, FileDialogsTakeFiltersAndReturnFullPaths) {
     EXPECT_EQ(window->nameFilters(), QStringList({"Šablony Word (*.dot)", "Vše (* *.x)"}));
     EXPECT_EQ(window->directory().path().toStdString(), folder.path()) << "the nearest folder that exists";
     EXPECT_EQ(window->labelText(QFileDialog::Accept), "Otevřít");
+    EXPECT_EQ(WordsOf(*window), "");
     window->selectFile("vzor.dot");
     QTest::keyClick(window->findChild<QLineEdit*>(), Qt::Key_Return);
   });

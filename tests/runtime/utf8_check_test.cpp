@@ -32,6 +32,23 @@ TEST(Utf8Check, TellsWhatIsValid) {
   }
 }
 
+// The reader works in blocks; a sequence may begin, end or break anywhere in one.
+TEST(Utf8Check, SequencesAnywhereAmongPlainBytes) {
+  for (std::size_t before = 0; before <= 17; ++before) {
+    for (std::size_t after = 0; after <= 17; ++after) {
+      const std::string start(before, 'a');
+      const std::string end(after, 'z');
+      for (const std::string valid : {"ž", "€", "\U0001F600", "žč€"}) {
+        EXPECT_EQ(ValidUtf8Length(start + valid + end), before + valid.size() + after) << before << " " << after;
+      }
+      for (const std::string invalid : {"\xFF", "\xE2\x82", "\x80", "\xC0\x80"}) {
+        EXPECT_EQ(ValidUtf8Length(start + invalid + end), before) << before << " " << after;
+        EXPECT_EQ(ValidUtf8Length(start + "ž" + invalid + end), before + 2) << before << " " << after;
+      }
+    }
+  }
+}
+
 TEST(Utf8Check, FindsTheByteBeyondAsciiWhereverItIs) {
   for (std::size_t length = 0; length < 20; ++length) {
     std::string bytes(length, '\x7F');

@@ -107,7 +107,39 @@ TEST(SqliteTypes, TypesThatTheCallerSettles) {
   EXPECT_NO_THROW(Open(database, "SELECT sum(n) FROM t")) << "a further statement need not have them";
   database.SettleTypes({{u"cana", FieldType::kCurrency}});
   EXPECT_EQ(ErrorOf([&] { Open(database, "SELECT castka AS cena, den FROM t"); }).what(),
-            std::string("3265 - The query has no column \"cana\"; its columns are cena, den"));
+            std::string("3265 - The query has no column \"cana\"; did you mean cena? Its columns are cena, den"));
+}
+
+TEST(SqliteTypes, NumbersThatAreHeldAsTexts) {
+  SqliteFile file("");
+  SqliteDatabase database(file.path());
+  const struct {
+    const char* text;
+    FieldType type;
+    Value value;
+  } kRows[] = {
+      {"12", FieldType::kLong, std::int32_t{12}},
+      {" +0012 ", FieldType::kLong, std::int32_t{12}},
+      {"-12.5", FieldType::kLong, -12.5},
+      {"3000000000", FieldType::kLong, std::int64_t{3000000000}},
+      {"12", FieldType::kDouble, 12.0},
+      {"1e3", FieldType::kDouble, 1000.0},
+      {"12.34", FieldType::kCurrency, Currency{123400}},
+      {"0", FieldType::kBoolean, false},
+      {"-1", FieldType::kBoolean, true},
+      {"12,5", FieldType::kDouble, Text(u"12,5")},
+      {"12 ks", FieldType::kLong, Text(u"12 ks")},
+      {"", FieldType::kLong, Text()},
+      {"+", FieldType::kLong, Text(u"+")},
+      {"inf", FieldType::kDouble, Text(u"inf")},
+      {"0x1F", FieldType::kLong, Text(u"0x1F")},
+      {"12", FieldType::kText, Text(u"12")},
+  };
+  for (const auto& row : kRows) {
+    database.SettleTypes({{u"a", row.type}});
+    const auto recordset = Open(database, std::string("SELECT '") + row.text + "' AS a");
+    EXPECT_EQ(recordset->FieldAt(0).Value(), row.value) << row.text << " as " << static_cast<int>(row.type);
+  }
 }
 
 TEST(SqliteTypes, LengthsOfTexts) {

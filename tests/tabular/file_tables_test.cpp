@@ -8,6 +8,7 @@
 #include "sqlite/sqlite_database.h"
 #include "support/temporary_folder.h"
 #include "support/text_support.h"
+#include "tabular/column_writer.h"
 #include "tabular/tabular_support.h"
 
 namespace zorkanca::testing {
@@ -101,6 +102,34 @@ TEST_F(FileTablesOfFolder, CountAndCompareByType) {
       {"SELECT length(i) FROM t", "2"},
   };
   for (const auto& [sql, expected] : rows) EXPECT_EQ(First({table}, sql), expected) << sql;
+}
+
+TEST_F(FileTablesOfFolder, HaveTypesWithoutRecords) {
+  LoadedFile file("t.csv", "a,b\n");
+  file.reading().types = {{u"b", FieldType::kCurrency}};
+  EXPECT_EQ(file.Shown(), "a text, b currency");
+}
+
+// A file may change between its two readings: no value of another type gets into the table.
+TEST_F(FileTablesOfFolder, TakeNoValueOfAnotherType) {
+  struct Row {
+    ColumnType type;
+    std::string text;
+    bool isTaken;
+  };
+  const Row rows[] = {{ColumnType::kInteger, "12", true},    {ColumnType::kInteger, "1.5", false},
+                      {ColumnType::kBigInteger, "x", false}, {ColumnType::kDecimal, "1.5", true},
+                      {ColumnType::kDecimal, "1,5", false},  {ColumnType::kLongDecimal, "", false},
+                      {ColumnType::kDouble, "1e400", false}, {ColumnType::kDate, "2026-03-01", true},
+                      {ColumnType::kDate, "1.3.26", false},  {ColumnType::kYesNo, "ano", true},
+                      {ColumnType::kYesNo, "2", false},      {ColumnType::kText, "x", true}};
+  SqliteConnection connection(std::nullopt, nullptr);
+  SqliteTableWriter table(connection, "t", {{"a", "TEXT"}});
+  const ValueForms forms(*reading_.locale);
+  for (const Row& row : rows) {
+    ColumnWriter writer(forms, {.type = row.type}, 0);
+    EXPECT_EQ(writer.Write({.kind = CellKind::kUntyped, .text = row.text}, table), row.isTaken) << row.text;
+  }
 }
 
 TEST_F(FileTablesOfFolder, FilesThatCannotBeRead) {

@@ -123,7 +123,7 @@ TEST(RandomTexts, JsonIsTakenAsAnotherReaderTakesIt) {
   const std::string letters = "[]{}\":,\\u0019aeE+-. \ntrfnl\xC5\xBE\xFF";
   std::mt19937 chance(2);
   int valid = 0;
-  for (int round = 0; round < 4000; ++round) {
+  for (int round = 0; round < 2000; ++round) {
     std::string text = seeds[chance() % 3];
     for (std::size_t changes = chance() % 3; changes > 0; --changes) {
       const std::size_t at = 1 + chance() % (text.size() - 1);
@@ -148,7 +148,7 @@ TEST(RandomTexts, JsonIsTakenAsAnotherReaderTakesIt) {
       EXPECT_FALSE(isTable) << text << "\n" << error.what();
     }
   }
-  EXPECT_GT(valid, 800);
+  EXPECT_GT(valid, 400);
 }
 
 }  // namespace

@@ -39,6 +39,8 @@ TEST_F(EditDialog, ShowsATemplateWithoutTheMarkOfItsMissingFile) {
   Work(u"cmd_Opravit", [](const FormPerson& person) {
     person.ExpectSoundForm();
     EXPECT_EQ(person.Read(u"txt_kod"), u"7");
+    person.Find<TextBox>(u"txt_kod").Type(u"7");
+    EXPECT_EQ(person.Read(u"txt_kod"), u"7") << "a number that is typed takes the old one's place";
     EXPECT_EQ(person.Read(u"txt_popis"), u"Popis a.dot");
     EXPECT_EQ(person.Read(u"txt_soubor"), u"C:\\S\\a.dot");
     person.Enter();

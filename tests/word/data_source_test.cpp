@@ -66,6 +66,10 @@ TEST(WordDataSource, ReadsWhatTheExportsWrite) {
       {"A;B\r\n\"a\"b\"\"c;d\";2\r\n", "A|B|/a\"b\"c;d|2|/"},            // a lone quote inside a quoted value
       {"A;B\n1;2\n\"x\ny\";3\n", "A|B|/1|2|/x\\ny|3|/"},                 // lines of another system
       {"A\r\nžluť \xF0\x9F\x98\x80\r\n", "A|/žluť \xF0\x9F\x98\x80|/"},
+      {"A\r\nab\"", "A|/ab\"|/"},          // ends behind a lone quote,
+      {"A\r\nab\r", "A|/ab\\r|/"},         // a lone CR,
+      {"A;B\r\n1;", "A|B|/1||/"},          // a separator,
+      {"A\r", "A|/"},                      // the CR of a header
       {"A\r\na\x01\x02z\r\n", "A|/az|/"},  // what XML forbids
   };
   for (const Row& row : rows) EXPECT_EQ(Read(Utf16(row.file)), row.shown) << row.file;

@@ -100,9 +100,13 @@ TEST(WordFields, AreTheSameInEveryShape) {
       begin + code("IF \"") + "<w:fldSimple w:instr=\"MERGEFIELD Plat\"/>" + code("\" &gt; 0 \"") + R("anna nováková") +
           code("\" \"\"") + end,
       F("SET kdo {Jméno}", "") + F("REF kdo"),
+      begin + code("IF 1 = 1 \"") + "<w:r><w:rPr><w:b/></w:rPr><w:t>anna</w:t></w:r>" + R(" ") +
+          F("MERGEFIELD Prázdné") + R("nováková") + code("\" ne") + end,
   };
   WordFixture bench;
   for (const std::string& shape : shapes) EXPECT_EQ(ResultOf(bench, shape), "anna nováková") << shape;
+  const std::string tab = "<w:r><w:rPr><w:b/></w:rPr><w:tab/></w:r><w:r><w:br/></w:r>";
+  EXPECT_EQ(ResultOf(bench, begin + code("IF 1 = 1 \"a") + tab + code("b\" ne") + end), "a\\t\vb");
 }
 
 TEST(WordFields, ThatAreNotEvaluatedStayWhole) {

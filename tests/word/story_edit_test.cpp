@@ -147,6 +147,9 @@ TEST(WordStoryEdit, CountsTheUnitsOfAStory) {
       {"<tbl><tr><tc><p>(a)</p><p>(b)</p></tc><tc><p/></tc></tr></tbl><p/>", "a\\rb\\r\a\\r\a\\r\a\\r"},
       {"<tbl><tr><tc><tbl><tr><tc><p>(a)</p></tc></tr></tbl><p/></tc></tr></tbl><p/>", "a\\r\a\\r\a\\r\a\\r\a\\r"},
       {"<sdt><sdtContent><p>(a)</p></sdtContent></sdt><customXml><p>(b)</p></customXml>", "a\\rb\\r"},
+      {"<tbl><sdt><sdtContent><tr><sdt><sdtContent><tc><p>(a)</p></tc></sdtContent></sdt><tc><p>(b)</p></tc></tr>"
+       "</sdtContent></sdt><tr><tc><p>(c)</p></tc></tr></tbl><p/>",
+       "a\\r\ab\\r\a\\r\ac\\r\a\\r\a\\r"},  // rows and cells in content controls
       {"<p>(a)<r><footnoteReference id=\"2\"/></r></p>", "a\x02\\r"},
   };
   for (const auto& [body, text] : rows) {

@@ -27,10 +27,11 @@ namespace {
 
 constexpr std::int32_t kMarkDistance = 256;
 
-std::shared_ptr<const OpenedText> OpenFile(const std::string& path, char delimiter) {
+std::shared_ptr<const OpenedText> OpenFile(const std::string& path, char delimiter, bool isUtf8) {
   const auto text = std::make_shared<OpenedText>();
   text->path = path;
   text->delimiter = delimiter;
+  text->isUtf8 = isUtf8;
   text->file = FileDescriptor(Uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
   if (!text->file && errno == ENOENT) {
     RaiseExcelError(Text(u"The file ").append(FromNativePath(path)).append(u" could not be found."));
@@ -135,7 +136,7 @@ class ImportedText::TextCursor final : public Cursor {
 
   Content Read(std::string_view field, bool isTextColumn) {
     if (!isTextColumn) {
-      Content content = block_->reader_.Read(block_->isUtf8_ ? InAnsi(field) : field, out_);
+      Content content = block_->reader_.Read(block_->text_->isUtf8 ? InAnsi(field) : field, out_);
       if (content.kind != CellKind::kText) {
         out_ += content.text.size();
         content.shown = Shown(content, field);
@@ -166,7 +167,7 @@ class ImportedText::TextCursor final : public Cursor {
   }
 
   std::string_view InUtf8(std::string_view field) {
-    if (block_->isUtf8_ || IsAscii(field)) return field;
+    if (block_->text_->isUtf8 || IsAscii(field)) return field;
     const char* const start = out_;
     out_ = utf8_.Put(out_, field);
     return {start, static_cast<std::size_t>(out_ - start)};
@@ -186,7 +187,8 @@ class ImportedText::TextCursor final : public Cursor {
 std::shared_ptr<const ImportedText> ImportedText::Open(const std::string& path, const OpenTextArguments& arguments,
                                                        const Locale& locale, const ExcelWatch& watch) {
   const char delimiter = RequireDelimiter(arguments);
-  std::shared_ptr<ImportedText> block(new ImportedText(OpenFile(path, delimiter), arguments, locale));
+  std::shared_ptr<ImportedText> block(
+      new ImportedText(OpenFile(path, delimiter, arguments.Origin == kUtf8Origin), arguments, locale));
   block->Count(std::max(arguments.StartRow - 1, 0), watch);
   return block;
 }
@@ -195,7 +197,6 @@ ImportedText::ImportedText(std::shared_ptr<const OpenedText> text, const OpenTex
                            const Locale& locale)
     : text_(std::move(text)),
       locale_(locale),
-      isUtf8_(arguments.Origin == kUtf8Origin),
       reader_(locale, arguments.DecimalSeparator.value_or(locale.decimalSeparator),
               arguments.ThousandsSeparator.value_or(locale.groupSeparator)),
       trueWord_(ToUtf8(UpperCase(locale.trueWord))),

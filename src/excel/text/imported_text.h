@@ -43,7 +43,6 @@ class ImportedText final : public CellSource, public std::enable_shared_from_thi
 
   std::shared_ptr<const OpenedText> text_;
   const Locale& locale_;
-  bool isUtf8_;  // else ANSI
   GeneralReader reader_;
   std::string trueWord_, falseWord_;  // as cells show them, in UTF-8
   bool shortDateIsShortest_ = false;  // the locale's short date adds no zeros and blanks

@@ -18,6 +18,16 @@ bool EndsField(const char* at, const char* end, char delimiter) {
   return *at == delimiter || (*at == '\r' && at + 1 != end && at[1] == '\n');
 }
 
+// UTF-16 units of valid UTF-8: one for each first byte of a character, two for that of four bytes.
+std::size_t UnitsOf(std::string_view utf8) {
+  std::size_t units = 0;
+  for (const char byte : utf8) {
+    units += (byte & 0xC0) != 0x80;
+    units += (byte & 0xF8) == 0xF0;
+  }
+  return units;
+}
+
 // Copies up to the end of the field, lone carriage returns as line feeds. @return the end of the copy
 char* CopyUnquoted(const char*& at, const char* end, char delimiter, char* out) {
   for (; at != end && !EndsField(at, end, delimiter); ++at) *out++ = *at == '\r' ? '\n' : *at;
@@ -132,7 +142,8 @@ bool RecordReader::ParseField(const char*& at, const char* end) {
     unquotedSize_ += static_cast<std::size_t>(out - field);
     fields_.emplace_back(field, static_cast<std::size_t>(out - field));
   }
-  if (fields_.back().size() > kLongestText) {
+  const std::string_view field = fields_.back();
+  if (field.size() > kLongestText && (!text_->isUtf8 || UnitsOf(field) > kLongestText)) {
     RaiseExcelError(u"A value has more than 32767 characters, which is more than a cell holds.");
   }
   return at != end;

@@ -22,6 +22,7 @@ struct OpenedText {
   FileDescriptor file;
   std::uint64_t size = 0;
   char delimiter = ';';
+  bool isUtf8 = false;  ///< else each byte is a character
 };
 
 class RecordReader {

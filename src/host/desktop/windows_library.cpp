@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "files/native_path.h"
 #include "platform/windows_plugin.h"
 #include "runtime/error.h"
 #include "runtime/utf8.h"
@@ -41,6 +42,10 @@ Function* Entry(void* library, const char* name) {
 }
 
 }  // namespace
+
+Text WindowsLibraryPath() {
+  return FromNativePath(FindLibrary());
+}
 
 std::shared_ptr<UserInterface> LoadWindows() {
   // Never unloaded: libraries of windows keep threads and exit handlers.

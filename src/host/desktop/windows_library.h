@@ -5,8 +5,12 @@
 #include <memory>
 
 #include "platform/user_interface.h"
+#include "runtime/text.h"
 
 namespace zorkanca {
+
+/// Path of the plug-in. Errors: 5 when it is not installed.
+Text WindowsLibraryPath();
 
 /// Loads the plug-in, which lies beside the program or where the installation has put it, and connects to the screen.
 /// Must be called, and the result be used, in one thread.

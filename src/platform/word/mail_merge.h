@@ -56,6 +56,8 @@ class WordMailMerge {
   virtual void FirstRecord(std::int32_t record) = 0;
   /// `DataSource.LastRecord`; `kLastRecordOfSource` for all.
   virtual void LastRecord(std::int32_t record) = 0;
+  /// `DataSource.RecordCount`; -1 when the application does not know.
+  virtual std::int32_t RecordCount() { return -1; }
   virtual void ViewMailMergeFieldCodes(std::int32_t view) = 0;
   /// Merges into a new document, which becomes the active one.
   /// Errors: 5631 without a data source or records; 5 with a description for data that cannot be merged.

@@ -87,7 +87,20 @@ FileDescriptor OpenSource(const std::string& path) {
 
 }  // namespace
 
-DataSource::DataSource(const std::string& path, const CodePage& codePage) {
+DataSource::DataSource(const std::string& path, const CodePage& codePage) : path_(path) {
+  try {
+    Read(codePage);
+  } catch (const Error& error) {  // what is wrong inside does not name the file
+    constexpr TextView kStart = u"The data source ";
+    const Text& description = error.description();
+    const Text named = FromUtf8(path);
+    if (!description.starts_with(kStart) || description.find(named) != Text::npos) throw;
+    throw Error(error.number(), error.source(), Text(kStart) + named + u" " + description.substr(kStart.size()));
+  }
+}
+
+void DataSource::Read(const CodePage& codePage) {
+  const std::string& path = path_;
   const FileDescriptor file = OpenSource(path);
   Decoder decoder(codePage);
   DelimitedParser parser(columns_, records_);

@@ -26,6 +26,8 @@ class DataSource {
   /// Errors: 5174 when it is missing, 5 when it has no header or ends inside a quoted value; 70, 75, 57.
   DataSource(const std::string& path, const CodePage& codePage);
 
+  const std::string& path() const { return path_; }
+
   const std::vector<Text>& columns() const { return columns_; }
   const RecordStore& records() const { return records_; }
 
@@ -34,6 +36,9 @@ class DataSource {
   std::ptrdiff_t ColumnOf(TextView fieldName) const;
 
  private:
+  void Read(const CodePage& codePage);
+
+  std::string path_;
   std::vector<Text> columns_;
   RecordStore records_;
 };

@@ -4,6 +4,7 @@
 
 #include "opc/xml_document.h"
 #include "opc/xml_escape.h"
+#include "runtime/nearest_name.h"
 #include "runtime/utf8.h"
 #include "word/fields/field_messages.h"
 #include "word/merge/story_compiler.h"
@@ -145,7 +146,8 @@ void StoryCompiler::AddMergeField(const FoldedField& field, bool inCode) {
   std::ptrdiff_t column = words.empty() ? -1 : input_.source.ColumnOf(words.front());
   if (column < 0 && words.size() > 1) column = input_.source.ColumnOf(Join(words, u" "));
   if (column < 0) {
-    Warn(Text(u"There is no column for the merge field ").append(Join(words, u" ")).append(u"."));
+    const Text name = Join(words, u" ");
+    Warn(u"There is no column for the merge field " + name + NearestHint(name, input_.source.columns()) + u".");
     return AddMessage(field, step.format.runs, kMissingColumn, inCode);
   }
   step.column = static_cast<std::size_t>(column);
@@ -171,19 +173,24 @@ void StoryCompiler::AddMessage(const FoldedField& field, ResultRuns runs, TextVi
   AddValue(field, std::move(step), inCode);
 }
 
+// A tab is an element: as a character in a text it would be read as a blank.
 void StoryCompiler::AddTextRun(const pugi::xml_node& format, TextView text, bool inCode) {
-  const std::string_view element = inCode ? "w:instrText" : "w:t";
+  const std::string element = inCode ? "w:instrText" : "w:t";
   Xml("<w:r>");
   if (format) Xml(XmlBytes(format));
-  Xml("<");
-  Xml(element);
-  Xml(" xml:space=\"preserve\">");
-  std::string escaped;
-  AppendXmlText(escaped, text);
-  Xml(escaped);
-  Xml("</");
-  Xml(element);
-  Xml("></w:r>");
+  std::string content;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(u'\t', start), text.size());
+    if (end > start) {
+      content += "<" + element + " xml:space=\"preserve\">";
+      AppendXmlText(content, text.substr(start, end - start));
+      content += "</" + element + ">";
+    }
+    if (end < text.size()) content += "<w:tab/>";
+    start = end + 1;
+  }
+  Xml(content);
+  Xml("</w:r>");
   Units(text);
 }
 

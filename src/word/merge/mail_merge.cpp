@@ -1,13 +1,21 @@
 #include "word/merge/mail_merge.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "files/native_path.h"
 #include "runtime/error.h"
+#include "runtime/utf8.h"
 #include "word/merge/merge_settings.h"
 #include "word/xml/word_errors.h"
 
 namespace zorkanca::word {
+
+namespace {
+
+constexpr std::size_t kMostRecords = std::numeric_limits<std::int32_t>::max();
+
+}  // namespace
 
 void MailMerge::OpenDataSource(const OpenDataSourceArguments& arguments) {
   owner_.package();
@@ -60,6 +68,11 @@ void MailMerge::LastRecord(std::int32_t record) {
   lastRecord_ = record;
 }
 
+std::int32_t MailMerge::RecordCount() {
+  if (!source_) RaiseWordError(WordError::kNoDataSource, u"The document has no data source.");
+  return static_cast<std::int32_t>(std::min<std::size_t>(source_->records().count(), kMostRecords));
+}
+
 // Whether codes or results are seen on the screen: there is none, and results are what the text of a document has.
 void MailMerge::ViewMailMergeFieldCodes(std::int32_t view) {
   constexpr std::int32_t kToggle = 9999998;
@@ -79,7 +92,8 @@ void MailMerge::Execute(bool Pause) {
   order.firstRecord = static_cast<std::size_t>(firstRecord_) - 1;
   order.endRecord = lastRecord_ == kLastRecordOfSource ? count : std::min(count, static_cast<std::size_t>(lastRecord_));
   if (order.firstRecord >= order.endRecord) {
-    RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
+    RaiseWordError(WordError::kNoDataSource,
+                   u"The data source " + FromUtf8(source_->path()) + u" holds no record that could be merged.");
   }
   owner_.merge(order);
 }

@@ -29,6 +29,7 @@ class MailMerge final : public WordMailMerge {
   void SuppressBlankLines(bool suppress) override { suppressBlankLines_ = suppress; }
   void FirstRecord(std::int32_t record) override;
   void LastRecord(std::int32_t record) override;
+  std::int32_t RecordCount() override;
   void ViewMailMergeFieldCodes(std::int32_t view) override;
   void Execute(bool Pause) override;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "opc/xml_document.h"
+#include "runtime/utf8.h"
 #include "word/document/sections.h"
 #include "word/document/tree_content.h"
 #include "word/merge/inherited_headers.h"
@@ -111,7 +112,8 @@ void MergedContent::CompileBody(pugi::xml_node body, const CompileInput& input, 
       order.source, copyCompiler.Take(), order.firstRecord,
       MergeInput{*order.source, locale, order.endRecord, nullptr, order.cancelled, order.warn});
   if (copies_->count() == 0) {
-    RaiseWordError(WordError::kNoDataSource, u"The data source holds no record that could be merged.");
+    RaiseWordError(WordError::kNoDataSource,
+                   u"The data source " + FromUtf8(order.source->path()) + u" holds no record that could be merged.");
   }
   headers_.Distribute(*copies_);
   copies_->UseHeaders(headers_);

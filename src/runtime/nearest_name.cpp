@@ -1,16 +1,19 @@
 // The distance is that of optimal string alignment, by dynamic programming over the prefixes of both words: three rows
 // of the table are enough, since a swap looks back two letters.
-#include "cli/nearest_name.h"
+#include "runtime/nearest_name.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 
-namespace zorkanca::cli {
+#include "runtime/utf8.h"
+
+namespace zorkanca {
 
 namespace {
 
 constexpr std::size_t kNear = 2;
+constexpr std::size_t kShort = 4;  // letters of a word of which two are too much
 constexpr std::size_t kAlike = 3;
 
 std::string InSmallLetters(std::string_view word) {
@@ -46,7 +49,7 @@ std::size_t CommonBeginning(std::string_view one, std::string_view other) {
 
 }  // namespace
 
-std::string NearestName(std::string_view word, const std::vector<std::string>& candidates) {
+std::string NearestName(std::string_view word, const std::vector<std::string>& candidates, bool byBeginning) {
   const std::string wanted = InSmallLetters(word);
   std::string nearest;
   std::size_t distance = kNear + 1;
@@ -56,8 +59,8 @@ std::string NearestName(std::string_view word, const std::vector<std::string>& c
     const std::size_t shorter = std::min(name.size(), wanted.size());
     const std::size_t away = Distance(wanted, name);
     const std::size_t common = CommonBeginning(wanted, name);
-    const bool alike = common >= kAlike || (common > 0 && common == shorter);
-    if (away <= kNear && away < shorter && away < distance) {
+    const bool alike = byBeginning && (common >= kAlike || (common > 0 && common == shorter));
+    if (away <= kNear && away < distance && (away < kNear ? 2 * away <= shorter : shorter > kShort)) {
       distance = away;
       nearest = candidate;
     } else if (distance > kNear && alike && common > beginning) {
@@ -72,4 +75,23 @@ std::string DidYouMean(const std::string& name) {
   return name.empty() ? "" : "; did you mean " + name + "?";
 }
 
-}  // namespace zorkanca::cli
+Text NearestText(TextView word, std::span<const Text> candidates) {
+  std::vector<std::string> names;
+  for (const Text& candidate : candidates) names.push_back(ToUtf8(candidate));
+  return FromUtf8(NearestName(ToUtf8(word), names));
+}
+
+Text NearestHint(TextView word, std::span<const Text> candidates) {
+  const Text nearest = NearestText(word, candidates);
+  return nearest.empty() ? Text() : u"; the nearest is " + nearest;
+}
+
+Text NoColumn(TextView name, std::span<const Text> columns) {
+  const Text nearest = NearestText(name, columns);
+  Text text = u"The query has no column \"";
+  text.append(name).append(u"\"");
+  text += nearest.empty() ? u"; its columns are " : u"; did you mean " + nearest + u"? Its columns are ";
+  return text + Join({columns.begin(), columns.end()}, u", ");
+}
+
+}  // namespace zorkanca
