@@ -55,7 +55,16 @@ TEST_P(FileSystemContract, BothSeparatorsNameTheSameFile) {
   EXPECT_FALSE(files_.FileExists(folder_.TextPath("pod")));
   EXPECT_FALSE(files_.FolderExists(entries[0].path));
   EXPECT_EQ(ErrorOf([&] { files_.FileExists(TextView(u"a\0b", 3)); }).number(), 52);
+}
+
+TEST_P(FileSystemContract, AnEmptyPathLeadsNowhere) {
   EXPECT_FALSE(files_.FileExists(u""));
+  EXPECT_FALSE(files_.FolderExists(u""));
+  files_.ClearFolder(u"", u"*");
+  EXPECT_EQ(ErrorOf([&] { files_.Files(u""); }).number(), 76);
+  EXPECT_EQ(ErrorOf([&] { files_.CreateFolder(u""); }).number(), 76);
+  EXPECT_EQ(ErrorOf([&] { files_.DeleteFile(u"", true); }).number(), 53);
+  EXPECT_EQ(ErrorOf([&] { files_.OpenTextFile(u"", IoMode::kForWriting, true, TextFormat::kAnsi); }).number(), 52);
 }
 
 TEST_P(FileSystemContract, FoldersAreMadeOneAtATime) {
@@ -155,7 +164,6 @@ TEST_P(FileSystemContract, OpeningFailsWithTheUsualNumbers) {
     EXPECT_EQ(ErrorOf([&] { Open(row.name, row.mode, row.create); }).number(), row.number)
         << row.name << " mode " << static_cast<int>(row.mode);
   }
-  EXPECT_EQ(ErrorOf([&] { files_.OpenTextFile(u"", write, true, TextFormat::kAnsi); }).number(), 52);
   EXPECT_EQ(folder_.Count(), 3);
 }
 

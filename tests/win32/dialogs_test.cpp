@@ -2,10 +2,14 @@
 // seen.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "office/alternative_office_manager.h"
 #include "support/template_lists.h"
 #include "support/text_support.h"
 #include "templates/template_lists.h"
+#include "win32/computer/win32_platform.h"
 #include "win32/window_person.h"
 
 namespace zorkanca::win32 {
@@ -60,13 +64,10 @@ class Dialogs : public Windows {
     if (!first) Press(VK_TAB);
     Press(VK_RETURN);
   }
-  std::string Read(TextView key, TextView value) {
-    const auto stored = computer.registry.Read(RegistryHive::kCurrentUser, key, value);
+  static std::string Read(Registry& registry, TextView key, TextView value) {
+    const auto stored = registry.Read(RegistryHive::kCurrentUser, key, value);
     return stored ? ToUtf8(std::get<Text>(*stored)) : "-";
   }
-
-  TemplatePlatform computer;
-  Platform platform = computer.platform.With(windows());
 };
 
 class TemplateDialogs : public Dialogs {
@@ -90,7 +91,8 @@ class TemplateDialogs : public Dialogs {
     return order;
   }
 
-  TemplateLists lists{platform};
+  TemplatePlatform computer;
+  TemplateLists lists{computer.platform.With(windows())};
 };
 
 TEST_F(TemplateDialogs, AClerkChoosesAndReorders) {
@@ -176,7 +178,8 @@ TEST_F(TemplateDialogs, OpenWhereTheyWereLeft) {
     Seen([&] { SetWindowPos(Top(), nullptr, 50, 40, 700, 450, SWP_NOZORDER); });
     Press(VK_ESCAPE);
   });
-  EXPECT_EQ(Read(kLayouts, u"zorKancA_SablOffice"), "&0|!750|!600|!10500|!6750") << "at 15 twips each pixel";
+  EXPECT_EQ(Read(computer.registry, kLayouts, u"zorKancA_SablOffice"), "&0|!750|!600|!10500|!6750")
+      << "at 15 twips each pixel";
   Choose(false, [&] {
     RECT place{};
     GetWindowRect(Top(), &place);
@@ -198,6 +201,7 @@ TEST_F(TemplateDialogs, WithoutWindowsNothingIsChosenAndTheLogKnows) {
   EXPECT_NE(logged.find("no window can be shown here"), std::string::npos) << logged;
 }
 
+// In the registry and the files of the computer itself.
 class AlternativeOffice : public Dialogs {
  protected:
   static constexpr const char* kTitle = "Nastavení pro používání alternativních kancelářských aplikací";
@@ -205,14 +209,34 @@ class AlternativeOffice : public Dialogs {
   static constexpr TextView kFolders = u"Software\\VB and VBA Program Settings\\zorKancA\\ABC\\AlternativeOffice";
 
   AlternativeOffice() {
-    computer.files.Put(u"C:\\Office\\scalc.exe", "");
-    computer.files.CreateFolder(u"C:\\Sešity");
+    Forget();
+    std::filesystem::create_directories(folder_ / L"Sešity");
+    std::ofstream(folder_ / L"scalc.exe") << "MZ";
+  }
+  ~AlternativeOffice() override {
+    Forget();
+    std::filesystem::remove_all(folder_);
+  }
+  void Forget() {
+    for (const TextView key : {kSettings, kFolders}) {
+      for (const TextView value : {u"UseAlternativeTableEditor", u"TableEditorAppPath", u"TableEditorStoreFolder"}) {
+        computer.platform().registry.DeleteValue(RegistryHive::kCurrentUser, key, value);
+      }
+    }
   }
   void Show(const std::function<void()>& clerk) {
     Meanwhile([&] { Await(kTitle), clerk(); }, [&] { manager.ShowPresetForm(eTypeOfEditor::TableEditor, u"abc"); });
   }
+  std::string In(const wchar_t* name) const { return ToUtf8(FromWide((folder_ / name).c_str())); }
+  std::string Setting(TextView key, TextView value) { return Read(computer.platform().registry, key, value); }
+  // Waits until the form is in front again, with changes to be saved.
+  void AwaitChanged() {
+    Until([&] { return Part("&Uložit") != nullptr && GetForegroundWindow() == Top(); });
+  }
 
-  cAlternativeOfficeManager manager{platform};
+  const std::filesystem::path folder_ = std::filesystem::temp_directory_path() / L"zorkanca kancelář";
+  Win32Platform computer;
+  cAlternativeOfficeManager manager{computer.platform().With(windows())};
 };
 
 TEST_F(AlternativeOffice, IsSetByKeysAlone) {
@@ -221,44 +245,44 @@ TEST_F(AlternativeOffice, IsSetByKeysAlone) {
     Go('U');
     EXPECT_EQ(Buttons(), "Po&užívat alternativní tabulkový editor ... ... &Uložit &Zrušit");
     Go('E');
-    Type("C:\\Office\\není");
+    Type(In(L"není"));
     Press(VK_RETURN);
     EXPECT_EQ(FocusedText(), "...") << "Enter goes on and presses nothing";
     Go('A');
-    Type("C:\\Sešity");
+    Type(In(L"Sešity"));
     for (int step = 0; step < 2; ++step) Press(VK_TAB);
     EXPECT_EQ(FocusedText(), "&Uložit");
     Press(VK_SPACE);
     Answer("Nastavený program alternativního tabulkového editoru nebyl nalezen\u00a0!");
-    Until([&] { return Part("&Uložit") != nullptr && GetForegroundWindow() == Top(); });
-    EXPECT_EQ(FocusedText(), "C:\\Office\\není") << "the clerk is led there";
-    Type("C:\\Office\\scalc");
+    AwaitChanged();
+    EXPECT_EQ(FocusedText(), In(L"není")) << "the clerk is led there";
+    Type(In(L"scalc"));
     Press(VK_F5);
     EXPECT_EQ(Buttons(), "Po&užívat alternativní tabulkový editor &OK &Zrušit") << "as it is stored";
     Go('U');
     Go('E');
-    Type("C:\\Office\\scalc");
+    Type(In(L"scalc"));
     Go('A');
-    Type("C:\\Sešity");
+    Type(In(L"Sešity"));
     Press(VK_ESCAPE);
     Answer("Uložit změny?");
   });
-  EXPECT_EQ(Read(kSettings, u"UseAlternativeTableEditor"), "1");
-  EXPECT_EQ(Read(kSettings, u"TableEditorAppPath"), "C:\\Office\\scalc.exe");
-  EXPECT_EQ(Read(kFolders, u"TableEditorStoreFolder"), "C:\\Sešity");
+  EXPECT_EQ(Setting(kSettings, u"UseAlternativeTableEditor"), "1");
+  EXPECT_EQ(Setting(kSettings, u"TableEditorAppPath"), In(L"scalc.exe"));
+  EXPECT_EQ(Setting(kFolders, u"TableEditorStoreFolder"), In(L"Sešity"));
 
   Show([&] {
     Click(Part("Po&užívat alternativní tabulkový editor"));
     Press(VK_F4, VK_MENU);
     AwaitMessage("Uložit změny?");
     Press(VK_ESCAPE);
-    Until([&] { return Part("&Uložit") != nullptr && GetForegroundWindow() == Top(); });
+    AwaitChanged();
     EXPECT_EQ(Buttons(), "Po&užívat alternativní tabulkový editor &Uložit &Zrušit") << "nothing is lost";
     Go('U');
     Go('Z');
     Answer("Uložit změny?", false);
   });
-  EXPECT_EQ(Read(kSettings, u"UseAlternativeTableEditor"), "1");
+  EXPECT_EQ(Setting(kSettings, u"UseAlternativeTableEditor"), "1");
 }
 
 }  // namespace

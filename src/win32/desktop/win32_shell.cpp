@@ -86,7 +86,6 @@ void Win32Shell::StartCommandLine(TextView commandLine) {
 
 // From the top down, a folder before those in it, in the system's order.
 Text Win32Shell::SearchTree(TextView rootFolder, TextView fileName) {
-  if (rootFolder.empty()) return {};
   std::vector<Text> waiting{Text(rootFolder)};
   while (!waiting.empty()) {
     const Text folder = std::move(waiting.back());

@@ -5,8 +5,13 @@
 
 namespace zorkanca::win32 {
 
-FolderEntries::FolderEntries(const Text& folder)
-    : search_(FindFirstFileW(Wide(Joined(folder, u"*")), &entry_)), found_(search_ != INVALID_HANDLE_VALUE) {
+FolderEntries::FolderEntries(const Text& folder) {
+  if (folder.empty()) {
+    failure_ = ERROR_PATH_NOT_FOUND;
+    return;
+  }
+  search_ = FindFirstFileW(Wide(Joined(folder, u"*")), &entry_);
+  found_ = search_ != INVALID_HANDLE_VALUE;
   if (found_) return;
   failure_ = GetLastError();
   if (failure_ == ERROR_FILE_NOT_FOUND) failure_ = ERROR_SUCCESS;  // an empty root

@@ -11,7 +11,7 @@ namespace zorkanca::win32 {
 /// Goes through the entries of a folder but "." and "..", in the system's order.
 class FolderEntries {
  public:
-  /// @param folder  a native path, with or without a separator at its end
+  /// @param folder  a native path, with or without a separator at its end; an empty one is no folder
   explicit FolderEntries(const Text& folder);
   ~FolderEntries();
   FolderEntries(const FolderEntries&) = delete;

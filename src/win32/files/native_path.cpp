@@ -35,7 +35,7 @@ Text AbsolutePath(TextView path) {
 }
 
 Text NativePath(TextView path) {
-  if (path.empty()) Raise(RuntimeError::kBadFileName);
+  if (path.empty()) return {};
   Text absolute = AbsolutePath(path);
   if (absolute.size() <= kShortLimit || absolute.starts_with(kLongForm) || absolute.starts_with(kDeviceForm)) {
     return absolute;

@@ -60,11 +60,11 @@ Date LocalDate(FILETIME moment) {
 }  // namespace
 
 bool Win32FileSystem::FileExists(TextView path) {
-  return !path.empty() && IsFile(AttributesOf(NativePath(path)));
+  return IsFile(AttributesOf(NativePath(path)));
 }
 
 bool Win32FileSystem::FolderExists(TextView path) {
-  return !path.empty() && IsFolder(AttributesOf(NativePath(path)));
+  return IsFolder(AttributesOf(NativePath(path)));
 }
 
 void Win32FileSystem::CreateFolder(TextView path) {

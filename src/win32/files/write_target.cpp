@@ -22,6 +22,7 @@ bool IsFile(std::uint32_t attributes) {
 }
 
 WriteTarget FindWriteTarget(TextView path, bool create) {
+  if (path.empty()) Raise(RuntimeError::kBadFileName);
   WriteTarget target{.path = NativePath(path)};
   const std::uint32_t attributes = AttributesOf(target.path);
   const std::uint32_t failure = GetLastError();
