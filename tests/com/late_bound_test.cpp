@@ -135,6 +135,8 @@ TEST(LateBound, NumbersOfArgumentsAndNamesAreChecked) {
       {L"up_SplitColumnsFromDataRow", {Missing(), word.get()}, DISP_E_PARAMNOTOPTIONAL},
       {L"up_SplitColumnsFromDataRow", {word.get(), word.get(), word.get()}, DISP_E_BADPARAMCOUNT},
       {L"HTMLExport", {word.get(), word.get()}, DISP_E_TYPEMISMATCH},
+      {L"up_SplitColumnsFromDataRow", {word.get(), ByReference(VT_VARIANT, nullptr)}, DISP_E_PARAMNOTOPTIONAL},
+      {L"up_SplitColumnsFromDataRow", {ByReference(VT_BSTR, nullptr), word.get()}, DISP_E_PARAMNOTOPTIONAL},
       {L"Multiplier", {word.get()}, DISP_E_BADPARAMCOUNT},
   };
   for (const Row& row : rows) EXPECT_EQ(Call(office, row.member, row.arguments).result, row.result) << Utf8(row.member);
