@@ -17,7 +17,8 @@ VARIANTARG* VariableOf(VARIANTARG* argument) {
 }
 
 bool IsMissing(const VARIANT* argument) {
-  return !argument || (argument->vt == VT_ERROR && argument->scode == DISP_E_PARAMNOTFOUND);
+  if (!argument || ((argument->vt & VT_BYREF) && !argument->byref)) return true;
+  return argument->vt == VT_ERROR && argument->scode == DISP_E_PARAMNOTFOUND;
 }
 
 std::size_t SizeOf(VARTYPE type) {
@@ -100,10 +101,8 @@ void PassedArgument::TakeNothing() {
   VariantClear(&value_);
   if (parameter_.type != VT_VARIANT) value_.vt = parameter_.type;
   reference_.vt = static_cast<VARTYPE>(VT_BYREF | parameter_.type);
-  if (parameter_.type == VT_VARIANT)
-    reference_.pvarVal = &value_;
-  else
-    reference_.byref = &value_.llVal;  // where all members of the union begin
+  // All members of the union begin at one place; a whole Variant begins before it.
+  reference_.byref = parameter_.type == VT_VARIANT ? static_cast<void*>(&value_) : &value_.llVal;
 }
 
 HRESULT PassedArgument::Take(VARIANTARG* source, LCID language) {

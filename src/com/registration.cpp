@@ -38,6 +38,13 @@ bool Enter(const std::wstring& key, const std::wstring& text, const wchar_t* nam
   return status == 0;
 }
 
+bool Exists(const std::wstring& key) {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, KEY_READ, &opened) != 0) return false;
+  RegCloseKey(opened);
+  return true;
+}
+
 bool Remove(const std::wstring& key) {
   const LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
   return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
@@ -88,15 +95,17 @@ HRESULT UnregisterServer(std::span<const PublicClass> classes) {
   win32::ComPointer<ITypeLib> library;
   LibraryIdentity identity{};
   if (FAILED(LoadTypes(library)) || FAILED(Identify(*library.get(), identity))) return SELFREG_E_TYPELIB;
+  const bool entered = Exists(L"TypeLib\\" + Braced(identity.id) + L"\\" + kVersion);
   const HRESULT left =
-      UnRegisterTypeLib(identity.id, identity.major, identity.minor, identity.language, identity.system);
+      entered ? UnRegisterTypeLib(identity.id, identity.major, identity.minor, identity.language, identity.system)
+              : S_OK;
   bool removed = true;
   for (const PublicClass& each : classes) {
     removed = Remove(ClassKey(each)) && removed;
     removed = Remove(ProgrammaticId(each)) && removed;
   }
   if (!removed) return SELFREG_E_CLASS;
-  return SUCCEEDED(left) || left == TYPE_E_REGISTRYACCESS || left == TYPE_E_LIBNOTREGISTERED ? S_OK : SELFREG_E_TYPELIB;
+  return SUCCEEDED(left) ? S_OK : SELFREG_E_TYPELIB;
 }
 
 }  // namespace zorkanca::com

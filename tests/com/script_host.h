@@ -12,7 +12,7 @@ namespace zorkanca::testing {
 ///   Check(condition, what)   a failure when it is not True
 ///   Same(found, expected)    a failure when the texts of both differ
 ///   Folder                   a new folder, with "\" at its end
-///   Read(file)               text of a file in code page 1250; "" when it is not there
+///   Read(file)               text of a file in code page 1250, or UTF-16 with a mark; "" when it is not there
 ///   Write(file, text)        the other way
 ///   Messages, Opened         message boxes ("title: text") and files handed to the shell since the last time
 ///   Answer(number)           how message boxes are answered from now on
@@ -23,7 +23,9 @@ namespace zorkanca::testing {
 ///   Hold(member, value)      the members of that name hold the value, in all its objects
 ///   Fail(member, number)     calls of the members of that name end with the error
 ///   Journal                  what was done with its objects since the last time, joined by " | "
-///   Events(object, handler)  calls ExportState and PercentDone of the handler
+///   Allow(description)       errors of this description, raised in procedures that others call, are no failures
+///   Expect(journal, name)    a failure when the journal is not what name.txt beside the script has, a line for each
+///   call Events(object, handler)  calls ExportState and PercentDone of the handler
 /// @param name  of a script in tests/com/scripts
 /// @return      failures, each with its line where it is one of the script; empty when the script ran to its end
 std::vector<std::string> RunScript(const std::string& name);

@@ -44,7 +44,9 @@ ServedProgram::ServedProgram(const std::wstring& name) : name_(name), root_(worl
   RegisterActiveObject(root_.dispatch(), kStandIn, ACTIVEOBJECT_STRONG, &running_);
 }
 
-ServedProgram::~ServedProgram() {
+void ServedProgram::Stop() {
+  if (!root_) return;
+  root_ = LateObject();
   RevokeActiveObject(running_, nullptr);
   CoRevokeClassObject(started_);
   RegDeleteTreeW(HKEY_CLASSES_ROOT, name_.c_str());

@@ -12,9 +12,12 @@ class ServedProgram {
  public:
   /// @param name  "Word.Application" or "Excel.Application"
   explicit ServedProgram(const std::wstring& name);
-  ~ServedProgram();
+  ~ServedProgram() { Stop(); }
   ServedProgram(const ServedProgram&) = delete;
   ServedProgram& operator=(const ServedProgram&) = delete;
+
+  /// It is not found any more. Clients that hold objects of it need it to live on.
+  void Stop();
 
   FakeWorld world{};
 

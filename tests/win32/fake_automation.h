@@ -106,6 +106,10 @@ class FakeObject final : public IDispatchEx {
                            EXCEPINFO* report, UINT*) override {
     if (language != win32::kAutomationLanguage) return DISP_E_UNKNOWNLCID;
     if (Rejects()) return world_.rejection;
+    if (id == DISPID_VALUE && parameters->cArgs == 0) {  // asked when an object is to be turned into a text or a number
+      *result = win32::TextToVariant(FromUtf8(path)).Detach();
+      return S_OK;
+    }
     const std::string name = world_.NameOf(id);
     if (const auto failure = world_.failures.find(name); failure != world_.failures.end()) return failure->second;
     if (const auto told = world_.reports.find(name); told != world_.reports.end()) return Tell(told->second, *report);

@@ -22,7 +22,7 @@ manager.SaveDocumentEditorStoreFolder "C:\Žlutý\", " sklad "
 T.Same manager.GetDocumentEditorStoreFolder("SKLAD"), "C:\Žlutý\"
 T.Same manager.GetDocumentEditorStoreFolder("jiný"), ""
 manager.SaveDocumentEditorStoreFolder "", "SKLAD"
-T.Check InStr(manager.GetDefaultEditorStoreFolder(1, "sklad"), "\Zorix\SKLAD\Documents") > 0, "default folder"
+T.Check InStr(manager.GetDefaultEditorStoreFolder(1, "sklad"), "\Zorix\sklad\Documents") > 0, manager.GetDefaultEditorStoreFolder(1, "sklad")
 T.Same manager.GetDefaultEditorAppPath(0), ""
 manager.OpenEditorStoreFolder 0, "SKLAD"
 T.Check InStr(T.Opened, "Worksheets") > 0, "the folder is opened"
