@@ -79,7 +79,8 @@ void OdbcConnection::Connect(const std::optional<Text>& password, bool streams) 
   if (driver_->names.empty()) driver_ = &OdbcDriverNamed(Information(SQL_DRIVER_NAME));
   if (driver_->names.empty()) driver_ = &OdbcDriverNamed(Information(SQL_DBMS_NAME));
   dialect_ = driver_->dialect;
-  if (Information(SQL_IDENTIFIER_QUOTE_CHAR) == u"\"") dialect_.quotesAreTexts = false;
+  // A setting of the server. Drivers of others are not asked: some answer nothing and say that they have answered.
+  if (dialect_.quotesAreTexts && Information(SQL_IDENTIFIER_QUOTE_CHAR) == u"\"") dialect_.quotesAreTexts = false;
   for (const TextView sql : driver_->setup) Execute(sql);
 }
 

@@ -36,6 +36,8 @@ class CommandLineCase(unittest.TestCase):
 
     def environment(self, **changes):
         clean = {"PATH": os.environ["PATH"], "HOME": str(self.folder), "TMPDIR": str(self.folder / "tmp")}
+        if "LSAN_OPTIONS" in os.environ:  # what leaks are not ours
+            clean["LSAN_OPTIONS"] = os.environ["LSAN_OPTIONS"]
         (self.folder / "tmp").mkdir(mode=0o700, exist_ok=True)
         return clean | changes
 
