@@ -5,16 +5,18 @@ wine=$1
 cd "$(dirname "$2")"
 scripts=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts
 
+# By its bare name: the host of scripts takes "/" for the beginning of an option.
+run_script() { (cd "$scripts" && "$wine" cscript //nologo smoke.vbs); }
 unregister() { "$wine" regsvr32 /s /u zorKancA.dll; }
 "$wine" regsvr32 /s zorKancA.dll
 trap unregister EXIT
 status=0
-"$wine" cscript //nologo "$scripts/smoke.vbs" || status=$?
+run_script || status=$?
 [[ $status -eq 7 ]] || { echo "the script ended with $status"; exit 1; }
 trap - EXIT
 unregister
 # Without registration nothing is created, and the script comes to its end.
 status=0
-"$wine" cscript //nologo "$scripts/smoke.vbs" || status=$?
+run_script || status=$?
 [[ $status -ne 7 ]] || { echo "still registered"; exit 1; }
 echo "registered, used, unregistered"
