@@ -12,6 +12,12 @@
 namespace zorkanca::testing {
 namespace {
 
+std::string ShownValue(const Value& value) {
+  if (IsNull(value)) return "-";
+  if (std::holds_alternative<Binary>(value)) return std::to_string(std::get<Binary>(value).size()) + " bytes";
+  return ToUtf8(ToText(value, *FindLocale(u"cs-CZ")));
+}
+
 class LiveTest : public ::testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -30,12 +36,7 @@ class LiveTest : public ::testing::TestWithParam<const char*> {
     std::string shown;
     for (; !recordset->Eof(); recordset->MoveNext()) {
       for (std::int32_t index = 0; index < recordset->FieldCount(); ++index) {
-        const Value& value = recordset->FieldAt(index).Value();
-        const auto* const binary = std::get_if<Binary>(&value);
-        shown += index > 0 ? "|" : "";
-        shown += IsNull(value) ? "-"
-                 : binary      ? std::to_string(binary->size()) + " bytes"
-                               : ToUtf8(ToText(value, *FindLocale(u"cs-CZ")));
+        shown += (index > 0 ? "|" : "") + ShownValue(recordset->FieldAt(index).Value());
       }
       shown += "\n";
     }
@@ -129,11 +130,7 @@ TEST_P(LiveTest, ValuesOfEachType) {
     // psqlODBC calls all exact numbers NUMERIC.
     const bool isNumeric = field.Type() == T::kNumeric && rows[index].field == T::kDecimal;
     EXPECT_TRUE(field.Type() == rows[index].field || isNumeric) << what << " " << static_cast<int>(field.Type());
-    const Value& value = field.Value();
-    const auto* const binary = std::get_if<Binary>(&value);
-    std::string text = IsNull(value) ? "-"
-                       : binary      ? std::to_string(binary->size()) + " bytes"
-                                     : ToUtf8(ToText(value, *FindLocale(u"cs-CZ")));
+    std::string text = ShownValue(field.Value());
     if (rows[index].type == "char(5)" && text.ends_with("   ")) text.resize(text.size() - 3);  // as the server pads it
     if (rows[index].literal.starts_with("repeat('č'")) {
       EXPECT_EQ(text.size(), 10000u);
